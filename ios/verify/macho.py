@@ -1,0 +1,219 @@
+"""Reads a 64-bit Mach-O library: load commands, sections, exports, imports, initialisers, selector references."""
+
+import struct
+from dataclasses import dataclass
+
+MAGIC_64 = 0xFEEDFACF
+CPU_ARM64 = 0x0100000C
+FILETYPE_DYLIB = 6
+PLATFORM_IOS = 2
+
+LC_SYMTAB = 0x2
+LC_LOAD_DYLIB = 0xC
+LC_ID_DYLIB = 0xD
+LC_SEGMENT_64 = 0x19
+LC_UUID = 0x1B
+LC_CODE_SIGNATURE = 0x1D
+LC_BUILD_VERSION = 0x32
+LC_DYLD_EXPORTS_TRIE = 0x80000033
+LC_DYLD_CHAINED_FIXUPS = 0x80000034
+
+SECTION_MOD_INIT_POINTERS = 0x9
+SECTION_MOD_TERM_POINTERS = 0xA
+SECTION_INIT_OFFSETS = 0x16
+
+CHAINED_IMPORT = 1
+TARGET_MASK = 0xFFFFFFFFF  # of a rebased pointer in a chain of fixups; the same by address and by offset at base zero
+
+
+class Malformed(Exception):
+    """The file is not the kind of Mach-O that this reader takes; the text says where."""
+
+
+@dataclass
+class Section:
+    name: str
+    address: int
+    size: int
+    offset: int
+    type: int
+
+
+@dataclass
+class Segment:
+    name: str
+    address: int
+    offset: int
+    size: int
+
+
+@dataclass(frozen=True, order=True)
+class Import:
+    library: str
+    symbol: str
+    weak: bool = False
+
+
+def _version(packed):
+    return f"{packed >> 16}.{packed >> 8 & 0xFF}" + (f".{packed & 0xFF}" if packed & 0xFF else "")
+
+
+class Library:
+    """One library, read whole at construction. Raises Malformed."""
+
+    def __init__(self, data):
+        self.data = data
+        self.segments, self.sections, self.dependencies, self.commands = [], [], [], []
+        self.install_name = self.platform = self.minimum = self.uuid = None
+        self._ranges, self._symbol_table = {}, (0, 0, 0, 0)
+        try:
+            self._read_commands()
+            self.exports = self._read_exports()
+            self.imports = self._read_imports()
+            self.defined, self.undefined = self._read_symbol_table()
+            self.initialisers = self._read_initialisers()
+            self.selectors = self._read_selectors()
+        except (struct.error, IndexError, UnicodeDecodeError, ValueError) as error:
+            raise Malformed(f"malformed Mach-O: {error}") from error
+
+    def _unpack(self, form, offset):
+        return struct.unpack_from("<" + form, self.data, offset)
+
+    def _text(self, offset, end=None):
+        stop = self.data.index(b"\0", offset, end)
+        return self.data[offset:stop].decode()
+
+    def _read_commands(self):
+        magic, self.cpu, subtype, self.filetype, count, _, self.flags, _ = self._unpack("8I", 0)
+        self.cpu_subtype = subtype & 0xFFFFFF
+        if magic != MAGIC_64:
+            raise Malformed(f"not a 64-bit Mach-O: magic {magic:#x}")
+        at = 32
+        for _ in range(count):
+            command, size = self._unpack("2I", at)
+            self.commands.append(command)
+            if command == LC_SEGMENT_64:
+                self._read_segment(at)
+            elif command in (LC_ID_DYLIB, LC_LOAD_DYLIB):
+                name = self._text(at + self._unpack("I", at + 8)[0], at + size)
+                if command == LC_ID_DYLIB:
+                    self.install_name = name
+                else:
+                    self.dependencies.append(name)
+            elif command == LC_BUILD_VERSION:
+                self.platform, minimum = self._unpack("2I", at + 8)
+                self.minimum = _version(minimum)
+            elif command == LC_UUID:
+                self.uuid = self.data[at + 8 : at + 24].hex()
+            elif command in (LC_DYLD_EXPORTS_TRIE, LC_DYLD_CHAINED_FIXUPS, LC_CODE_SIGNATURE):
+                self._ranges[command] = self._unpack("2I", at + 8)
+            elif command == LC_SYMTAB:
+                self._symbol_table = self._unpack("4I", at + 8)
+            at += size
+
+    def _read_segment(self, at):
+        name, address, _, offset, size, _, _, count, _ = self._unpack("16s4Q4I", at + 8)
+        self.segments.append(Segment(name.rstrip(b"\0").decode(), address, offset, size))
+        for i in range(count):
+            section, _, address, size, offset, _, _, _, flags = self._unpack("16s16s2Q5I", at + 72 + 80 * i)
+            self.sections.append(Section(section.rstrip(b"\0").decode(), address, size, offset, flags & 0xFF))
+
+    def range_of(self, command):
+        """Offset and size in the file of what the command points at; (0, 0) without it."""
+        return self._ranges.get(command, (0, 0))
+
+    def section(self, name):
+        """The section of that name; None when the library has none."""
+        return next((section for section in self.sections if section.name == name), None)
+
+    def content(self, section):
+        return self.data[section.offset : section.offset + section.size]
+
+    def _number(self, at):
+        """An unsigned LEB128 number and the place after it."""
+        value = shift = 0
+        while True:
+            byte = self.data[at]
+            value |= (byte & 0x7F) << shift
+            shift, at = shift + 7, at + 1
+            if byte < 0x80:
+                return value, at
+
+    def _read_exports(self):
+        """Name to address, from the exports trie."""
+        start, size = self.range_of(LC_DYLD_EXPORTS_TRIE)
+        exports, pending = {}, [(start, "")] if size else []
+        visited = set()
+        while pending:
+            at, prefix = pending.pop()
+            if at in visited or not start <= at < start + size:
+                raise Malformed(f"exports trie: node at {at - start:#x} is visited twice or lies outside")
+            visited.add(at)
+            terminal, at = self._number(at)
+            if terminal:
+                flags, after = self._number(at)
+                exports[prefix] = 0 if flags else self._number(after)[0]
+            at += terminal
+            children, at = self.data[at], at + 1
+            for _ in range(children):
+                edge = self._text(at)
+                at += len(edge.encode()) + 1
+                node, at = self._number(at)
+                pending.append((start + node, prefix + edge))
+        return exports
+
+    def _library_of(self, ordinal):
+        return self.dependencies[ordinal - 1] if 1 <= ordinal <= len(self.dependencies) else f"ordinal {ordinal}"
+
+    def _read_imports(self):
+        """The imports that the loader binds, from the chained fixups."""
+        start, size = self.range_of(LC_DYLD_CHAINED_FIXUPS)
+        if not size:
+            return []
+        _, _, imports, symbols, count, form, packed = self._unpack("7I", start)
+        if form != CHAINED_IMPORT or packed:
+            raise Malformed(f"chained fixups: imports of format {form}, compression {packed}")
+        found = []
+        for i in range(count):
+            (entry,) = self._unpack("I", start + imports + 4 * i)
+            name = self._text(start + symbols + (entry >> 9))
+            found.append(Import(self._library_of(entry & 0xFF), name, bool(entry >> 8 & 1)))
+        return found
+
+    def _read_symbol_table(self):
+        """What the symbol table says: names of the external definitions, and imports."""
+        symbols, count, strings, _ = self._symbol_table
+        defined, undefined = set(), set()
+        for i in range(count):
+            index, kind, _, description, _ = self._unpack("IBBHQ", symbols + 16 * i)
+            name = self._text(strings + index)
+            if kind & 0xE0 or not kind & 0x01:  # debugging entries and local symbols
+                continue
+            if kind & 0x0E:
+                defined.add(name)
+            else:
+                undefined.add(Import(self._library_of(description >> 8), name, bool(description & 0x40)))
+        return defined, undefined
+
+    def _read_initialisers(self):
+        """Addresses of the functions that the loader runs, however they are listed."""
+        found = []
+        for section in self.sections:
+            if section.type == SECTION_INIT_OFFSETS:
+                found += struct.unpack(f"<{section.size // 4}I", self.content(section))
+            elif section.type in (SECTION_MOD_INIT_POINTERS, SECTION_MOD_TERM_POINTERS):
+                pointers = struct.unpack(f"<{section.size // 8}Q", self.content(section))
+                found += [pointer & TARGET_MASK for pointer in pointers]
+        return found
+
+    def _read_selectors(self):
+        """The names that the selector references point at; None for a reference that leads to no method name."""
+        references, names = self.section("__objc_selrefs"), self.section("__objc_methname")
+        if not references:
+            return []
+        found = []
+        for (pointer,) in struct.iter_unpack("<Q", self.content(references)):
+            place = (pointer & TARGET_MASK) - names.address if names else -1
+            bound = pointer >> 63
+            found.append(self._text(names.offset + place) if not bound and 0 <= place < names.size else None)
+        return found

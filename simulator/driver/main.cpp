@@ -1,0 +1,101 @@
+// corvel-sim: the phone on the desk.
+
+#include "driver/api_listing.hpp"
+#include "driver/options.hpp"
+#include "driver/runner.hpp"
+#include "driver/script/loader.hpp"
+#include "render/album.hpp"
+#include "runtime/autorelease.hpp"
+#include "runtime/bundle.hpp"
+#include "runtime/runtime.hpp"
+#include "runtime/user_defaults.hpp"
+#include "uikit/pasteboard.hpp"
+#include "uikit/uikit.hpp"
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <unistd.h>
+
+namespace {
+
+using namespace sim;
+using namespace sim::driver;
+
+std::string MakeStateDirectory() {
+    std::string path = (std::filesystem::temp_directory_path() / "corvel-sim-XXXXXX").string();
+    if (mkdtemp(path.data()) == nullptr) {
+        throw UsageError("cannot make " + path);
+    }
+    return path;
+}
+
+std::unique_ptr<hosts::Host> MakeHost(Options &options) {
+    for (const hosts::HostEntry &entry : hosts::Hosts()) {
+        if (options.host == entry.name) {
+            const std::string bundle = options.bundle.value_or(entry.bundleIdentifier);
+            SetBundleIdentifier(bundle == "nil" ? nullptr : bundle.c_str());
+            return entry.make();
+        }
+    }
+    throw UsageError("unknown host " + options.host);
+}
+
+int PlayScript(Options options) {
+    Session session;
+    session.ownsState = options.continuation ? options.continuation->ownsState : options.state.empty();
+    if (options.state.empty()) {
+        options.state = MakeStateDirectory();
+    }
+    if (options.script == "-") {
+        script::KeepStandardInput();
+    }
+    if (options.continuation) {
+        session.nextLine = options.continuation->line;
+        session.expectations = options.continuation->expectations;
+        session.failures = options.continuation->failures;
+    }
+    SetStateDirectory(options.state);
+    InstallRuntime();
+    const AutoreleasePool pool;
+    RegisterUIKit();
+    SetAlbumDirectory(options.state + "/album");
+    SetPasteboardFile(options.state + "/pasteboard");
+    session.host = MakeHost(options);
+    session.options = options;
+    Outcome outcome = Outcome::kError;
+    try {
+        outcome = Run(session, script::LoadScript(options.script));
+    } catch (const script::ScriptError &error) {
+        std::fprintf(stderr, "%s\n", error.what());
+    }
+    if (session.ownsState) {
+        std::error_code ignored;
+        std::filesystem::remove_all(options.state, ignored);
+    }
+    std::fflush(nullptr);
+    // The phone is switched off: nothing of the app or the library runs any more.
+    _exit(static_cast<int>(outcome));
+}
+
+int ListApi() {
+    const std::string state = MakeStateDirectory();
+    SetStateDirectory(state);
+    InstallRuntime();
+    RegisterUIKit();
+    PrintApi();
+    std::filesystem::remove_all(state);
+    return 0;
+}
+
+} // namespace
+
+int main(int count, char **words) {
+    try {
+        Options options = ReadOptions(count, words);
+        return options.listsApi ? ListApi() : PlayScript(std::move(options));
+    } catch (const UsageError &error) {
+        std::fprintf(stderr, "corvel-sim: %s\n%s", error.what(), Usage().c_str());
+        return 2;
+    }
+}

@@ -1,0 +1,120 @@
+#include "driver/runner.hpp"
+
+#include "driver/commands/commands.hpp"
+#include "driver/notifications.hpp"
+#include "driver/script/values.hpp"
+#include "hosts/host_class.hpp"
+#include "hosts/invocation.hpp"
+#include "hosts/record.hpp"
+#include "objc/guard.hpp"
+#include "runtime/autorelease.hpp"
+#include "runtime/clock.hpp"
+#include "uikit/application.hpp"
+
+#include <cstdio>
+
+namespace sim::driver {
+namespace {
+
+using script::Bare;
+using script::Line;
+using script::ScriptError;
+using script::WordReader;
+
+/// Runs work that the host or the system would do; an exception that comes out of it has reached the host.
+template <class Work> void AsHost(const Work &work) {
+    std::string reason;
+    const bool returned = objc::Guard(
+        [&] {
+            const AutoreleasePool pool;
+            work();
+        },
+        [&reason](objc::Object raised) { reason = script::TextOf(objc::As<ns::String>(raised)); });
+    if (!returned) {
+        throw hosts::ReachedHost(reason);
+    }
+}
+
+/// What the end of a run-loop turn does.
+void EndTurn() {
+    AsHost([] {
+        clock::Drain();
+        LayoutWindows();
+    });
+}
+
+void SayComment(const hosts::Comment &comment, int number) {
+    script::Fact fact = hosts::DescribeComment(comment);
+    fact.insert(fact.begin(), Bare("comment " + std::to_string(number) + ":"));
+    Say(fact);
+}
+
+void Launch(Session &session, const script::Place &place) {
+    hosts::RegisterLiveRoom();
+    session.host->RegisterClasses();
+    CountNotifications();
+    hosts::TheRecord().Listen(&SayComment);
+    session.launched = true;
+    if (session.options.library != "none") {
+        std::string error;
+        AsHost([&] { error = session.library.Inject(session.options.library); });
+        if (!error.empty()) {
+            throw ScriptError(place, error);
+        }
+    }
+    AsHost([&session] {
+        if (session.firstSceneState != kNoScene) {
+            session.host->Launch(MakeWindowScene(session.firstSceneState));
+        }
+    });
+    EndTurn();
+    Say({Bare("launch"), Bare(session.options.host)});
+}
+
+void Play(Session &session, const Line &line) {
+    WordReader words(line.place, line.words);
+    if (words.Take("setup")) {
+        if (session.launched) {
+            words.Fail("setup comes before everything else");
+        }
+    } else if (!session.launched) {
+        Launch(session, line.place);
+    }
+    AsHost([&] { Execute(session, words); });
+    if (session.launched) {
+        EndTurn();
+    }
+}
+
+} // namespace
+
+void Say(const script::Fact &fact) {
+    std::printf("%s\n", script::Render(fact).c_str());
+}
+
+Outcome Run(Session &session, const std::vector<Line> &lines) {
+    script::Place place{session.options.script, 0};
+    try {
+        while (session.nextLine < lines.size()) {
+            const Line &line = lines[session.nextLine++];
+            place = line.place;
+            Play(session, line);
+        }
+        if (!session.launched) {
+            Launch(session, place);
+        }
+    } catch (const ScriptError &error) {
+        std::fflush(stdout);
+        std::fprintf(stderr, "%s\n", error.what());
+        return Outcome::kError;
+    } catch (const hosts::ReachedHost &error) {
+        std::printf("%s:%d: exception reached the host: %s\n", place.file.c_str(), place.line, error.what());
+        return Outcome::kExceptionReachedHost;
+    }
+    if (session.expectations > 0) {
+        std::printf("%d of %d expectations held\n", session.expectations - session.failures, session.expectations);
+    }
+    return session.failures == 0 ? Outcome::kHeld : Outcome::kFailed;
+}
+
+} // namespace sim::driver

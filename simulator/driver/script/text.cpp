@@ -1,0 +1,161 @@
+#include "driver/script/text.hpp"
+
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdio>
+
+namespace sim::script {
+namespace {
+
+bool IsHighSurrogate(char32_t unit) {
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+
+bool IsLowSurrogate(char32_t unit) {
+    return unit >= 0xDC00 && unit < 0xE000;
+}
+
+void AppendUtf8(std::string &out, char32_t point) {
+    const auto tail = [&out](char32_t bits) { out.push_back(static_cast<char>(0x80 | (bits & 0x3F))); };
+    if (point < 0x80) {
+        out.push_back(static_cast<char>(point));
+    } else if (point < 0x800) {
+        out.push_back(static_cast<char>(0xC0 | (point >> 6)));
+        tail(point);
+    } else if (point < 0x10000) {
+        out.push_back(static_cast<char>(0xE0 | (point >> 12)));
+        tail(point >> 6);
+        tail(point);
+    } else {
+        out.push_back(static_cast<char>(0xF0 | (point >> 18)));
+        tail(point >> 12);
+        tail(point >> 6);
+        tail(point);
+    }
+}
+
+/// How many bytes a character has that begins with this one; 0 when none begins so.
+int SequenceLength(unsigned char first) {
+    if (first < 0x80) {
+        return 1;
+    }
+    const int ones = std::countl_one(first);
+    return ones >= 2 && ones <= 4 ? ones : 0;
+}
+
+/// Takes one code point off the front of the text; nothing when the bytes are malformed.
+std::optional<char32_t> TakePoint(std::string_view &text) {
+    const auto first = static_cast<unsigned char>(text.front());
+    const int length = SequenceLength(first);
+    if (length == 0 || text.size() < static_cast<std::size_t>(length)) {
+        return std::nullopt;
+    }
+    char32_t point = length == 1 ? first : first & (0xFF >> (length + 1));
+    for (int i = 1; i < length; ++i) {
+        const auto byte = static_cast<unsigned char>(text[static_cast<std::size_t>(i)]);
+        if ((byte >> 6) != 2) {
+            return std::nullopt;
+        }
+        point = (point << 6) | (byte & 0x3F);
+    }
+    constexpr std::array<char32_t, 5> kSmallest{0, 0, 0x80, 0x800, 0x10000};
+    if (point < kSmallest[static_cast<std::size_t>(length)] || point > 0x10FFFF) {
+        return std::nullopt;
+    }
+    text.remove_prefix(static_cast<std::size_t>(length));
+    return point;
+}
+
+} // namespace
+
+std::optional<std::u16string> ToUtf16(std::string_view text) {
+    std::u16string units;
+    while (!text.empty()) {
+        const std::optional<char32_t> point = TakePoint(text);
+        if (!point) {
+            return std::nullopt;
+        }
+        if (*point < 0x10000) {
+            units.push_back(static_cast<char16_t>(*point));
+        } else {
+            units.push_back(static_cast<char16_t>(0xD800 + ((*point - 0x10000) >> 10)));
+            units.push_back(static_cast<char16_t>(0xDC00 + ((*point - 0x10000) & 0x3FF)));
+        }
+    }
+    return units;
+}
+
+std::string ToUtf8(std::u16string_view units) {
+    std::string out;
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        if (IsHighSurrogate(units[i]) && i + 1 < units.size() && IsLowSurrogate(units[i + 1])) {
+            AppendUtf8(out, 0x10000 + ((units[i] - 0xD800U) << 10) + (units[i + 1] - 0xDC00U));
+            ++i;
+        } else {
+            AppendUtf8(out, units[i]);
+        }
+    }
+    return out;
+}
+
+std::string Quoted(std::string_view text) {
+    std::string out = "\"";
+    const auto escape = [&out](char32_t point) {
+        std::array<char, 8> buffer{};
+        std::snprintf(buffer.data(), buffer.size(), "\\u%04X", static_cast<unsigned>(point));
+        out += buffer.data();
+    };
+    while (!text.empty()) {
+        const std::optional<char32_t> point = TakePoint(text);
+        if (!point) { // a byte that is no UTF-8 shows as the replacement character
+            out += "\xEF\xBF\xBD";
+            text.remove_prefix(1);
+            continue;
+        }
+        switch (*point) {
+        case U'"':
+            out += "\\\"";
+            break;
+        case U'\\':
+            out += "\\\\";
+            break;
+        case U'\n':
+            out += "\\n";
+            break;
+        case U'\t':
+            out += "\\t";
+            break;
+        case U'\0':
+            out += "\\0";
+            break;
+        default:
+            if (*point < 0x20 || *point == 0x7F || IsHighSurrogate(*point) || IsLowSurrogate(*point)) {
+                escape(*point);
+            } else {
+                AppendUtf8(out, *point);
+            }
+        }
+    }
+    out += '"';
+    return out;
+}
+
+std::string FormatNumber(double value) {
+    if (!std::isfinite(value)) {
+        if (std::isnan(value)) {
+            return "nan";
+        }
+        return value > 0 ? "inf" : "-inf";
+    }
+    std::array<char, 400> buffer{};
+    std::snprintf(buffer.data(), buffer.size(), "%.4f", value);
+    std::string text = buffer.data();
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.back() == '.') {
+        text.pop_back();
+    }
+    return text == "-0" ? "0" : text;
+}
+
+} // namespace sim::script

@@ -1,0 +1,38 @@
+#pragma once
+// Calls of host methods from a script, with arguments read by the method's own type encoding.
+
+#include "apple/uikit/view.hpp"
+#include "driver/script/expectation.hpp"
+
+namespace sim::hosts {
+
+/// An exception that came out of the host's own code although the host was not told to throw there.
+class ReachedHost : public std::exception {
+  public:
+    explicit ReachedHost(std::string reason) : reason_(std::move(reason)) {}
+    const char *what() const noexcept override {
+        return reason_.c_str();
+    }
+
+  private:
+    std::string reason_;
+};
+
+/// Sends the selector to the object as the host's own code does and describes the result (empty for none). Objects
+/// among the arguments are values, host objects by name, or `block` (one that takes and does nothing). When the method
+/// itself was told to throw, the answer is `threw "reason"`; any other exception becomes ReachedHost.
+/// Throws ScriptError for arguments that do not fit.
+script::Fact Invoke(ns::Object receiver, const std::string &selector, script::WordReader &arguments);
+
+/// The same from the host's own events.
+script::Fact Invoke(ns::Object receiver, const std::string &selector, std::vector<script::Word> arguments = {});
+
+/// The same when the object answers the selector; nothing happens when it does not.
+script::Fact InvokeIfAnswered(ns::Object receiver, const std::string &selector,
+                              std::vector<script::Word> arguments = {});
+
+/// Puts a view of the host into another one, or out of where it is (nil), as the host's own code does. The answer is as
+/// above for what the view's own methods of having moved were told to throw.
+script::Fact MoveView(ui::View view, ui::View parent);
+
+} // namespace sim::hosts

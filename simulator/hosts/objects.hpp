@@ -1,0 +1,52 @@
+#pragma once
+// The host's own objects under the names that scripts give them: "store 1", "fragment 2".
+
+#include "apple/foundation/object.hpp"
+#include "driver/script/expectation.hpp"
+#include "objc/ref.hpp"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace sim::hosts {
+
+class Objects {
+  public:
+    /// Keeps a new object (retains it) under the next number of its kind.
+    void Keep(const std::string &kind, ns::Object object);
+    /// The host lets go of an object, which lives on only while somebody else holds it.
+    void LetGo(ns::Object object);
+    /// Releases an object until it is deallocated, whoever holds it.
+    void ReleaseToDeath(ns::Object object);
+
+    /// Reads "KIND N"; an unknown object and one that is gone are errors.
+    objc::Ref<ns::Object> Read(script::WordReader &words) const;
+    /// Reads "KIND N" and tells whether that object still exists.
+    bool ReadWhetherAlive(script::WordReader &words) const;
+    /// Whether the next word is the kind of an object that has been made.
+    bool Sees(const script::WordReader &words) const;
+    /// Its words, as in `store 1`; `<Class>` for an object without a name, `nil` for none.
+    script::Fact NameOf(ns::Object object) const;
+    /// Whether the object has a name.
+    bool Knows(ns::Object object) const;
+    /// The last object of a kind; nil when there is none or it is gone.
+    objc::Ref<ns::Object> Last(const std::string &kind) const;
+
+  private:
+    /// An object that the host may hold, and that others may hold when it no longer does.
+    struct Entry {
+        objc::WeakRef<ns::Object> object;
+        bool held = true;
+    };
+    Entry &ReadEntry(script::WordReader &words) const;
+    Entry *Find(ns::Object object) const;
+
+    std::map<std::string, std::vector<std::unique_ptr<Entry>>> entries_;
+};
+
+/// The objects of this process's one host.
+Objects &TheObjects();
+
+} // namespace sim::hosts

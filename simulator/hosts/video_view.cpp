@@ -1,0 +1,75 @@
+#include "hosts/video_view.hpp"
+
+#include "runtime/native_class.hpp"
+#include "uikit/view_state.hpp"
+
+#include <cairo.h>
+
+namespace sim::hosts {
+namespace {
+
+constexpr double kPi = 3.14159265358979;
+constexpr const char *kPosterClass = "SimLivePosterView";
+
+struct Stop {
+    double at, r, g, b, a;
+};
+
+void Fill(cairo_t *context, cairo_pattern_t *pattern, std::initializer_list<Stop> stops) {
+    for (const Stop &stop : stops) {
+        cairo_pattern_add_color_stop_rgba(pattern, stop.at, stop.r, stop.g, stop.b, stop.a);
+    }
+    cairo_set_source(context, pattern);
+    cairo_paint(context);
+    cairo_pattern_destroy(pattern);
+}
+
+/// A stage at night: a warm light above, the singer's shape against it, a dark floor on which the chat reads well.
+void DrawVideo(ui::View view, cairo_t *context) {
+    const cg::Size size = view.bounds().size;
+    const double w = size.width;
+    const double h = size.height;
+    Fill(context, cairo_pattern_create_linear(0, 0, 0, h),
+         {{0, 0.16, 0.10, 0.26, 1}, {0.45, 0.30, 0.16, 0.34, 1}, {1, 0.05, 0.05, 0.10, 1}});
+    Fill(context, cairo_pattern_create_radial(w * 0.5, h * 0.30, 10, w * 0.5, h * 0.30, w * 0.8),
+         {{0, 0.98, 0.72, 0.48, 0.75}, {0.5, 0.85, 0.40, 0.45, 0.30}, {1, 0, 0, 0, 0}});
+    cairo_set_source_rgb(context, 0.11, 0.08, 0.15);
+    cairo_arc(context, w * 0.5, h * 0.40, w * 0.13, 0, 2 * kPi); // head
+    cairo_fill(context);
+    cairo_rectangle(context, w * 0.45, h * 0.44, w * 0.10, h * 0.06); // neck
+    cairo_fill(context);
+    cairo_move_to(context, w * 0.08, h); // shoulders
+    cairo_curve_to(context, w * 0.10, h * 0.50, w * 0.34, h * 0.50, w * 0.5, h * 0.485);
+    cairo_curve_to(context, w * 0.66, h * 0.50, w * 0.90, h * 0.50, w * 0.92, h);
+    cairo_fill(context);
+    Fill(context, cairo_pattern_create_linear(0, h * 0.55, 0, h), {{0, 0, 0, 0, 0}, {1, 0, 0, 0, 0.65}});
+}
+
+void DrawPoster(ui::View view, cairo_t *context) {
+    const cg::Rect frame = view.frame();
+    // Where a poster lies decides its colour, so that the lobby looks like different rooms.
+    const double warm = frame.origin.x > frame.size.width / 2 ? 0.25 : 0.55;
+    const double cool = frame.origin.y > frame.size.height ? 0.55 : 0.30;
+    Fill(context, cairo_pattern_create_linear(0, 0, 0, frame.size.height),
+         {{0, warm, 0.30, cool, 1}, {1, 0.08, 0.08, 0.14, 1}});
+}
+
+} // namespace
+
+void RegisterVideoViews() {
+    RegisterClass(kVideoClass, "UIView", {});
+    RegisterDrawing(kVideoClass, &DrawVideo);
+    RegisterClass(kPosterClass, "UIView", {});
+    RegisterDrawing(kPosterClass, &DrawPoster);
+}
+
+ui::View AddPoster(ui::View parent, cg::Rect frame) {
+    const auto fresh = objc::Send<"alloc", ui::View>(ui::View{objc::AsObject(objc_getClass(kPosterClass))});
+    const auto poster = objc::Ref<ui::View>::Adopt(fresh.initWithFrame(frame));
+    poster->layer().setCornerRadius(10);
+    poster->setClipsToBounds(true);
+    parent.addSubview(poster);
+    return poster;
+}
+
+} // namespace sim::hosts

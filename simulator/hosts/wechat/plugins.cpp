@@ -1,0 +1,153 @@
+#include "hosts/wechat/plugins.hpp"
+
+#include "apple/foundation/user_defaults.hpp"
+#include "apple/uikit/button.hpp"
+#include "hosts/host_class.hpp"
+#include "uikit/application.hpp"
+#include "uikit/view_state.hpp"
+
+#include <cairo.h>
+#include <vector>
+
+namespace sim::hosts::wechat {
+namespace {
+
+constexpr const char *kSwitchClass = "WCPluginSwitch";
+constexpr double kSheetHeight = 250;
+constexpr double kSheetRadius = 14;
+constexpr double kRowHeight = 54;
+constexpr double kMargin = 16;
+constexpr double kPi = 3.14159265358979;
+
+/// A switch that a plug-in registered.
+struct Row {
+    objc::Ref<ns::String> title;
+    objc::Ref<ns::String> key;
+};
+
+/// Never destroyed: the strings are not taken apart at exit either.
+std::vector<Row> &Rows() {
+    static auto &rows = *new std::vector<Row>;
+    return rows;
+}
+
+// The manager.
+
+ns::Object SharedInstance(ns::Object, objc::SEL) {
+    static const ns::Object shared = [] {
+        TheObjects().Keep("plugins", MakeObject("WCPluginsMgr"));
+        return TheObjects().Last("plugins").get();
+    }();
+    return shared;
+}
+
+void RegisterSwitch(ns::Object, objc::SEL, ns::String title, ns::String key) {
+    Rows().push_back({objc::Ref<ns::String>(title), objc::Ref<ns::String>(key)});
+}
+
+// The switch on the page.
+
+struct Switch : ui::Control {
+    using ui::Control::Control;
+    static constexpr const char *kClassName = kSwitchClass;
+};
+
+struct SwitchState {
+    objc::Ref<ns::String> key;
+};
+
+bool IsOn(ui::View self) {
+    return ns::UserDefaults::standardUserDefaults().boolForKey(StateOf<SwitchState>(self).key);
+}
+
+bool On(ui::View self, objc::SEL) {
+    return IsOn(self);
+}
+
+void Toggle(ui::View self, objc::SEL) {
+    const auto defaults = ns::UserDefaults::standardUserDefaults();
+    defaults.setBool(!IsOn(self), StateOf<SwitchState>(self).key);
+    defaults.synchronize();
+}
+
+void DrawSwitch(ui::View self, cairo_t *context) {
+    const cg::Size size = self.bounds().size;
+    const double radius = size.height / 2;
+    const bool on = IsOn(self);
+    if (on) {
+        cairo_set_source_rgb(context, 0.03, 0.76, 0.38);
+    } else {
+        cairo_set_source_rgb(context, 0.88, 0.88, 0.90);
+    }
+    cairo_arc(context, radius, radius, radius, kPi / 2, 3 * kPi / 2);
+    cairo_arc(context, size.width - radius, radius, radius, -kPi / 2, kPi / 2);
+    cairo_fill(context);
+    cairo_set_source_rgb(context, 1, 1, 1);
+    cairo_arc(context, on ? size.width - radius : radius, radius, radius - 2, 0, 2 * kPi);
+    cairo_fill(context);
+}
+
+// The page.
+
+template <class T> T AddNew(ui::View parent, cg::Rect frame) {
+    const auto view = objc::Ref<T>::Adopt(objc::As<T>(ns::Alloc<T>().initWithFrame(frame)));
+    parent.addSubview(view);
+    return view;
+}
+
+ui::Color Gray(double white) {
+    return objc::SendClass<ui::Color, "colorWithRed:green:blue:alpha:", ui::Color>(white, white, white, 1.0);
+}
+
+void AddText(ui::View parent, cg::Rect frame, ns::String text, ui::Font font) {
+    const auto label = AddNew<ui::Label>(parent, frame);
+    label.setText(text);
+    label.setFont(font);
+    label.setTextColor(ui::Color::blackColor());
+}
+
+void AddRow(ui::View sheet, double y, const Row &row) {
+    const double width = sheet.bounds().size.width;
+    const auto card = AddNew<ui::View>(sheet, {{kMargin, y}, {width - 2 * kMargin, kRowHeight}});
+    card.setBackgroundColor(ui::Color::whiteColor());
+    card.layer().setCornerRadius(10);
+    AddText(card, {{kMargin, 0}, {200, kRowHeight}}, row.title, ui::Font::systemFontOfSize(16));
+    const auto control = AddNew<Switch>(card, {{width - 3 * kMargin - 51, (kRowHeight - 31) / 2}, {51, 31}});
+    StateOf<SwitchState>(control).key = row.key;
+    control.addTarget(control, objc::Selector<"toggle">(), ui::kTouchUpInside);
+}
+
+} // namespace
+
+void RegisterPlugins() {
+    const HostMethod methods[] = {Method<"registerSwitchWithTitle:key:", &RegisterSwitch>()};
+    const HostMethod classMethods[] = {Method<"sharedInstance", &SharedInstance>()};
+    RegisterFamily({"NSObject", "WCBaseMgr", "WCPluginsMgr", "WCAccountMgr"}, methods, classMethods);
+
+    const objc::MethodEntry control[] = {objc::MethodNamed<"toggle", &Toggle>(), objc::MethodNamed<"isOn", &On>()};
+    RegisterClassWithState<SwitchState>(kSwitchClass, "UIControl", control);
+    RegisterDrawing(kSwitchClass, &DrawSwitch);
+}
+
+void PluginsPage::Open(ui::View parent) {
+    Close();
+    const cg::Size size = ScreenSize();
+    sheet_ = AddNew<ui::View>(parent, {{0, size.height - kSheetHeight}, {size.width, kSheetHeight + kSheetRadius}});
+    sheet_->setBackgroundColor(Gray(0.93));
+    sheet_->layer().setCornerRadius(kSheetRadius); // only the upper corners are on the screen
+    AddText(sheet_, {{kMargin, 10}, {200, 36}}, u"插件"_ns, ui::Font::boldSystemFontOfSize(17));
+    double y = 56;
+    for (const Row &row : Rows()) {
+        AddRow(sheet_, y, row);
+        y += kRowHeight + 8;
+    }
+}
+
+void PluginsPage::Close() {
+    if (sheet_) {
+        sheet_->removeFromSuperview();
+        sheet_ = nullptr;
+    }
+}
+
+} // namespace sim::hosts::wechat

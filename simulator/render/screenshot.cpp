@@ -1,0 +1,37 @@
+#include "render/screenshot.hpp"
+
+#include "render/surface.hpp"
+#include "render/view_renderer.hpp"
+#include "runtime/autorelease.hpp"
+#include "uikit/application.hpp"
+
+#include <cmath>
+
+namespace sim {
+
+void DrawScreen(cairo_t *context) {
+    const AutoreleasePool pool;
+    LayoutWindows();
+    const cg::Size size = ScreenSize();
+    cairo_rectangle(context, 0, 0, size.width, size.height);
+    cairo_set_source_rgb(context, 0, 0, 0);
+    cairo_fill(context);
+    const std::vector<ui::Window> windows = WindowsFrontToBack();
+    ViewRenderer renderer(context);
+    for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
+        renderer.DrawInSuperview(*window);
+    }
+}
+
+bool WriteScreenshot(const std::string &path, double scale) {
+    const cg::Size size = ScreenSize();
+    const Surface picture(cairo_image_surface_create(CAIRO_FORMAT_RGB24,
+                                                     static_cast<int>(std::lround(size.width * scale)),
+                                                     static_cast<int>(std::lround(size.height * scale))));
+    const Context context(cairo_create(picture.get()));
+    cairo_scale(context.get(), scale, scale);
+    DrawScreen(context.get());
+    return cairo_surface_write_to_png(picture.get(), path.c_str()) == CAIRO_STATUS_SUCCESS;
+}
+
+} // namespace sim

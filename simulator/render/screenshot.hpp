@@ -1,0 +1,17 @@
+#pragma once
+// The whole screen as a picture.
+
+#include <string>
+
+struct _cairo;
+
+namespace sim {
+
+/// Draws the screen, black with all visible windows back to front, into a context whose user space is in points and
+/// whose target is an image surface.
+void DrawScreen(_cairo *context);
+
+/// Writes what the screen shows as a PNG file of `scale` pixels a point; false when the file cannot be written.
+bool WriteScreenshot(const std::string &path, double scale = 2);
+
+} // namespace sim

@@ -1,0 +1,253 @@
+#include "render/view_renderer.hpp"
+
+#include "render/backdrop.hpp"
+#include "render/shadow.hpp"
+#include "runtime/native_class.hpp"
+#include "uikit/color.hpp"
+#include "uikit/effects.hpp"
+#include "uikit/view_state.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <numbers>
+
+namespace sim {
+namespace {
+
+constexpr Rgba kBlack{0, 0, 0, 1};
+
+const LayerState &LayerOf(const ViewState &state) {
+    static const LayerState plain;
+    return state.layer ? StateOf<LayerState>(state.layer.get()) : plain;
+}
+
+Rgba ColorOr(ui::Color color, Rgba fallback) {
+    return color ? RgbaOf(color) : fallback;
+}
+
+void SetSource(cairo_t *context, Rgba color) {
+    cairo_set_source_rgba(context, color.r, color.g, color.b, color.a);
+}
+
+/// A context must never see a matrix that it cannot invert: it would draw nothing from then on.
+bool CanBeShown(const ViewValues &values) {
+    const cg::AffineTransform &t = values.transform;
+    const double determinant = t.a * t.d - t.b * t.c;
+    const double all = determinant + t.tx + t.ty + values.center.x + values.center.y + values.bounds.origin.x +
+                       values.bounds.origin.y + values.bounds.size.width + values.bounds.size.height;
+    return std::isfinite(all) && std::abs(determinant) > 1e-9;
+}
+
+/// How many pixels a point is long, on average over both directions.
+double PixelsPerPoint(cairo_t *context) {
+    cairo_matrix_t matrix;
+    cairo_get_matrix(context, &matrix);
+    return std::sqrt(std::abs(matrix.xx * matrix.yy - matrix.xy * matrix.yx));
+}
+
+void AddRoundedRect(cairo_t *context, cg::Rect rect, double radius) {
+    const auto [x, y] = rect.origin;
+    const auto [width, height] = rect.size;
+    const double r = std::clamp(radius, 0.0, std::max(0.0, std::min(width, height) / 2));
+    if (!(r > 0)) {
+        cairo_rectangle(context, x, y, width, height);
+        return;
+    }
+    constexpr double kQuarter = std::numbers::pi / 2;
+    cairo_new_sub_path(context);
+    cairo_arc(context, x + width - r, y + r, r, -kQuarter, 0);
+    cairo_arc(context, x + width - r, y + height - r, r, 0, kQuarter);
+    cairo_arc(context, x + r, y + height - r, r, kQuarter, 2 * kQuarter);
+    cairo_arc(context, x + r, y + r, r, 2 * kQuarter, 3 * kQuarter);
+    cairo_close_path(context);
+}
+
+/// The pixels that the current path touches, within the clip. The path stays.
+PixelRect PathPixels(cairo_t *context) {
+    cairo_save(context);
+    cairo_clip_preserve(context);
+    cairo_identity_matrix(context);
+    double left = 0;
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+    cairo_clip_extents(context, &left, &top, &right, &bottom);
+    cairo_restore(context);
+    const double x = std::floor(left);
+    const double y = std::floor(top);
+    return {static_cast<int>(x), static_cast<int>(y), static_cast<int>(std::ceil(right) - x),
+            static_cast<int>(std::ceil(bottom) - y)};
+}
+
+void DrawShadow(cairo_t *context, cairo_pattern_t *picture, const LayerState &layer) {
+    cairo_surface_t *surface = nullptr;
+    if (cairo_pattern_get_surface(picture, &surface) != CAIRO_STATUS_SUCCESS) {
+        return;
+    }
+    const ShadowMask mask = MakeShadowMask(surface, layer.shadowRadius * PixelsPerPoint(context));
+    if (!mask.image) {
+        return;
+    }
+    double x = layer.shadowOffset.width;
+    double y = layer.shadowOffset.height;
+    cairo_user_to_device_distance(context, &x, &y);
+    Rgba color = ColorOr(layer.shadowColor, kBlack);
+    color.a *= std::clamp(static_cast<double>(layer.shadowOpacity), 0.0, 1.0);
+    cairo_save(context);
+    cairo_identity_matrix(context);
+    SetSource(context, color);
+    cairo_mask_surface(context, mask.image.get(), mask.x + x, mask.y + y);
+    cairo_restore(context);
+}
+
+void DrawBorder(cairo_t *context, cg::Rect bounds, const LayerState &layer) {
+    const double width = layer.borderWidth;
+    if (!(width > 0)) {
+        return;
+    }
+    AddRoundedRect(context, bounds, layer.cornerRadius);
+    const cg::Rect inner{{bounds.origin.x + width, bounds.origin.y + width},
+                         {bounds.size.width - 2 * width, bounds.size.height - 2 * width}};
+    if (inner.size.width > 0 && inner.size.height > 0) {
+        AddRoundedRect(context, inner, layer.cornerRadius - width);
+    }
+    SetSource(context, ColorOr(layer.borderColor, kBlack));
+    cairo_set_fill_rule(context, CAIRO_FILL_RULE_EVEN_ODD);
+    cairo_fill(context);
+    cairo_set_fill_rule(context, CAIRO_FILL_RULE_WINDING);
+}
+
+} // namespace
+
+ViewRenderer::ViewRenderer(cairo_t *context) : context_(context), targets_{cairo_get_group_target(context)} {}
+
+void ViewRenderer::DrawInSuperview(ui::View view) {
+    const ViewValues values = PresentedValues(view);
+    if (!CanBeShown(values)) {
+        return;
+    }
+    cairo_save(context_);
+    cairo_translate(context_, values.center.x, values.center.y);
+    const cg::AffineTransform &t = values.transform;
+    const cairo_matrix_t matrix{t.a, t.b, t.c, t.d, t.tx, t.ty};
+    cairo_transform(context_, &matrix);
+    cairo_translate(context_, -values.bounds.origin.x - values.bounds.size.width / 2,
+                    -values.bounds.origin.y - values.bounds.size.height / 2);
+    DrawView(view, ViewStateOf(view), values);
+    cairo_restore(context_);
+}
+
+void ViewRenderer::DrawInRect(ui::View view, cg::Rect rect) {
+    const ViewValues values = PresentedValues(view);
+    const cg::Rect &bounds = values.bounds;
+    const double scaleX = rect.size.width / bounds.size.width;
+    const double scaleY = rect.size.height / bounds.size.height;
+    const bool fits = std::isfinite(scaleX) && std::isfinite(scaleY) && scaleX != 0 && scaleY != 0;
+    if (!fits || !std::isfinite(rect.origin.x + rect.origin.y) || !CanBeShown(values)) {
+        return;
+    }
+    cairo_save(context_);
+    cairo_translate(context_, rect.origin.x, rect.origin.y);
+    cairo_scale(context_, scaleX, scaleY);
+    cairo_translate(context_, -bounds.origin.x, -bounds.origin.y);
+    DrawView(view, ViewStateOf(view), values);
+    cairo_restore(context_);
+}
+
+/// Draws the view in a user space that is its own bounds' space.
+void ViewRenderer::DrawView(ui::View view, const ViewState &state, const ViewValues &values) {
+    if (state.hidden || !(values.alpha > 0)) {
+        return;
+    }
+    const LayerState &layer = LayerOf(state);
+    const bool translucent = values.alpha < 1; // the view and all in it as one picture
+    if (translucent) {
+        PushGroup();
+    }
+    // Clipping to the bounds cuts the shadow off too.
+    if (layer.shadowOpacity > 0 && layer.shadowRadius >= 0 && !state.clipsToBounds) {
+        DrawWithShadow(view, state, values, layer);
+    } else {
+        DrawBody(view, state, values, layer);
+    }
+    if (translucent) {
+        targets_.pop_back();
+        cairo_pop_group_to_source(context_);
+        cairo_paint_with_alpha(context_, values.alpha);
+    }
+}
+
+void ViewRenderer::DrawWithShadow(ui::View view, const ViewState &state, const ViewValues &values,
+                                  const LayerState &layer) {
+    PushGroup();
+    DrawBody(view, state, values, layer);
+    targets_.pop_back();
+    const Pattern picture(cairo_pop_group(context_));
+    DrawShadow(context_, picture.get(), layer);
+    cairo_set_source(context_, picture.get());
+    cairo_paint(context_);
+}
+
+void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewValues &values, const LayerState &layer) {
+    cairo_save(context_);
+    if (state.clipsToBounds) {
+        AddRoundedRect(context_, values.bounds, layer.cornerRadius);
+        cairo_clip(context_);
+    }
+    if (const Rgba background = RgbaOf(values.backgroundColor); background.a > 0) {
+        AddRoundedRect(context_, values.bounds, layer.cornerRadius);
+        SetSource(context_, background);
+        cairo_fill(context_);
+    }
+    if (const std::optional<BlurLook> look = BlurLookOf(view)) {
+        DrawBackdrop(*look, values.bounds, layer.cornerRadius);
+    }
+    if (const DrawContent draw = DrawingOf(view)) {
+        cairo_save(context_);
+        cairo_translate(context_, values.bounds.origin.x, values.bounds.origin.y);
+        draw(view, context_);
+        cairo_restore(context_);
+        cairo_new_path(context_);
+    }
+    DrawSubviews(state);
+    DrawBorder(context_, values.bounds, layer);
+    cairo_restore(context_);
+}
+
+void ViewRenderer::DrawBackdrop(const BlurLook &look, cg::Rect bounds, double radius) {
+    AddRoundedRect(context_, bounds, radius);
+    const PixelRect pixels = PathPixels(context_);
+    Pattern behind;
+    if (!pixels.IsEmpty()) {
+        behind = MakeBackdrop(targets_, pixels, look.deviation * PixelsPerPoint(context_), look.saturation);
+    }
+    if (behind) {
+        cairo_save(context_);
+        cairo_clip_preserve(context_);
+        cairo_identity_matrix(context_);
+        cairo_set_source(context_, behind.get());
+        cairo_paint(context_);
+        cairo_restore(context_);
+    }
+    SetSource(context_, look.tint);
+    cairo_fill(context_);
+}
+
+void ViewRenderer::DrawSubviews(const ViewState &state) {
+    std::multimap<double, ui::View> order; // equal positions keep the order of insertion
+    for (const objc::Ref<ui::View> &view : state.subviews) {
+        const double position = LayerOf(ViewStateOf(view)).zPosition;
+        order.emplace(std::isnan(position) ? 0 : position, view.get());
+    }
+    for (const auto &[position, view] : order) {
+        DrawInSuperview(view);
+    }
+}
+
+void ViewRenderer::PushGroup() {
+    cairo_push_group(context_);
+    targets_.push_back(cairo_get_group_target(context_));
+}
+
+} // namespace sim

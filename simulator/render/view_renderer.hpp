@@ -1,0 +1,45 @@
+#pragma once
+// Draws view trees with cairo, as they show at the present moment of the clock: positions, transforms, group alpha,
+// corner radii, borders, soft shadows, the order of z positions, blurred backdrops.
+
+#include "apple/uikit/view.hpp"
+
+#include <vector>
+
+struct _cairo;
+struct _cairo_surface;
+
+namespace sim {
+
+struct ViewState;
+struct ViewValues;
+struct LayerState;
+struct BlurLook;
+
+class ViewRenderer {
+  public:
+    /// Draws to a context on an image surface, whose user space is in points. Blurred backdrops show whatever has been
+    /// drawn to that surface before.
+    explicit ViewRenderer(_cairo *context);
+    ViewRenderer(const ViewRenderer &) = delete;
+    ViewRenderer &operator=(const ViewRenderer &) = delete;
+
+    /// Draws a view at its place in the context's user space, which is its superview's (for a window, the screen's).
+    void DrawInSuperview(ui::View view);
+
+    /// Draws a view with its bounds filling a rectangle, wherever the view itself lies.
+    void DrawInRect(ui::View view, cg::Rect rect);
+
+  private:
+    void DrawView(ui::View view, const ViewState &state, const ViewValues &values);
+    void DrawWithShadow(ui::View view, const ViewState &state, const ViewValues &values, const LayerState &layer);
+    void DrawBody(ui::View view, const ViewState &state, const ViewValues &values, const LayerState &layer);
+    void DrawBackdrop(const BlurLook &look, cg::Rect bounds, double radius);
+    void DrawSubviews(const ViewState &state);
+    void PushGroup();
+
+    _cairo *context_;
+    std::vector<_cairo_surface *> targets_; // the surface drawn to at last, then the groups open on top of it
+};
+
+} // namespace sim

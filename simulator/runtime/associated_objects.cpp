@@ -1,0 +1,128 @@
+#include "runtime/associated_objects.hpp"
+
+#include "objc/ref.hpp"
+
+#include <mutex>
+#include <unordered_map>
+#include <utility>
+
+namespace sim {
+namespace {
+
+// The policies as they are numbered on the phone.
+constexpr std::uintptr_t kAssign = 0;
+constexpr std::uintptr_t kRetainNonatomic = 1;
+constexpr std::uintptr_t kCopyNonatomic = 3;
+constexpr std::uintptr_t kRetain = 01401;
+constexpr std::uintptr_t kCopy = 01403;
+
+struct Association {
+    objc::id value = nullptr;
+    std::uintptr_t policy = kAssign;
+};
+using Associations = std::unordered_map<const void *, Association>;
+
+struct Table {
+    std::mutex mutex;
+    std::unordered_map<objc::id, Associations> owners;
+};
+
+/// Never destroyed: objects are deallocated until the very end of the process.
+Table &Shared() {
+    static Table &table = *new Table;
+    return table;
+}
+
+objc::id Hold(objc::id value, std::uintptr_t policy) {
+    switch (policy) {
+    case kRetainNonatomic:
+    case kRetain:
+        return objc::Retain(value);
+    case kCopyNonatomic:
+    case kCopy:
+        return objc::Send<"copy", objc::Object>(objc::Object{value}).pointer;
+    default:
+        return value;
+    }
+}
+
+void Drop(Association association) {
+    if (association.policy != kAssign) {
+        objc::Release(association.value);
+    }
+}
+
+} // namespace
+
+void ReleaseAssociatedObjects(objc::id owner) {
+    Table &table = Shared();
+    for (;;) {
+        Associations gone;
+        {
+            const std::lock_guard lock(table.mutex);
+            if (auto node = table.owners.extract(owner)) {
+                gone = std::move(node.mapped());
+            }
+        }
+        if (gone.empty()) {
+            return;
+        }
+        // Outside the lock: a value's dealloc may attach and detach objects itself, even on this owner.
+        for (const auto &[key, association] : gone) {
+            Drop(association);
+        }
+    }
+}
+
+} // namespace sim
+
+extern "C" {
+
+void objc_setAssociatedObject(objc::id object, const void *key, objc::id value, std::uintptr_t policy) {
+    if (object == nullptr) {
+        return;
+    }
+    const sim::Association fresh{sim::Hold(value, policy), policy};
+    sim::Association old;
+    {
+        sim::Table &table = sim::Shared();
+        const std::lock_guard lock(table.mutex);
+        if (value != nullptr) {
+            old = std::exchange(table.owners[object][key], fresh);
+        } else if (const auto owner = table.owners.find(object); owner != table.owners.end()) {
+            if (auto node = owner->second.extract(key)) {
+                old = node.mapped();
+            }
+            if (owner->second.empty()) {
+                table.owners.erase(owner);
+            }
+        }
+    }
+    sim::Drop(old);
+}
+
+objc::id objc_getAssociatedObject(objc::id object, const void *key) {
+    sim::Association found;
+    {
+        sim::Table &table = sim::Shared();
+        const std::lock_guard lock(table.mutex);
+        const auto owner = table.owners.find(object);
+        if (owner == table.owners.end()) {
+            return nullptr;
+        }
+        const auto entry = owner->second.find(key);
+        if (entry == owner->second.end()) {
+            return nullptr;
+        }
+        found = entry->second;
+        if (found.policy == sim::kRetain || found.policy == sim::kCopy) {
+            objc::Retain(found.value); // atomic policies hand out a value that outlives a replacement elsewhere
+        }
+    }
+    if (found.policy == sim::kRetain || found.policy == sim::kCopy) {
+        return objc::Send<"autorelease", objc::Object>(objc::Object{found.value}).pointer;
+    }
+    return found.value;
+}
+
+} // extern "C"

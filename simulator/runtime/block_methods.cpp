@@ -1,0 +1,262 @@
+// imp_implementationWithBlock: methods that call a block, through closures made with libffi.
+
+#include "objc/runtime.hpp"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <deque>
+#include <ffi.h>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace sim {
+namespace {
+
+/// The head of every block, by the Clang block ABI.
+struct BlockLayout {
+    void *isa;
+    int flags;
+    int reserved;
+    void (*invoke)();
+    const void *descriptor;
+};
+constexpr int kHasCopyDispose = 1 << 25;
+constexpr int kHasSignature = 1 << 30;
+
+/// The text after the descriptor's two sizes and, where there are any, its copy and dispose functions.
+const char *SignatureOf(const BlockLayout &block) {
+    if ((block.flags & kHasSignature) == 0) {
+        return nullptr;
+    }
+    const char *place = static_cast<const char *>(block.descriptor) + (2 * sizeof(unsigned long));
+    if ((block.flags & kHasCopyDispose) != 0) {
+        place += 2 * sizeof(void (*)());
+    }
+    const char *signature = nullptr;
+    std::memcpy(static_cast<void *>(&signature), place, sizeof(signature));
+    return signature;
+}
+
+[[noreturn]] void Unsupported(const char *what, const char *text) {
+    std::fprintf(stderr, "imp_implementationWithBlock: %s: %s\n", what, text);
+    std::abort();
+}
+
+/// Everything that one method made from a block needs, for as long as the process lives.
+struct BlockMethod {
+    const void *block = nullptr;
+    std::deque<ffi_type> structures;
+    std::deque<std::vector<ffi_type *>> fieldLists;
+    std::vector<ffi_type *> blockTypes;  // block, receiver, arguments
+    std::vector<ffi_type *> methodTypes; // receiver, selector, arguments
+    ffi_cif blockInterface{};
+    ffi_cif methodInterface{};
+    ffi_closure *closure = nullptr;
+};
+
+/// Reads a type encoding from the front, a type at a time.
+class TypeReader {
+  public:
+    TypeReader(const char *encoding, BlockMethod &owner) : whole_(encoding), at_(encoding), owner_(owner) {}
+
+    bool AtEnd() {
+        SkipQualifiers();
+        return *at_ == '\0';
+    }
+
+    ffi_type *Next() {
+        SkipQualifiers();
+        const char code = *at_++;
+        switch (code) {
+        case 'v':
+            return &ffi_type_void;
+        case 'B':
+        case 'C':
+            return &ffi_type_uint8;
+        case 'c':
+            return &ffi_type_sint8;
+        case 's':
+            return &ffi_type_sint16;
+        case 'S':
+            return &ffi_type_uint16;
+        case 'i':
+            return &ffi_type_sint32;
+        case 'I':
+            return &ffi_type_uint32;
+        case 'l':
+        case 'q':
+            return &ffi_type_sint64;
+        case 'L':
+        case 'Q':
+            return &ffi_type_uint64;
+        case 'f':
+            return &ffi_type_float;
+        case 'd':
+            return &ffi_type_double;
+        case '*':
+        case '#':
+        case ':':
+            return &ffi_type_pointer;
+        case '^':
+            SkipPointee();
+            return &ffi_type_pointer;
+        case '@':
+            SkipObjectDetails();
+            return &ffi_type_pointer;
+        case '{':
+            return Structure();
+        default:
+            Unsupported("cannot pass a type of the signature", whole_);
+        }
+    }
+
+  private:
+    void SkipQualifiers() {
+        while (*at_ != '\0' && std::strchr("rnNoORV0123456789+-", *at_) != nullptr) {
+            ++at_;
+        }
+    }
+
+    /// Steps over what follows '@': '?' for a block with its own signature in angle brackets, a class name in quotes.
+    void SkipObjectDetails() {
+        if (*at_ == '?') {
+            ++at_;
+            if (*at_ == '<') {
+                SkipNested('<', '>');
+            }
+        } else if (*at_ == '"') {
+            const char *end = std::strchr(at_ + 1, '"');
+            at_ = end != nullptr ? end + 1 : at_ + std::strlen(at_);
+        }
+    }
+
+    void SkipPointee() {
+        SkipQualifiers();
+        switch (*at_) {
+        case '{':
+            SkipNested('{', '}');
+            return;
+        case '(':
+            SkipNested('(', ')');
+            return;
+        case '[':
+            SkipNested('[', ']');
+            return;
+        case '^':
+            ++at_;
+            SkipPointee();
+            return;
+        case '@':
+            ++at_;
+            SkipObjectDetails();
+            return;
+        case '\0':
+            return;
+        default:
+            ++at_;
+        }
+    }
+
+    void SkipNested(char open, char close) {
+        int depth = 0;
+        do {
+            depth += *at_ == open ? 1 : 0;
+            depth -= *at_ == close ? 1 : 0;
+            ++at_;
+        } while (depth > 0 && *at_ != '\0');
+    }
+
+    /// A structure whose opening brace is read already: {name=fields}.
+    ffi_type *Structure() {
+        at_ += std::strcspn(at_, "=}");
+        if (*at_ != '=') {
+            Unsupported("structure without fields in the signature", whole_);
+        }
+        ++at_;
+        std::vector<ffi_type *> fields;
+        for (SkipQualifiers(); *at_ != '}'; SkipQualifiers()) {
+            if (*at_ == '\0') {
+                Unsupported("unfinished structure in the signature", whole_);
+            }
+            fields.push_back(Next());
+        }
+        ++at_;
+        fields.push_back(nullptr);
+        owner_.fieldLists.push_back(std::move(fields));
+        owner_.structures.push_back({0, 0, FFI_TYPE_STRUCT, owner_.fieldLists.back().data()});
+        return &owner_.structures.back();
+    }
+
+    const char *whole_;
+    const char *at_;
+    BlockMethod &owner_;
+};
+
+/// The closure's body: called as (self, _cmd, arguments...), calls the block as (block, self, arguments...).
+void CallBlock(ffi_cif *, void *result, void **methodArguments, void *context) {
+    const BlockMethod &method = *static_cast<const BlockMethod *>(context);
+    const void *block = method.block;
+    std::vector<void *> blockArguments(method.blockTypes.size());
+    blockArguments[0] = static_cast<void *>(&block);
+    for (std::size_t i = 1; i < blockArguments.size(); ++i) {
+        blockArguments[i] = i == 1 ? methodArguments[0] : methodArguments[i];
+    }
+    ffi_call(const_cast<ffi_cif *>(&method.blockInterface), static_cast<const BlockLayout *>(block)->invoke, result,
+             blockArguments.data());
+}
+
+/// Describes both sides of the call by the block's signature.
+void ReadSignature(BlockMethod &method, const char *signature) {
+    TypeReader reader(signature, method);
+    ffi_type *result = reader.Next();
+    while (!reader.AtEnd()) {
+        method.blockTypes.push_back(reader.Next());
+    }
+    if (method.blockTypes.empty()) {
+        Unsupported("signature without the block itself", signature);
+    }
+    method.methodTypes = {&ffi_type_pointer, &ffi_type_pointer};
+    if (method.blockTypes.size() > 2) {
+        method.methodTypes.insert(method.methodTypes.end(), method.blockTypes.begin() + 2, method.blockTypes.end());
+    }
+    const auto prepare = [&](ffi_cif &interface, std::vector<ffi_type *> &types) {
+        if (ffi_prep_cif(&interface, FFI_DEFAULT_ABI, static_cast<unsigned>(types.size()), result, types.data()) !=
+            FFI_OK) {
+            Unsupported("cannot call by the signature", signature);
+        }
+    };
+    prepare(method.blockInterface, method.blockTypes);
+    prepare(method.methodInterface, method.methodTypes);
+}
+
+/// Keeps a method for good: nobody tells when the last call of an implementation is over. Never destroyed.
+BlockMethod &NewMethod() {
+    static std::mutex &mutex = *new std::mutex;
+    static auto &methods = *new std::vector<std::unique_ptr<BlockMethod>>;
+    const std::lock_guard lock(mutex);
+    return *methods.emplace_back(std::make_unique<BlockMethod>());
+}
+
+} // namespace
+} // namespace sim
+
+extern "C" objc::IMP imp_implementationWithBlock(objc::id block) {
+    using namespace sim;
+    const auto *layout = reinterpret_cast<const BlockLayout *>(block);
+    const char *signature = SignatureOf(*layout);
+    if (signature == nullptr) {
+        Unsupported("block without a signature", "");
+    }
+    BlockMethod &method = NewMethod();
+    ReadSignature(method, signature);
+    method.block = _Block_copy(layout);
+    void *code = nullptr;
+    method.closure = static_cast<ffi_closure *>(ffi_closure_alloc(sizeof(ffi_closure), &code));
+    if (method.closure == nullptr ||
+        ffi_prep_closure_loc(method.closure, &method.methodInterface, &CallBlock, &method, code) != FFI_OK) {
+        Unsupported("no closure for the signature", signature);
+    }
+    return reinterpret_cast<objc::IMP>(code);
+}

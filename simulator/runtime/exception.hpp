@@ -1,0 +1,13 @@
+#pragma once
+// NSExceptions that the simulator raises where the phone does.
+
+#include "apple/foundation/string.hpp"
+
+#include <string>
+
+namespace sim {
+
+/// Raises an NSException of that name.
+[[noreturn]] void RaiseException(const char *name, const std::string &reason);
+
+} // namespace sim

@@ -1,0 +1,30 @@
+#pragma once
+// Memory that another library allocates once and never frees.
+
+extern "C" {
+/// The leak checker's switches; only there in sanitized builds.
+__attribute__((weak)) void __lsan_disable();
+__attribute__((weak)) void __lsan_enable();
+}
+
+namespace sim {
+
+/// While it lives, what this thread allocates does not count as leaked. For single calls whose leaks are known and
+/// are not ours.
+class ForeignLeaks {
+  public:
+    ForeignLeaks() {
+        if (__lsan_disable != nullptr) {
+            __lsan_disable();
+        }
+    }
+    ForeignLeaks(const ForeignLeaks &) = delete;
+    ForeignLeaks &operator=(const ForeignLeaks &) = delete;
+    ~ForeignLeaks() {
+        if (__lsan_enable != nullptr) {
+            __lsan_enable();
+        }
+    }
+};
+
+} // namespace sim

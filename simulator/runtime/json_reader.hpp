@@ -1,0 +1,21 @@
+#pragma once
+// JSON text to Foundation objects.
+
+#include "apple/foundation/string.hpp"
+
+#include <string>
+
+namespace sim::json {
+
+/// The outcome of reading: an object, or what is wrong with the text.
+struct ReadResult {
+    objc::Ref<ns::Object> object;
+    std::string error;
+};
+
+/// Reads one JSON value that makes up the whole text. Integers that fit become long long numbers, others doubles. Fails
+/// on anything that RFC 8259 does not allow, on unpaired surrogate escapes, on numbers beyond a double and on more than
+/// 512 levels.
+ReadResult Read(ns::String text, bool mutableContainers);
+
+} // namespace sim::json

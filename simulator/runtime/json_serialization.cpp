@@ -1,0 +1,145 @@
+#include "runtime/json_serialization.hpp"
+
+#include "apple/foundation/collections.hpp"
+#include "runtime/exception.hpp"
+#include "runtime/json_reader.hpp"
+#include "runtime/json_writer.hpp"
+#include "runtime/replace_method.hpp"
+
+#include <span>
+
+namespace sim {
+namespace {
+
+constexpr unsigned long kFragmentsAllowed = 4; // the same bit for reading and writing
+constexpr unsigned long kMutableContainers = 1;
+constexpr long kCorruptFile = 3840;
+constexpr long kUnconvertible = 3851;
+
+constexpr unsigned long kUtf8 = 4;
+constexpr unsigned long kUtf16BigEndian = 0x90000100;
+constexpr unsigned long kUtf16LittleEndian = 0x94000100;
+constexpr unsigned long kUtf32BigEndian = 0x98000100;
+constexpr unsigned long kUtf32LittleEndian = 0x9c000100;
+
+struct Data : objc::Object {
+    using Object::Object;
+    static constexpr const char *kClassName = "NSData";
+};
+
+struct Error : objc::Object {
+    using Object::Object;
+    static constexpr const char *kClassName = "NSError";
+};
+
+using ErrorPointer = ns::Object *;
+
+[[noreturn]] void Raise(const std::string &reason) {
+    RaiseException("NSInvalidArgumentException", reason);
+}
+
+void Report(ErrorPointer error, long code, const std::string &what) {
+    if (error != nullptr) {
+        const auto details = ns::Dictionary::dictionaryWithObject(ns::String::stringWithUTF8String(what.c_str()),
+                                                                  "NSDebugDescription"_ns);
+        *error = objc::SendClass<Error, "errorWithDomain:code:userInfo:", ns::Object>("NSCocoaErrorDomain"_ns, code,
+                                                                                      details);
+    }
+}
+
+ns::Object Autoreleased(const objc::Ref<ns::Object> &object) {
+    return objc::Send<"autorelease", ns::Object>(ns::Object(objc::Object{objc::Retain(object.get().pointer)}));
+}
+
+bool IsContainer(ns::Object object) {
+    return object.isKindOfClass(objc::ClassOf<ns::Array>()) || object.isKindOfClass(objc::ClassOf<ns::Dictionary>());
+}
+
+/// The encoding of JSON text by its byte-order mark or, its first character being ASCII, by where its zero bytes are.
+unsigned long EncodingOf(std::span<const unsigned char> bytes) {
+    const auto at = [&](std::size_t index) { return index < bytes.size() ? bytes[index] : 0xFF; };
+    if (at(0) == 0 && at(1) == 0) {
+        return kUtf32BigEndian;
+    }
+    if ((at(0) != 0 && at(1) == 0 && at(2) == 0 && at(3) == 0) ||
+        (at(0) == 0xFF && at(1) == 0xFE && at(2) == 0 && at(3) == 0)) {
+        return kUtf32LittleEndian;
+    }
+    if (at(0) == 0 || (at(0) == 0xFE && at(1) == 0xFF)) {
+        return kUtf16BigEndian;
+    }
+    if (at(1) == 0 || (at(0) == 0xFF && at(1) == 0xFE)) {
+        return kUtf16LittleEndian;
+    }
+    return kUtf8;
+}
+
+objc::Ref<ns::String> TextOf(Data data) {
+    const std::span bytes(static_cast<const unsigned char *>(objc::Send<"bytes", const void *>(data)),
+                          objc::Send<"length", unsigned long>(data));
+    auto text = objc::Ref<ns::String>::Adopt(objc::Send<"initWithData:encoding:", ns::String>(
+        ns::Alloc<ns::String>(), data, bytes.empty() ? kUtf8 : EncodingOf(bytes)));
+    if (text && text->length() != 0 && text->characterAtIndex(0) == 0xFEFF) {
+        text = text->substringFromIndex(1);
+    }
+    return text;
+}
+
+ns::Object ReadData(objc::Class, objc::SEL, Data data, unsigned long options, ErrorPointer error) {
+    if (!data) {
+        Raise("data parameter is nil");
+    }
+    const auto text = TextOf(data);
+    if (!text) {
+        Report(error, kCorruptFile, "Unable to convert data to string.");
+        return {};
+    }
+    const json::ReadResult result = json::Read(text, (options & kMutableContainers) != 0);
+    if (!result.object) {
+        Report(error, kCorruptFile, result.error);
+        return {};
+    }
+    if (!IsContainer(result.object.get()) && (options & kFragmentsAllowed) == 0) {
+        Report(error, kCorruptFile,
+               "JSON text did not start with array or object and option to allow fragments not set.");
+        return {};
+    }
+    return Autoreleased(result.object);
+}
+
+Data WriteObject(objc::Class, objc::SEL, ns::Object object, unsigned long options, ErrorPointer error) {
+    if (!object) {
+        Raise("value parameter is nil");
+    }
+    if (!IsContainer(object) && (options & kFragmentsAllowed) == 0) {
+        Raise("Invalid top-level type in JSON write");
+    }
+    const json::WriteResult result = json::Write(object, options);
+    if (!result.invalid.empty()) {
+        Raise(result.invalid);
+    }
+    if (result.unconvertible) {
+        Report(error, kUnconvertible, "Unable to convert string to UTF-8.");
+        return {};
+    }
+    return objc::SendClass<Data, "dataWithBytes:length:", Data>(static_cast<const void *>(result.text.data()),
+                                                                static_cast<unsigned long>(result.text.size()));
+}
+
+bool IsValid(objc::Class, objc::SEL, ns::Object object) {
+    if (!object || !IsContainer(object)) {
+        return false;
+    }
+    return json::Write(object, 0).invalid.empty();
+}
+
+} // namespace
+
+void InstallJsonSerialization() {
+    constexpr const char *kClass = "NSJSONSerialization";
+    ReplaceClassMethod(kClass, objc::Selector<"JSONObjectWithData:options:error:">(), &ReadData);
+    ReplaceClassMethod(kClass, objc::Selector<"dataWithJSONObject:options:error:">(), &WriteObject);
+    ReplaceClassMethod(kClass, objc::Selector<"isValidJSONObject:">(), &IsValid);
+}
+
+} // namespace sim

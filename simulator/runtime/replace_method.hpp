@@ -1,0 +1,30 @@
+#pragma once
+// Replacement of methods that Foundation has already.
+
+#include "objc/encoding.hpp"
+#include "objc/object.hpp"
+
+namespace sim {
+
+namespace detail {
+objc::IMP ReplaceChecked(const char *className, objc::SEL selector, objc::IMP replacement, const char *encoding,
+                         bool classMethod);
+} // namespace detail
+
+/// Replaces an instance method of a class by a function of the form R (Self, SEL, arguments...) and gives the
+/// implementation that was in force. A method that the class only inherits is added to it, its ancestor's stays.
+/// Ends the process with a message when class or method is missing or the encodings disagree.
+template <class R, class Self, class... A>
+objc::IMP ReplaceMethod(const char *className, objc::SEL selector, R (*replacement)(Self, objc::SEL, A...)) {
+    return detail::ReplaceChecked(className, selector, reinterpret_cast<objc::IMP>(replacement),
+                                  objc::kMethodEncoding<R, A...>.data, false);
+}
+
+/// The same for a class method.
+template <class R, class Self, class... A>
+objc::IMP ReplaceClassMethod(const char *className, objc::SEL selector, R (*replacement)(Self, objc::SEL, A...)) {
+    return detail::ReplaceChecked(className, selector, reinterpret_cast<objc::IMP>(replacement),
+                                  objc::kMethodEncoding<R, A...>.data, true);
+}
+
+} // namespace sim

@@ -1,0 +1,29 @@
+#include "runtime/runtime.hpp"
+
+#include "runtime/autorelease.hpp"
+#include "runtime/bundle.hpp"
+#include "runtime/deallocation.hpp"
+#include "runtime/dispatch.hpp"
+#include "runtime/foundation_differences.hpp"
+#include "runtime/json_serialization.hpp"
+#include "runtime/notification_queue.hpp"
+#include "runtime/string_differences.hpp"
+#include "runtime/user_defaults.hpp"
+#include "runtime/wall_clock.hpp"
+
+namespace sim {
+
+void InstallRuntime() {
+    const AutoreleasePool pool;
+    InstallDeallocationHooks();
+    InstallStringDifferences();
+    InstallFoundationDifferences();
+    InstallJsonSerialization();
+    InstallUserDefaults(); // reads strings, hence after the string differences
+    InstallNotificationObservers();
+    InstallThreadSleep();
+    InstallWallClock();
+    InstallBundleIdentity();
+}
+
+} // namespace sim

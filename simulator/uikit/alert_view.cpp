@@ -1,0 +1,256 @@
+#include "uikit/alert_view.hpp"
+
+#include "apple/uikit/button.hpp"
+#include "runtime/native_class.hpp"
+#include "uikit/alert_controller.hpp"
+#include "uikit/color.hpp"
+#include "uikit/scroll_view.hpp"
+
+#include <algorithm>
+#include <cairo.h>
+#include <cmath>
+
+namespace sim {
+namespace {
+
+using ui::AlertAction;
+using ui::AlertActionStyle;
+
+constexpr double kCardWidth = 270;
+constexpr double kCardRadius = 14;
+constexpr double kSideMargin = 16;
+constexpr double kTopMargin = 20;
+constexpr double kTextGap = 4;
+constexpr double kButtonHeight = 44;
+constexpr double kButtonSize = 17;
+constexpr double kTitleSize = 17;
+constexpr double kMessageSize = 13;
+constexpr double kHairline = 0.5;
+/// Points that a card leaves free above and below itself.
+constexpr double kFree = 60;
+/// Points of the texts that stay in sight however many buttons there are.
+constexpr double kLeastText = 66;
+constexpr double kLightDimming = 0.2;
+constexpr double kDarkDimming = 0.48;
+
+struct AlertView : ui::View {
+    using ui::View::View;
+    static constexpr const char *kClassName = "_UIAlertControllerView";
+};
+
+struct ActionView : ui::Button {
+    using ui::Button::Button;
+    static constexpr const char *kClassName = "_UIAlertControllerActionView";
+};
+
+struct ScrollView : ui::View {
+    using ui::View::View;
+    static constexpr const char *kClassName = "UIScrollView";
+};
+
+struct AlertViewState {
+    ui::AlertController alert; // not owned: it owns this view
+    objc::Ref<ui::View> card;
+    objc::Ref<ScrollView> texts;
+    objc::Ref<ui::Label> title;
+    objc::Ref<ui::Label> message;
+    std::vector<objc::Ref<ActionView>> buttons;
+    std::vector<objc::Ref<ui::View>> lines;
+};
+
+struct ActionViewState {
+    objc::Ref<AlertAction> action;
+    ui::View alertView; // not owned: it owns this view
+};
+
+AlertViewState &StateOfAlertView(ui::View view) {
+    return StateOf<AlertViewState>(view);
+}
+
+void Pressed(ActionView self, objc::SEL, ActionView) {
+    const ActionViewState &state = StateOf<ActionViewState>(self);
+    if (const ui::AlertController alert = StateOfAlertView(state.alertView).alert) {
+        ChooseAlertAction(alert, state.action);
+    }
+}
+
+objc::Ref<ui::Label> MakeText(ui::Font font) {
+    const auto label = objc::Ref<ui::Label>::Adopt(objc::As<ui::Label>(ns::Alloc<ui::Label>().initWithFrame({})));
+    label->setFont(font);
+    label->setTextAlignment(ui::TextAlignment::kCenter);
+    label->setNumberOfLines(0);
+    return label;
+}
+
+void Build(AlertView self) {
+    AlertViewState &state = StateOfAlertView(self);
+    state.card = ns::New<ui::View>();
+    state.card->setBackgroundColor(ui::Color::systemBackgroundColor());
+    state.card->layer().setCornerRadius(kCardRadius);
+    state.card->setClipsToBounds(true);
+    state.texts = objc::Ref<ScrollView>::Adopt(ScrollView{ns::Alloc<ScrollView>().initWithFrame({}).pointer});
+    state.title = MakeText(ui::Font::boldSystemFontOfSize(kTitleSize));
+    state.message = MakeText(ui::Font::systemFontOfSize(kMessageSize));
+    state.texts->addSubview(state.title);
+    state.texts->addSubview(state.message);
+    state.card->addSubview(state.texts);
+    self.addSubview(state.card);
+}
+
+/// The card is one step lighter than what it covers, as all that floats in the dark.
+ui::Color CardColor() {
+    return IsDarkAppearance() ? objc::SendClass<ui::Color, "tertiarySystemBackgroundColor", ui::Color>()
+                              : ui::Color::secondarySystemBackgroundColor();
+}
+
+bool IsBold(ui::AlertController alert, AlertAction action) {
+    const AlertAction preferred = AlertStateOf(alert).preferred;
+    return preferred ? action == preferred : AlertActionStateOf(action).style == AlertActionStyle::kCancel;
+}
+
+void AddButton(ui::View view, ui::AlertController alert, AlertAction action) {
+    AlertViewState &state = StateOfAlertView(view);
+    const auto button = objc::SendClass<ActionView, "buttonWithType:", ActionView>(ui::ButtonType::kSystem);
+    StateOf<ActionViewState>(button) = {action, view};
+    AlertActionStateOf(action).view = view;
+    button.setTitle(AlertActionStateOf(action).title, ui::kStateNormal);
+    button.titleLabel().setFont(IsBold(alert, action) ? ui::Font::boldSystemFontOfSize(kButtonSize)
+                                                      : ui::Font::systemFontOfSize(kButtonSize));
+    button.addTarget(button, objc::Selector<"_pressed:">(), ui::kTouchUpInside);
+    state.card->addSubview(button);
+    state.buttons.emplace_back(button);
+}
+
+void ShowState(ActionView button) {
+    const AlertActionState &action = AlertActionStateOf(StateOf<ActionViewState>(button).action);
+    const ui::Color color = !action.enabled ? ui::Color::systemGrayColor()
+                            : action.style == AlertActionStyle::kDestructive
+                                ? objc::SendClass<ui::Color, "systemRedColor", ui::Color>()
+                                : ui::Color::systemBlueColor();
+    button.setTitleColor(color, ui::kStateNormal);
+    objc::Send<"setEnabled:", void>(ui::Control{button}, action.enabled);
+}
+
+// Layout.
+
+double PlaceText(ui::Label label, double y, double width) {
+    const double height = label.text().length() > 0 ? label.sizeThatFits({width, 0}).height : 0;
+    label.setFrame({{kSideMargin, y}, {width, height}});
+    return height;
+}
+
+/// Places title and message and gives the height of both with their margins.
+double PlaceTexts(const AlertViewState &state) {
+    const double width = kCardWidth - 2 * kSideMargin;
+    double y = kTopMargin;
+    const double title = PlaceText(state.title, y, width);
+    y += title > 0 ? title + kTextGap : 0;
+    y += PlaceText(state.message, y, width);
+    return y + kTopMargin;
+}
+
+bool FitInOneRow(const AlertViewState &state) {
+    return state.buttons.size() == 2 && std::ranges::all_of(state.buttons, [](const objc::Ref<ActionView> &button) {
+               return button->sizeThatFits({}).width <= kCardWidth / 2 - kSideMargin;
+           });
+}
+
+/// The buttons as they stand: side by side the cancelling one is left, else it is the last.
+std::vector<ActionView> InOrder(const AlertViewState &state, bool row) {
+    std::vector<ActionView> order(state.buttons.begin(), state.buttons.end());
+    const auto cancelling = std::ranges::find_if(order, [](ActionView button) {
+        return AlertActionStateOf(StateOf<ActionViewState>(button).action).style == AlertActionStyle::kCancel;
+    });
+    if (cancelling != order.end()) {
+        const ActionView button = *cancelling;
+        order.erase(cancelling);
+        order.insert(row ? order.begin() : order.end(), button);
+    }
+    return order;
+}
+
+void AddLine(AlertViewState &state, cg::Rect frame) {
+    const auto line = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame(frame));
+    line->setBackgroundColor(ui::Color::separatorColor());
+    state.card->addSubview(line);
+    state.lines.push_back(line);
+}
+
+void PlaceButtons(AlertViewState &state, double top, bool row) {
+    for (const objc::Ref<ui::View> &line : state.lines) {
+        line->removeFromSuperview();
+    }
+    state.lines.clear();
+    const double width = row ? kCardWidth / 2 : kCardWidth;
+    cg::Point place{0, top};
+    for (const ActionView button : InOrder(state, row)) {
+        ShowState(button);
+        button.setFrame({place, {width, kButtonHeight}});
+        if (place.x > 0) {
+            AddLine(state, {{place.x, place.y}, {kHairline, kButtonHeight}});
+        } else {
+            AddLine(state, {place, {kCardWidth, kHairline}});
+        }
+        place = row ? cg::Point{place.x + width, place.y} : cg::Point{0, place.y + kButtonHeight};
+    }
+}
+
+void LayoutSubviews(AlertView self, objc::SEL) {
+    AlertViewState &state = StateOfAlertView(self);
+    const cg::Size size = self.bounds().size;
+    const bool row = FitInOneRow(state);
+    const double rows = state.buttons.empty() ? 0 : row ? 1 : static_cast<double>(state.buttons.size());
+    const double buttons = rows * kButtonHeight;
+    const double whole = PlaceTexts(state);
+    const double texts = std::min(whole, std::max(size.height - 2 * kFree - buttons, kLeastText));
+    const cg::Size card{kCardWidth, texts + buttons};
+    state.card->setBackgroundColor(CardColor());
+    state.card->setFrame({{(size.width - card.width) / 2, (size.height - card.height) / 2}, card});
+    state.texts->setFrame({{}, {kCardWidth, texts}});
+    SetContentSize(state.texts, {kCardWidth, whole});
+    PlaceButtons(state, texts, row);
+}
+
+void DrawDimming(ui::View view, cairo_t *context) {
+    const cg::Size size = PresentedValues(view).bounds.size;
+    cairo_set_source_rgba(context, 0, 0, 0, IsDarkAppearance() ? kDarkDimming : kLightDimming);
+    cairo_rectangle(context, 0, 0, size.width, size.height);
+    cairo_fill(context);
+}
+
+} // namespace
+
+objc::Ref<ui::View> MakeAlertView() {
+    const auto view = ns::New<AlertView>();
+    Build(view);
+    return objc::Ref<ui::View>(view.get());
+}
+
+void FillAlertView(ui::View view, ui::AlertController alert) {
+    AlertViewState &state = StateOfAlertView(view);
+    state.alert = alert;
+    state.title->setText(objc::Send<"title", ns::String>(alert));
+    state.message->setText(AlertStateOf(alert).message);
+    for (const objc::Ref<ActionView> &button : state.buttons) {
+        button->removeFromSuperview();
+    }
+    state.buttons.clear();
+    for (const objc::Ref<AlertAction> &action : AlertStateOf(alert).actions) {
+        AddButton(view, alert, action);
+    }
+    SetNeedsLayout(view);
+}
+
+void ForgetAlert(ui::View view) {
+    StateOfAlertView(view).alert = nullptr;
+}
+
+void RegisterAlertView() {
+    const objc::MethodEntry buttonMethods[] = {objc::MethodNamed<"_pressed:", &Pressed>()};
+    RegisterClassWithState<ActionViewState>(ActionView::kClassName, "UIButton", buttonMethods);
+    const objc::MethodEntry methods[] = {objc::MethodNamed<"layoutSubviews", &LayoutSubviews>()};
+    RegisterClassWithState<AlertViewState>(AlertView::kClassName, "UIView", methods);
+    RegisterDrawing(AlertView::kClassName, &DrawDimming);
+}
+
+} // namespace sim

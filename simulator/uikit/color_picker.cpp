@@ -1,0 +1,199 @@
+#include "uikit/color_picker.hpp"
+
+#include "apple/uikit/button.hpp"
+#include "apple/uikit/label.hpp"
+#include "objc/block.hpp"
+#include "runtime/autorelease.hpp"
+#include "runtime/native_class.hpp"
+#include "uikit/application.hpp"
+#include "uikit/color.hpp"
+#include "uikit/control.hpp"
+#include "uikit/control_drawing.hpp"
+#include "uikit/target_action.hpp"
+#include "uikit/view.hpp"
+#include "uikit/view_geometry.hpp"
+
+#include <algorithm>
+#include <cairo.h>
+#include <cmath>
+
+namespace sim {
+namespace {
+
+using ui::ColorPickerViewController;
+
+// Points.
+constexpr double kMargin = 16;
+constexpr double kBarHeight = 56;
+constexpr double kButtonWidth = 60;
+constexpr double kSampleSize = 60;
+
+constexpr int kColumns = 12;
+constexpr int kRows = 10;
+
+struct PickerState {
+    WeakObject delegate;
+    objc::Ref<ui::Color> selected = ui::Color::blackColor();
+    bool supportsAlpha = true;
+};
+
+/// The rows of colours and, below them, the chosen one.
+struct Swatches : ui::View {
+    using ui::View::View;
+    static constexpr const char *kClassName = "_UIColorPickerSwatches";
+};
+
+struct SwatchesState {
+    ColorPickerViewController picker; // not owned: its view holds this one
+};
+
+PickerState &StateOfPicker(ui::ViewController self) {
+    return StateOf<PickerState>(self);
+}
+
+ns::Object Delegate(ColorPickerViewController self, objc::SEL) {
+    return Autoreleased(StateOfPicker(self).delegate.Lock());
+}
+
+void SetDelegate(ColorPickerViewController self, objc::SEL, ns::Object delegate) {
+    StateOfPicker(self).delegate = WeakObject(delegate);
+}
+
+ui::Color SelectedColor(ColorPickerViewController self, objc::SEL) {
+    return StateOfPicker(self).selected;
+}
+
+void SetSelectedColor(ColorPickerViewController self, objc::SEL, ui::Color color) {
+    StateOfPicker(self).selected = color;
+}
+
+bool SupportsAlpha(ColorPickerViewController self, objc::SEL) {
+    return StateOfPicker(self).supportsAlpha;
+}
+
+void SetSupportsAlpha(ColorPickerViewController self, objc::SEL, bool supports) {
+    StateOfPicker(self).supportsAlpha = supports;
+}
+
+// The sheet.
+
+void LoadView(ColorPickerViewController self, objc::SEL) {
+    const cg::Size screen = ScreenSize();
+    const auto view = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame({{}, screen}));
+    view->setBackgroundColor(ui::Color::secondarySystemBackgroundColor());
+    const auto title = objc::Ref<ui::Label>::Adopt(
+        ui::Label{ns::Alloc<ui::Label>().initWithFrame({{0, 0}, {screen.width, kBarHeight}}).pointer});
+    title->setText(u"颜色"_ns);
+    title->setFont(ui::Font::boldSystemFontOfSize(17));
+    title->setTextAlignment(ui::TextAlignment::kCenter);
+    view->addSubview(title);
+    const auto done = ui::Button::buttonWithType(ui::ButtonType::kSystem);
+    done.setFrame({{screen.width - kMargin - kButtonWidth, 0}, {kButtonWidth, kBarHeight}});
+    done.setTitle(u"完成"_ns, ui::kStateNormal);
+    done.addTarget(self, objc::Selector<"_finish">(), ui::kTouchUpInside);
+    view->addSubview(done);
+    const auto swatches = objc::Ref<Swatches>::Adopt(
+        Swatches{ns::Alloc<Swatches>()
+                     .initWithFrame({{kMargin, kBarHeight},
+                                     {screen.width - 2 * kMargin, screen.width - 2 * kMargin + kSampleSize}})
+                     .pointer});
+    StateOf<SwatchesState>(swatches).picker = self;
+    view->addSubview(swatches);
+    objc::Send<"setView:", void>(self, view.get());
+}
+
+/// The user is done: the sheet goes, then the delegate hears of it.
+void Finish(ColorPickerViewController self, objc::SEL) {
+    const objc::Ref<ColorPickerViewController> picker = self;
+    const auto tell = [picker] {
+        const objc::Ref<ns::Object> delegate = StateOfPicker(picker.get()).delegate.Lock();
+        if (delegate && delegate->respondsToSelector(objc::Selector<"colorPickerViewControllerDidFinish:">())) {
+            objc::Send<"colorPickerViewControllerDidFinish:", void>(delegate.get(), picker.get());
+        }
+    };
+    self.dismissViewControllerAnimated(true, objc::MakeBlock<void()>(tell));
+}
+
+/// The first row holds greys, of one component; below it hues go across and lightness goes down.
+ui::Color SwatchAt(int row, int column) {
+    const double across = static_cast<double>(column) / (kColumns - 1);
+    if (row == 0) {
+        return ui::Color::colorWithWhite(1 - across, 1);
+    }
+    const double lightness = 0.1 + 0.8 * (row - 1) / (kRows - 2);
+    const double strength = 1 - std::abs(2 * lightness - 1);
+    const auto part = [&](double shift) {
+        const double place = std::fmod(static_cast<double>(column) / kColumns + shift, 1.0);
+        const double wave = std::clamp(std::abs(place * 6 - 3) - 1, 0.0, 1.0);
+        return lightness + strength * (wave - 0.5);
+    };
+    return ui::Color::colorWithRed(part(0), part(2.0 / 3), part(1.0 / 3), 1);
+}
+
+/// A finger chooses the colour on which it is lifted.
+void TouchesEnded(Swatches self, objc::SEL, ns::Set, ui::Event event) {
+    const cg::Point point = FromScreen(self, TouchStateOf(EventStateOf(event).changed).location);
+    const double cell = self.bounds().size.width / kColumns;
+    const double row = std::floor(point.y / cell);
+    const double column = std::floor(point.x / cell);
+    if (row >= 0 && row < kRows && column >= 0 && column < kColumns) {
+        ChooseColor(StateOf<SwatchesState>(self).picker, SwatchAt(static_cast<int>(row), static_cast<int>(column)));
+    }
+}
+
+void DrawSwatches(ui::View view, cairo_t *context) {
+    const double cell = PresentedValues(view).bounds.size.width / kColumns;
+    for (int row = 0; row < kRows; ++row) {
+        for (int column = 0; column < kColumns; ++column) {
+            SetPaint(context, SwatchAt(row, column));
+            FillRounded(context, {{column * cell, row * cell}, {cell, cell}}, 0);
+        }
+    }
+    const cg::Rect sample{{0, kRows * cell + kMargin}, {kSampleSize, kSampleSize}};
+    constexpr double kRadius = 8;
+    SetPaint(context, StateOfPicker(StateOf<SwatchesState>(view).picker).selected);
+    FillRounded(context, sample, kRadius);
+    SetPaint(context, ui::Color::separatorColor());
+    StrokeRounded(context, sample, kRadius, 1);
+}
+
+} // namespace
+
+ColorPickerViewController PresentedColorPicker() {
+    for (const ui::Window window : WindowsFrontToBack()) {
+        for (ui::ViewController controller = window.rootViewController(); controller;
+             controller = controller.presentedViewController()) {
+            if (controller.isKindOfClass(objc::ClassOf<ColorPickerViewController>())) {
+                return ColorPickerViewController{controller.pointer};
+            }
+        }
+    }
+    return {};
+}
+
+void ChooseColor(ColorPickerViewController picker, ui::Color color) {
+    SetSelectedColor(picker, nullptr, color);
+    const objc::Ref<ns::Object> delegate = StateOfPicker(picker).delegate.Lock();
+    if (delegate && delegate->respondsToSelector(objc::Selector<"colorPickerViewControllerDidSelectColor:">())) {
+        objc::Send<"colorPickerViewControllerDidSelectColor:", void>(delegate.get(), picker);
+    }
+}
+
+void RegisterColorPicker() {
+    const objc::MethodEntry methods[] = {
+        objc::MethodNamed<"delegate", &Delegate>(),
+        objc::MethodNamed<"setDelegate:", &SetDelegate>(),
+        objc::MethodNamed<"selectedColor", &SelectedColor>(),
+        objc::MethodNamed<"setSelectedColor:", &SetSelectedColor>(),
+        objc::MethodNamed<"supportsAlpha", &SupportsAlpha>(),
+        objc::MethodNamed<"setSupportsAlpha:", &SetSupportsAlpha>(),
+        objc::MethodNamed<"loadView", &LoadView>(),
+        objc::MethodNamed<"_finish", &Finish>(),
+    };
+    RegisterClassWithState<PickerState>("UIColorPickerViewController", "UIViewController", methods);
+    const objc::MethodEntry swatchesMethods[] = {objc::MethodNamed<"touchesEnded:withEvent:", &TouchesEnded>()};
+    RegisterClassWithState<SwatchesState>(Swatches::kClassName, "UIView", swatchesMethods);
+    RegisterDrawing(Swatches::kClassName, &DrawSwatches);
+}
+
+} // namespace sim

@@ -1,0 +1,17 @@
+#pragma once
+// UIColorPickerViewController: a sheet with swatches.
+
+#include "apple/uikit/color_picker.hpp"
+
+namespace sim {
+
+/// After UIViewController's and UIButton's registration.
+void RegisterColorPicker();
+
+/// The picker that is presented at the moment; nil when none is.
+ui::ColorPickerViewController PresentedColorPicker();
+
+/// The user chooses a colour: the picker has it from now on and tells its delegate. Nil leaves it without one.
+void ChooseColor(ui::ColorPickerViewController picker, ui::Color color);
+
+} // namespace sim

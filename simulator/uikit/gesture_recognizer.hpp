@@ -1,0 +1,60 @@
+#pragma once
+// UIGestureRecognizer: states, targets, exclusion of one gesture by another. The kinds of gesture are classes of their
+// own that watch touches through touchesBegan:withEvent: and its family and set the state.
+
+#include "runtime/clock.hpp"
+#include "uikit/event.hpp"
+#include "uikit/target_action.hpp"
+
+namespace sim {
+
+struct RecognizerState {
+    ui::GestureState state = ui::GestureState::kPossible;
+    std::vector<TargetAction> targets;
+    WeakObject delegate;
+    ui::View view; // not owned
+    bool enabled = true;
+    bool cancelsTouchesInView = true;
+    std::vector<objc::Ref<ui::Touch>> touches; // those that it watches
+    cg::Point lastLocation;                    // screen coordinates, for when no touch is left
+    bool recognized = false;                   // since it was last readied
+    bool actionDue = false;                    // its targets have not been told of its state yet
+    bool waiting = false;                      // for another touch, though none is down
+};
+
+void RegisterGestureRecognizer();
+void RegisterTapGestureRecognizer();
+void RegisterLongPressGestureRecognizer();
+void RegisterPanGestureRecognizer();
+
+RecognizerState &RecognizerStateOf(ui::GestureRecognizer recognizer);
+
+/// Whether the gesture is over: ended, cancelled or failed.
+bool IsOver(ui::GestureState state);
+
+/// Whether the gesture is under way: began or changed.
+bool IsUnderWay(ui::GestureState state);
+
+/// Moves the recogniser to a state. From possible to began or ended it must first be allowed to (delegate, views, other
+/// gestures) and fails otherwise; once recognised it excludes the other recognisers of its touches.
+void SetGestureState(ui::GestureRecognizer recognizer, ui::GestureState next);
+
+/// Ends whatever the recogniser is in the middle of.
+void CancelRecognizer(ui::GestureRecognizer recognizer);
+
+/// Notes the view to which a recogniser is attached; nil for none.
+void SetRecognizerView(ui::GestureRecognizer recognizer, ui::View view);
+
+/// The middle of the watched touches (screen coordinates), or the last one known.
+cg::Point RecognizerLocation(ui::GestureRecognizer recognizer);
+
+/// How many of the watched touches have not been lifted.
+std::size_t FingersDown(ui::GestureRecognizer recognizer);
+
+/// Sends the recogniser's action to all its targets.
+void SendActions(ui::GestureRecognizer recognizer);
+
+/// The distance between two points.
+double Distance(cg::Point from, cg::Point to);
+
+} // namespace sim

@@ -1,0 +1,20 @@
+#pragma once
+// Haptic feedback: felt by nobody here, so it is recorded.
+
+#include <vector>
+
+namespace sim {
+
+void RegisterHaptics();
+
+/// One impact, as it occurred.
+struct HapticImpact {
+    double time;   // of the virtual clock, seconds
+    long style;    // UIImpactFeedbackStyle
+    bool prepared; // whether the generator had been told to get ready
+};
+
+/// Every impact since launch, the oldest first.
+const std::vector<HapticImpact> &HapticImpacts();
+
+} // namespace sim

@@ -1,0 +1,152 @@
+#include "uikit/image.hpp"
+
+#include "apple/uikit/view.hpp"
+#include "render/album.hpp"
+#include "render/surface.hpp"
+#include "render/view_renderer.hpp"
+#include "runtime/autorelease.hpp"
+#include "runtime/clock.hpp"
+#include "runtime/native_class.hpp"
+#include "uikit/application.hpp"
+
+#include <cmath>
+#include <vector>
+
+namespace sim {
+namespace {
+
+struct ImageState {
+    Surface pixels;
+    double scale = 1;
+};
+
+cg::Size Size(ui::Image self, objc::SEL) {
+    const ImageState &state = StateOf<ImageState>(self);
+    if (!state.pixels) {
+        return {};
+    }
+    return {cairo_image_surface_get_width(state.pixels.get()) / state.scale,
+            cairo_image_surface_get_height(state.pixels.get()) / state.scale};
+}
+
+double Scale(ui::Image self, objc::SEL) {
+    return StateOf<ImageState>(self).scale;
+}
+
+/// One open image context; of an empty size it has no surface.
+struct ImageContext {
+    Surface surface;
+    Context context;
+    double scale = 1;
+};
+
+std::vector<ImageContext> &OpenContexts() {
+    static std::vector<ImageContext> contexts;
+    return contexts;
+}
+
+constexpr double kLargestSide = 32'767; // pixels, the most that a surface can have
+
+ImageContext MakeContext(cg::Size size, bool opaque, double scale) {
+    const double width = std::ceil(size.width * scale);
+    const double height = std::ceil(size.height * scale);
+    if (!(width > 0 && height > 0 && width <= kLargestSide && height <= kLargestSide)) {
+        return {};
+    }
+    Surface surface(cairo_image_surface_create(opaque ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32,
+                                               static_cast<int>(width), static_cast<int>(height)));
+    if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) {
+        return {};
+    }
+    Context context(cairo_create(surface.get()));
+    cairo_scale(context.get(), scale, scale);
+    return {std::move(surface), std::move(context), scale};
+}
+
+Surface CopyOf(cairo_surface_t *surface) {
+    Surface copy(cairo_image_surface_create(cairo_image_surface_get_format(surface),
+                                            cairo_image_surface_get_width(surface),
+                                            cairo_image_surface_get_height(surface)));
+    const Context context(cairo_create(copy.get()));
+    cairo_set_source_surface(context.get(), surface, 0, 0);
+    cairo_set_operator(context.get(), CAIRO_OPERATOR_SOURCE);
+    cairo_paint(context.get());
+    return copy;
+}
+
+/// Answers whether anything could be drawn. What shows now is drawn in either case: pending updates need no
+/// waiting for, since views are drawn from their present state.
+bool DrawViewHierarchy(ui::View self, objc::SEL, cg::Rect rect, bool) {
+    if (OpenContexts().empty() || !OpenContexts().back().context) {
+        return false;
+    }
+    LayoutWindows();
+    ViewRenderer(OpenContexts().back().context.get()).DrawInRect(self, rect);
+    return true;
+}
+
+/// Tells whoever saved a picture, in a later turn, as image:didFinishSavingWithError:contextInfo: is told.
+void Complete(objc::Ref<ns::Object> target, objc::SEL completion, objc::Ref<ui::Image> image, void *context) {
+    clock::Schedule(0, [=] {
+        using Completion = void (*)(objc::id, objc::SEL, ui::Image, ns::Object, void *);
+        const objc::id receiver = target.get().pointer;
+        reinterpret_cast<Completion>(objc_msg_lookup(receiver, completion))(receiver, completion, image, nullptr,
+                                                                            context);
+    });
+}
+
+} // namespace
+
+void RegisterImage() {
+    const objc::MethodEntry methods[] = {
+        objc::MethodNamed<"size", &Size>(),
+        objc::MethodNamed<"scale", &Scale>(),
+    };
+    RegisterClassWithState<ImageState>("UIImage", "NSObject", methods);
+    const objc::MethodEntry viewMethods[] = {
+        objc::MethodNamed<"drawViewHierarchyInRect:afterScreenUpdates:", &DrawViewHierarchy>(),
+    };
+    ExtendClass("UIView", viewMethods);
+}
+
+cairo_surface_t *PixelsOf(ui::Image image) {
+    return image ? StateOf<ImageState>(image).pixels.get() : nullptr;
+}
+
+} // namespace sim
+
+extern "C" {
+
+void UIGraphicsBeginImageContextWithOptions(cg::Size size, bool opaque, double scale) {
+    sim::OpenContexts().push_back(sim::MakeContext(size, opaque, scale > 0 ? scale : sim::ScreenScale()));
+}
+
+objc::id UIGraphicsGetImageFromCurrentImageContext() {
+    if (sim::OpenContexts().empty() || !sim::OpenContexts().back().surface) {
+        return nullptr;
+    }
+    const sim::ImageContext &context = sim::OpenContexts().back();
+    const auto image = ns::New<ui::Image>();
+    auto &state = sim::StateOf<sim::ImageState>(image.get());
+    state.pixels = sim::CopyOf(context.surface.get());
+    state.scale = context.scale;
+    return sim::Autoreleased(image).pointer;
+}
+
+void UIGraphicsEndImageContext() {
+    if (!sim::OpenContexts().empty()) {
+        sim::OpenContexts().pop_back();
+    }
+}
+
+void UIImageWriteToSavedPhotosAlbum(ui::Image image, ns::Object target, objc::SEL completion, void *context) {
+    cairo_surface_t *pixels = sim::PixelsOf(image);
+    if (pixels == nullptr) {
+        return;
+    }
+    sim::SaveToAlbum(pixels, sim::StateOf<sim::ImageState>(image).scale);
+    if (target && completion != nullptr) {
+        sim::Complete(target, completion, image, context);
+    }
+}
+}

@@ -1,0 +1,228 @@
+#include "uikit/keyboard.hpp"
+
+#include "apple/foundation/number.hpp"
+#include "apple/uikit/keyboard.hpp"
+#include "apple/uikit/window.hpp"
+#include "runtime/clock.hpp"
+#include "runtime/native_class.hpp"
+#include "uikit/animation.hpp"
+#include "uikit/application.hpp"
+#include "uikit/keyboard_keys.hpp"
+#include "uikit/responder.hpp"
+#include "uikit/text_input.hpp"
+
+#include <algorithm>
+
+extern "C" {
+extern const ns::String UIKeyboardDidShowNotification;
+extern const ns::String UIKeyboardDidHideNotification;
+extern const ns::String UIKeyboardWillChangeFrameNotification;
+extern const ns::String UIKeyboardDidChangeFrameNotification;
+extern const ns::String UIKeyboardFrameBeginUserInfoKey;
+extern const ns::String UIKeyboardAnimationCurveUserInfoKey;
+extern const ns::String UIKeyboardIsLocalUserInfoKey;
+}
+
+namespace sim {
+namespace {
+
+constexpr double kWindowLevel = 10'000'001; // above every window of an app
+constexpr int kKeyboardCurve = 7;           // a UIViewAnimationCurve without a public name
+
+/// Above all windows, but only the keyboard in it takes touches.
+struct KeyboardWindow : ui::Window {
+    using ui::Window::Window;
+    static constexpr const char *kClassName = "UIRemoteKeyboardWindow";
+};
+
+struct Keys : ui::View {
+    using ui::View::View;
+    static constexpr const char *kClassName = kKeysClass;
+};
+
+struct Keyboard {
+    double height = 336;
+    double duration = 0.25;
+    bool up = false;
+    cg::Rect frame;                   // where it is going to be
+    objc::Ref<KeyboardWindow> window; // while anything of it can be seen
+    objc::Ref<ui::View> panel;        // keys and accessory
+    objc::Ref<Keys> keys;
+    objc::Ref<ui::View> accessory;
+    long movement = 0; // grows with each movement: what an older one had in mind no longer holds
+};
+
+Keyboard &Shared() {
+    static auto &keyboard = *new Keyboard;
+    return keyboard;
+}
+
+/// What a notification carries.
+ns::Dictionary Info(cg::Rect begin, cg::Rect end) {
+    const auto info = objc::Send<"autorelease", ns::MutableDictionary>(
+        objc::SendClass<ns::MutableDictionary, "new", ns::MutableDictionary>());
+    const auto rect = [](cg::Rect frame) { return objc::SendClass<ui::Value, "valueWithCGRect:", ui::Value>(frame); };
+    info.setObject(rect(begin), UIKeyboardFrameBeginUserInfoKey);
+    info.setObject(rect(end), UIKeyboardFrameEndUserInfoKey);
+    info.setObject(objc::SendClass<ns::Number, "numberWithDouble:", ns::Number>(Shared().duration),
+                   UIKeyboardAnimationDurationUserInfoKey);
+    info.setObject(ns::Number::numberWithInt(kKeyboardCurve), UIKeyboardAnimationCurveUserInfoKey);
+    info.setObject(ns::Number::numberWithBool(true), UIKeyboardIsLocalUserInfoKey);
+    return info;
+}
+
+void Post(ns::String name, ns::Dictionary info) {
+    objc::Send<"postNotificationName:object:userInfo:", void>(ns::NotificationCenter::defaultCenter(), name,
+                                                              ns::Object{}, info);
+}
+
+cg::Rect BelowScreen(double height) {
+    return {{0, ScreenSize().height}, {ScreenSize().width, height}};
+}
+
+/// Makes the window and the keys when they are missing, and puts the accessory view on top of the keys.
+void Assemble(ui::View accessory, cg::Rect start) {
+    Keyboard &keyboard = Shared();
+    if (!keyboard.window) {
+        const cg::Rect screen{{}, ScreenSize()};
+        keyboard.window =
+            objc::Ref<KeyboardWindow>::Adopt(KeyboardWindow{ns::Alloc<KeyboardWindow>().initWithFrame(screen).pointer});
+        keyboard.window->setWindowLevel(kWindowLevel);
+        keyboard.panel = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame(start));
+        keyboard.keys = objc::Ref<Keys>::Adopt(Keys{ns::Alloc<Keys>().initWithFrame({}).pointer});
+        keyboard.panel->addSubview(keyboard.keys);
+        keyboard.window->addSubview(keyboard.panel);
+        keyboard.window->setHidden(false);
+    }
+    if (!(keyboard.accessory.get() == accessory)) {
+        keyboard.accessory->removeFromSuperview();
+        keyboard.accessory = accessory;
+        keyboard.panel->addSubview(accessory);
+    }
+}
+
+void Disassemble() {
+    Keyboard &keyboard = Shared();
+    keyboard.accessory->removeFromSuperview();
+    keyboard.window->setHidden(true);
+    keyboard.accessory = nullptr;
+    keyboard.keys = nullptr;
+    keyboard.panel = nullptr;
+    keyboard.window = nullptr;
+}
+
+void MovePanel(cg::Rect frame) {
+    const Keyboard &keyboard = Shared();
+    const double above = keyboard.accessory ? keyboard.accessory->frame().size.height : 0;
+    keyboard.panel->setFrame(frame);
+    keyboard.keys->setFrame({{0, above}, {frame.size.width, std::max(frame.size.height - above, 0.0)}});
+}
+
+/// Announces the movement, makes it, and announces its end.
+void Move(cg::Rect begin, cg::Rect end, ns::String will, ns::String did, const std::function<void()> &after) {
+    Keyboard &keyboard = Shared();
+    const long movement = ++keyboard.movement;
+    const auto info = objc::Ref<ns::Dictionary>(Info(begin, end));
+    Post(UIKeyboardWillChangeFrameNotification, info);
+    Post(will, info);
+    if (keyboard.movement != movement) {
+        return; // whoever heard of it wanted something else
+    }
+    const objc::Ref<ns::String> ended = did;
+    Animate(
+        {.duration = keyboard.duration, .options = kAnimationAllowUserInteraction}, [end] { MovePanel(end); },
+        [=](bool) {
+            if (Shared().movement == movement) {
+                after();
+                Post(UIKeyboardDidChangeFrameNotification, info);
+                Post(ended, info);
+            }
+        });
+}
+
+void Show(ui::Responder first) {
+    Keyboard &keyboard = Shared();
+    const auto accessory = objc::Send<"inputAccessoryView", ui::View>(first);
+    const double above = accessory ? accessory.frame().size.height : 0;
+    const double height = keyboard.height + above;
+    const cg::Size screen = ScreenSize();
+    const cg::Rect begin = keyboard.up ? keyboard.frame : BelowScreen(height);
+    const cg::Rect end{{0, screen.height - height}, {screen.width, height}};
+    keyboard.up = true;
+    keyboard.frame = end;
+    WithoutAnimation([&] {
+        Assemble(accessory, begin);
+        if (accessory) {
+            accessory.setFrame({{}, {screen.width, above}});
+        }
+        MovePanel({begin.origin, end.size});
+    });
+    Move(begin, end, UIKeyboardWillShowNotification, UIKeyboardDidShowNotification, [] {});
+}
+
+void Hide() {
+    Keyboard &keyboard = Shared();
+    const cg::Rect begin = keyboard.frame;
+    keyboard.up = false;
+    keyboard.frame = BelowScreen(begin.size.height);
+    Move(begin, keyboard.frame, UIKeyboardWillHideNotification, UIKeyboardDidHideNotification, &Disassemble);
+}
+
+ui::View HitTest(KeyboardWindow self, objc::SEL, cg::Point point, ui::Event event) {
+    const auto hit = objc::SendSuper<"hitTest:withEvent:", ui::View>(ui::Window{self.pointer}, point, event);
+    return hit == self ? ui::View{} : hit;
+}
+
+bool CanBecomeKeyWindow(KeyboardWindow, objc::SEL) {
+    return false;
+}
+
+// Rectangles in NSValues. Foundation's own kind is built in the same way.
+
+ui::Value ValueWithCGRect(objc::Object, objc::SEL, cg::Rect rect) {
+    return objc::SendClass<ui::Value, "valueWithRect:", ui::Value>(rect);
+}
+
+cg::Rect CGRectValue(ui::Value self, objc::SEL) {
+    return objc::Send<"rectValue", cg::Rect>(self);
+}
+
+} // namespace
+
+void KeyboardFollows(ui::Responder first) {
+    if (TextInputOf(first) != nullptr) {
+        Show(first);
+    } else if (Shared().up) {
+        Hide();
+    }
+}
+
+void SetKeyboardHeight(double height) {
+    Shared().height = height;
+    if (Shared().up) {
+        KeyboardFollows(FirstResponder());
+    }
+}
+
+void SetKeyboardDuration(double seconds) {
+    Shared().duration = seconds;
+}
+
+std::optional<cg::Rect> KeyboardFrame() {
+    return Shared().up ? std::optional(Shared().frame) : std::nullopt;
+}
+
+void RegisterKeyboard() {
+    SetKeyboardNames();
+    const objc::MethodEntry valueMethods[] = {objc::MethodNamed<"CGRectValue", &CGRectValue>()};
+    const objc::MethodEntry valueClassMethods[] = {objc::MethodNamed<"valueWithCGRect:", &ValueWithCGRect>()};
+    ExtendClass("NSValue", valueMethods, valueClassMethods);
+    RegisterKeyboardKeys();
+    const objc::MethodEntry windowMethods[] = {
+        objc::MethodNamed<"hitTest:withEvent:", &HitTest>(),
+        objc::MethodNamed<"canBecomeKeyWindow", &CanBecomeKeyWindow>(),
+    };
+    RegisterClass(KeyboardWindow::kClassName, "UIWindow", windowMethods);
+}
+
+} // namespace sim

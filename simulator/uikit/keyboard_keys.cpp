@@ -1,0 +1,123 @@
+#include "uikit/keyboard_keys.hpp"
+
+#include "render/text_layout.hpp"
+#include "runtime/native_class.hpp"
+#include "uikit/color.hpp"
+#include "uikit/view_state.hpp"
+
+#include <algorithm>
+#include <cairo.h>
+#include <numbers>
+
+namespace sim {
+namespace {
+
+constexpr double kKeyGap = 6;
+constexpr double kRowGap = 11;
+constexpr double kMargin = 3;
+constexpr double kTop = 10;
+constexpr double kTallestRow = 44;
+constexpr double kBelowKeys = 76; // points under the last row, where a phone without a home button has none
+constexpr double kKeyRadius = 5;
+constexpr int kRows = 4;
+constexpr double kMostKeys = 10; // in a row; its keys are as wide as the room allows
+
+struct Look {
+    Rgba background;
+    Rgba letterKey;
+    Rgba otherKey;
+    Rgba text;
+};
+
+Look PresentLook() {
+    return IsDarkAppearance() ? Look{{0.17, 0.17, 0.18, 1}, {0.42, 0.42, 0.43, 1}, {0.27, 0.27, 0.28, 1}, {1, 1, 1, 1}}
+                              : Look{{0.82, 0.83, 0.85, 1}, {1, 1, 1, 1}, {0.67, 0.7, 0.74, 1}, {0, 0, 0, 1}};
+}
+
+void SetSource(cairo_t *context, Rgba color) {
+    cairo_set_source_rgba(context, color.r, color.g, color.b, color.a);
+}
+
+class Keys {
+  public:
+    Keys(cairo_t *context, cg::Size size)
+        : context_(context), look_(PresentLook()),
+          keyWidth_((size.width - 2 * kMargin - (kMostKeys - 1) * kKeyGap) / kMostKeys), width_(size.width),
+          rowHeight_(std::min((size.height - kTop - kBelowKeys - (kRows - 1) * kRowGap) / kRows, kTallestRow)) {}
+
+    void Draw(double height) {
+        SetSource(context_, look_.background);
+        cairo_rectangle(context_, 0, 0, width_, height);
+        cairo_fill(context_);
+        constexpr double kReadable = 12; // a keyboard too low for its keys shows none
+        if (rowHeight_ < kReadable || keyWidth_ < kReadable) {
+            return;
+        }
+        Letters(u"QWERTYUIOP", 0);
+        Letters(u"ASDFGHJKL", 1);
+        Letters(u"ZXCVBNM", 2);
+        const double side = keyWidth_ * 1.3;
+        Key({kMargin, RowTop(2)}, side, u"⇧", look_.otherKey);
+        Key({width_ - kMargin - side, RowTop(2)}, side, u"⌫", look_.otherKey);
+        const double wide = keyWidth_ * 2.5;
+        const double space = width_ - 2 * (kMargin + wide + kKeyGap);
+        Key({kMargin, RowTop(3)}, wide, u"123", look_.otherKey);
+        Key({kMargin + wide + kKeyGap, RowTop(3)}, space, u"空格", look_.letterKey);
+        Key({width_ - kMargin - wide, RowTop(3)}, wide, u"换行", look_.otherKey);
+    }
+
+  private:
+    double RowTop(int row) const {
+        return kTop + row * (rowHeight_ + kRowGap);
+    }
+
+    /// A row of letters, in the middle.
+    void Letters(std::u16string_view letters, int row) {
+        const auto count = static_cast<double>(letters.size());
+        double x = (width_ - count * keyWidth_ - (count - 1) * kKeyGap) / 2;
+        for (std::size_t i = 0; i < letters.size(); ++i) {
+            Key({x, RowTop(row)}, keyWidth_, letters.substr(i, 1), look_.letterKey);
+            x += keyWidth_ + kKeyGap;
+        }
+    }
+
+    void Key(cg::Point origin, double width, std::u16string_view text, Rgba color) {
+        constexpr double kQuarter = std::numbers::pi / 2;
+        const auto corner = [&](double x, double y, int quarter) {
+            cairo_arc(context_, origin.x + x, origin.y + y, kKeyRadius, quarter * kQuarter, (quarter + 1) * kQuarter);
+        };
+        cairo_new_sub_path(context_);
+        corner(width - kKeyRadius, kKeyRadius, -1);
+        corner(width - kKeyRadius, rowHeight_ - kKeyRadius, 0);
+        corner(kKeyRadius, rowHeight_ - kKeyRadius, 1);
+        corner(kKeyRadius, kKeyRadius, 2);
+        cairo_close_path(context_);
+        SetSource(context_, color);
+        cairo_fill(context_);
+        const FontFace face{text.size() == 1 ? 21.0 : 16.0, false};
+        const FontMetrics metrics = MetricsOf(face);
+        SetSource(context_, look_.text);
+        const double baseline = origin.y + (rowHeight_ - metrics.lineHeight) / 2 + metrics.ascender;
+        DrawLine(context_, text, face, {origin.x, baseline, width, 0.5});
+    }
+
+    cairo_t *context_;
+    Look look_;
+    double keyWidth_;
+    double width_;
+    double rowHeight_;
+};
+
+void DrawKeys(ui::View view, cairo_t *context) {
+    const cg::Size size = PresentedValues(view).bounds.size;
+    Keys(context, size).Draw(size.height);
+}
+
+} // namespace
+
+void RegisterKeyboardKeys() {
+    RegisterClass(kKeysClass, "UIView", {});
+    RegisterDrawing(kKeysClass, &DrawKeys);
+}
+
+} // namespace sim

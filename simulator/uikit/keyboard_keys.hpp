@@ -1,0 +1,13 @@
+#pragma once
+// The keyboard's face: rows of keys. Touches end here; typing is the driver's.
+
+#include "apple/uikit/view.hpp"
+
+namespace sim {
+
+inline constexpr const char *kKeysClass = "UIKeyboard";
+
+/// After UIView's registration.
+void RegisterKeyboardKeys();
+
+} // namespace sim

@@ -1,0 +1,39 @@
+// The exported names of the keyboard's notifications and of what they carry. The platform's headers declare them
+// constant, so they are given their values here, in a unit that does not see those declarations.
+
+#include "apple/foundation/string.hpp"
+#include "uikit/keyboard.hpp"
+
+extern "C" {
+// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables): set once, at registration
+ns::String UIKeyboardWillShowNotification;
+ns::String UIKeyboardDidShowNotification;
+ns::String UIKeyboardWillHideNotification;
+ns::String UIKeyboardDidHideNotification;
+ns::String UIKeyboardWillChangeFrameNotification;
+ns::String UIKeyboardDidChangeFrameNotification;
+ns::String UIKeyboardFrameBeginUserInfoKey;
+ns::String UIKeyboardFrameEndUserInfoKey;
+ns::String UIKeyboardAnimationDurationUserInfoKey;
+ns::String UIKeyboardAnimationCurveUserInfoKey;
+ns::String UIKeyboardIsLocalUserInfoKey;
+// NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
+}
+
+namespace sim {
+
+void SetKeyboardNames() {
+    UIKeyboardWillShowNotification = "UIKeyboardWillShowNotification"_ns;
+    UIKeyboardDidShowNotification = "UIKeyboardDidShowNotification"_ns;
+    UIKeyboardWillHideNotification = "UIKeyboardWillHideNotification"_ns;
+    UIKeyboardDidHideNotification = "UIKeyboardDidHideNotification"_ns;
+    UIKeyboardWillChangeFrameNotification = "UIKeyboardWillChangeFrameNotification"_ns;
+    UIKeyboardDidChangeFrameNotification = "UIKeyboardDidChangeFrameNotification"_ns;
+    UIKeyboardFrameBeginUserInfoKey = "UIKeyboardFrameBeginUserInfoKey"_ns;
+    UIKeyboardFrameEndUserInfoKey = "UIKeyboardFrameEndUserInfoKey"_ns;
+    UIKeyboardAnimationDurationUserInfoKey = "UIKeyboardAnimationDurationUserInfoKey"_ns;
+    UIKeyboardAnimationCurveUserInfoKey = "UIKeyboardAnimationCurveUserInfoKey"_ns;
+    UIKeyboardIsLocalUserInfoKey = "UIKeyboardIsLocalUserInfoKey"_ns;
+}
+
+} // namespace sim

@@ -1,0 +1,218 @@
+#include "uikit/label.hpp"
+
+#include "render/text_layout.hpp"
+#include "runtime/native_class.hpp"
+#include "uikit/application.hpp"
+#include "uikit/color.hpp"
+#include "uikit/font.hpp"
+#include "uikit/text_measuring.hpp"
+#include "uikit/view_state.hpp"
+
+#include <algorithm>
+#include <cairo.h>
+#include <cmath>
+
+namespace sim {
+namespace {
+
+/// NSLineBreakMode.
+enum class BreakMode : long { kWord = 0, kCharacter = 1, kClip = 2, kHead = 3, kTail = 4, kMiddle = 5 };
+/// NSTextAlignment.
+enum class Alignment : long { kLeft = 0, kCenter = 1, kRight = 2, kJustified = 3, kNatural = 4 };
+
+struct LabelState {
+    objc::Ref<ns::String> text;
+    objc::Ref<ui::Color> textColor; // nil is the label colour
+    objc::Ref<ui::Font> font;       // nil is the system font, 17 points
+    Alignment alignment = Alignment::kNatural;
+    BreakMode breakMode = BreakMode::kTail;
+    long numberOfLines = 1; // 0 is as many as it takes
+};
+
+LabelState &StateOfLabel(ui::View label) {
+    return StateOf<LabelState>(label);
+}
+
+ui::Label InitWithFrame(ui::Label self, objc::SEL, cg::Rect frame) {
+    const auto label = objc::SendSuper<"initWithFrame:", ui::View>(ui::View{self.pointer}, frame);
+    if (label) {
+        ViewStateOf(label).userInteractionEnabled = false; // touches pass labels, as on the phone
+    }
+    return ui::Label{label.pointer};
+}
+
+ns::String Text(ui::Label self, objc::SEL) {
+    return StateOfLabel(self).text;
+}
+
+void SetText(ui::Label self, objc::SEL, ns::String text) {
+    StateOfLabel(self).text = objc::Ref<ns::String>::Adopt(objc::Send<"copy", ns::String>(text));
+}
+
+ui::Color TextColor(ui::Label self, objc::SEL) {
+    const LabelState &state = StateOfLabel(self);
+    return state.textColor ? state.textColor.get() : objc::SendClass<ui::Color, "labelColor", ui::Color>();
+}
+
+void SetTextColor(ui::Label self, objc::SEL, ui::Color color) {
+    StateOfLabel(self).textColor = color;
+}
+
+ui::Font Font(ui::Label self, objc::SEL) {
+    const LabelState &state = StateOfLabel(self);
+    return state.font ? state.font.get() : ui::Font::systemFontOfSize(FontFace{}.pointSize);
+}
+
+void SetFont(ui::Label self, objc::SEL, ui::Font font) {
+    StateOfLabel(self).font = font;
+}
+
+Alignment TextAlignment(ui::Label self, objc::SEL) {
+    return StateOfLabel(self).alignment;
+}
+
+void SetTextAlignment(ui::Label self, objc::SEL, Alignment alignment) {
+    StateOfLabel(self).alignment = alignment;
+}
+
+BreakMode LineBreakMode(ui::Label self, objc::SEL) {
+    return StateOfLabel(self).breakMode;
+}
+
+void SetLineBreakMode(ui::Label self, objc::SEL, BreakMode mode) {
+    StateOfLabel(self).breakMode = mode;
+}
+
+long NumberOfLines(ui::Label self, objc::SEL) {
+    return StateOfLabel(self).numberOfLines;
+}
+
+void SetNumberOfLines(ui::Label self, objc::SEL, long lines) {
+    StateOfLabel(self).numberOfLines = std::max(lines, 0L);
+}
+
+std::size_t LineLimit(const LabelState &state) {
+    return state.numberOfLines > 0 ? static_cast<std::size_t>(state.numberOfLines) : kAllLines;
+}
+
+LineStyle StyleIn(const LabelState &state, double width) {
+    return {FaceOf(state.font), state.breakMode == BreakMode::kCharacter ? Wrapping::kCharacter : Wrapping::kWord,
+            width};
+}
+
+double CeilToPixel(double length) {
+    return std::ceil(length * ScreenScale()) / ScreenScale();
+}
+
+cg::Size SizeThatFits(ui::Label self, objc::SEL, cg::Size size) {
+    const LabelState &state = StateOfLabel(self);
+    const std::u16string text = UnitsOf(state.text);
+    if (text.empty()) {
+        return {};
+    }
+    // A label of one line asks for all of it, however narrow the size.
+    const LineStyle style = StyleIn(state, state.numberOfLines == 1 ? 0 : size.width);
+    const TextExtent extent = MeasureText(text, style, LineLimit(state));
+    const double height = static_cast<double>(extent.lines) * MetricsOf(style.face).lineHeight;
+    return {CeilToPixel(extent.width), CeilToPixel(height)};
+}
+
+cg::Size IntrinsicContentSize(ui::Label self, objc::SEL) {
+    return self.sizeThatFits({});
+}
+
+double PlaceOf(Alignment alignment) {
+    return alignment == Alignment::kCenter ? 0.5 : alignment == Alignment::kRight ? 1 : 0;
+}
+
+Truncation TruncationOf(BreakMode mode) {
+    switch (mode) {
+    case BreakMode::kHead:
+        return Truncation::kHead;
+    case BreakMode::kMiddle:
+        return Truncation::kMiddle;
+    case BreakMode::kTail:
+        return Truncation::kTail;
+    default:
+        return Truncation::kNone;
+    }
+}
+
+/// What the last visible line shows when the text goes on: the rest of its paragraph, to be shortened or clipped,
+/// with an ellipsis of its own when only the paragraphs after it are missing. Wrapping modes just stop there.
+std::u16string LastLine(std::u16string_view text, const TextLine &line, BreakMode mode) {
+    if (mode == BreakMode::kWord || mode == BreakMode::kCharacter) {
+        return std::u16string(text.substr(line.start, line.end - line.start));
+    }
+    const TextLine paragraph = BreakLines(text.substr(line.start), {{}, Wrapping::kNone, 0}, 1).front();
+    std::u16string rest(text.substr(line.start, paragraph.end));
+    if (mode != BreakMode::kClip && line.start + paragraph.end < text.size()) {
+        rest += u'…';
+    }
+    return rest;
+}
+
+std::u16string_view WithoutTrailingSpace(std::u16string_view line) {
+    const std::size_t last = line.find_last_not_of(u" \t\u3000");
+    return last == std::u16string_view::npos ? line : line.substr(0, last + 1);
+}
+
+void DrawLabel(ui::View view, cairo_t *context) {
+    const LabelState &state = StateOfLabel(view);
+    const std::u16string units = UnitsOf(state.text);
+    const cg::Size size = PresentedValues(view).bounds.size;
+    if (units.empty() || !(size.width > 0) || !(size.height > 0)) {
+        return;
+    }
+    const std::u16string_view text = units;
+    const LineStyle style = StyleIn(state, size.width);
+    const FontMetrics metrics = MetricsOf(style.face);
+    const auto fitting = static_cast<std::size_t>(std::max(1.0, std::floor(size.height / metrics.lineHeight)));
+    const std::size_t limit = std::min(LineLimit(state), fitting);
+    std::vector<TextLine> lines = BreakLines(text, style, limit + 1);
+    const bool goesOn = lines.size() > limit;
+    lines.resize(std::min(lines.size(), limit));
+
+    cairo_rectangle(context, 0, 0, size.width, size.height);
+    cairo_clip(context);
+    const Rgba color = RgbaOf(TextColor(ui::Label{view.pointer}, nullptr));
+    cairo_set_source_rgba(context, color.r, color.g, color.b, color.a);
+    const double top = (size.height - static_cast<double>(lines.size()) * metrics.lineHeight) / 2;
+    LineBox box{0, top + metrics.ascender, size.width, PlaceOf(state.alignment)};
+    for (const TextLine &line : lines) {
+        const bool last = &line == &lines.back();
+        if (last && goesOn) {
+            DrawLine(context, LastLine(text, line, state.breakMode), style.face, box, TruncationOf(state.breakMode));
+        } else {
+            const std::u16string_view whole = text.substr(line.start, line.end - line.start);
+            DrawLine(context, last ? whole : WithoutTrailingSpace(whole), style.face, box);
+        }
+        box.baseline += metrics.lineHeight;
+    }
+}
+
+} // namespace
+
+void RegisterLabel() {
+    const objc::MethodEntry methods[] = {
+        objc::MethodNamed<"initWithFrame:", &InitWithFrame>(),
+        objc::MethodNamed<"text", &Text>(),
+        objc::MethodNamed<"setText:", &SetText>(),
+        objc::MethodNamed<"textColor", &TextColor>(),
+        objc::MethodNamed<"setTextColor:", &SetTextColor>(),
+        objc::MethodNamed<"font", &Font>(),
+        objc::MethodNamed<"setFont:", &SetFont>(),
+        objc::MethodNamed<"textAlignment", &TextAlignment>(),
+        objc::MethodNamed<"setTextAlignment:", &SetTextAlignment>(),
+        objc::MethodNamed<"lineBreakMode", &LineBreakMode>(),
+        objc::MethodNamed<"setLineBreakMode:", &SetLineBreakMode>(),
+        objc::MethodNamed<"numberOfLines", &NumberOfLines>(),
+        objc::MethodNamed<"setNumberOfLines:", &SetNumberOfLines>(),
+        objc::MethodNamed<"sizeThatFits:", &SizeThatFits>(),
+        objc::MethodNamed<"intrinsicContentSize", &IntrinsicContentSize>(),
+    };
+    RegisterClassWithState<LabelState>("UILabel", "UIView", methods);
+    RegisterDrawing("UILabel", &DrawLabel);
+}
+
+} // namespace sim

@@ -1,0 +1,99 @@
+#include "uikit/pasteboard.hpp"
+
+#include "objc/ref.hpp"
+#include "runtime/native_class.hpp"
+#include "uikit/text_measuring.hpp"
+
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+
+namespace sim {
+namespace {
+
+using ui::Pasteboard;
+
+struct Copied {
+    std::string path;
+    std::optional<std::u16string> text;
+    long changes = 0;
+};
+
+Copied &Shared() {
+    static auto &copied = *new Copied;
+    return copied;
+}
+
+void Write() {
+    const Copied &copied = Shared();
+    if (copied.path.empty()) {
+        return;
+    }
+    std::error_code ignored;
+    if (!copied.text) {
+        std::filesystem::remove(copied.path, ignored);
+        return;
+    }
+    std::ofstream file(copied.path, std::ios::binary | std::ios::trunc);
+    file.write(reinterpret_cast<const char *>(copied.text->data()),
+               static_cast<std::streamsize>(copied.text->size() * sizeof(char16_t)));
+    file.close();
+    if (!file) {
+        std::fprintf(stderr, "cannot write %s\n", copied.path.c_str());
+    }
+}
+
+Pasteboard GeneralPasteboard(objc::Object, objc::SEL) {
+    static const auto &general = *new objc::Ref<Pasteboard>(ns::New<Pasteboard>());
+    return general;
+}
+
+ns::String String(Pasteboard, objc::SEL) {
+    const std::optional<std::u16string> &text = Shared().text;
+    return text ? ns::String::stringWithCharacters(text->data(), text->size()) : ns::String{};
+}
+
+void SetString(Pasteboard, objc::SEL, ns::String text) {
+    Shared().text = text ? std::optional(UnitsOf(text)) : std::nullopt;
+    ++Shared().changes;
+    Write();
+}
+
+bool HasStrings(Pasteboard, objc::SEL) {
+    return Shared().text.has_value();
+}
+
+long ChangeCount(Pasteboard, objc::SEL) {
+    return Shared().changes;
+}
+
+} // namespace
+
+void SetPasteboardFile(const std::string &path) {
+    Copied &copied = Shared();
+    copied.path = path;
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        return;
+    }
+    const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    copied.text.emplace(bytes.size() / sizeof(char16_t), u'\0');
+    std::memcpy(copied.text->data(), bytes.data(), copied.text->size() * sizeof(char16_t));
+}
+
+void RegisterPasteboard() {
+    const objc::MethodEntry methods[] = {
+        objc::MethodNamed<"string", &String>(),
+        objc::MethodNamed<"setString:", &SetString>(),
+        objc::MethodNamed<"hasStrings", &HasStrings>(),
+        objc::MethodNamed<"changeCount", &ChangeCount>(),
+    };
+    const objc::MethodEntry classMethods[] = {
+        objc::MethodNamed<"generalPasteboard", &GeneralPasteboard>(),
+    };
+    RegisterClass("UIPasteboard", "NSObject", methods, classMethods);
+}
+
+} // namespace sim

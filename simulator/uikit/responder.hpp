@@ -1,0 +1,13 @@
+#pragma once
+// UIResponder: the chain and the first responder.
+
+#include "apple/uikit/view.hpp"
+
+namespace sim {
+
+void RegisterResponder();
+
+/// The object that has the keyboard; nil when none has.
+ui::Responder FirstResponder();
+
+} // namespace sim

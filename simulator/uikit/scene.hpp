@@ -1,0 +1,8 @@
+#pragma once
+// UIScene and UIWindowScene.
+
+namespace sim {
+
+void RegisterScene();
+
+} // namespace sim

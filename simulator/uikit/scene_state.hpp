@@ -1,0 +1,36 @@
+#pragma once
+// What scenes and windows keep, for the files that make up the application.
+
+#include "apple/uikit/window.hpp"
+
+#include <vector>
+
+namespace sim {
+
+struct SceneState {
+    long activationState = -1;
+    ui::Window keyWindow; // not owned
+};
+
+struct WindowState {
+    double level = 0;
+    ui::WindowScene scene;   // not owned
+    long shownOrder = 0;     // grows each time a window is made visible; 0 before the first
+    long becameKeyOrder = 0; // grows each time a window becomes key
+    objc::Ref<ui::ViewController> root;
+    bool rootIsShown = false; // its view is in the window, and told so
+};
+
+SceneState &SceneStateOf(ui::Scene scene);
+WindowState &WindowStateOf(ui::Window window);
+
+/// Every window alive, in order of making; not owned.
+std::vector<ui::Window> &AllWindows();
+
+/// The key window of the whole application: the one that became key last.
+ui::Window ApplicationKeyWindow();
+
+/// Makes the window its scene's (and the application's) key window; nil takes the status from the scene's present one.
+void SetKeyWindow(ui::WindowScene scene, ui::Window window);
+
+} // namespace sim

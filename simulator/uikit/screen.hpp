@@ -1,0 +1,13 @@
+#pragma once
+// UIScreen: the one main screen.
+
+#include "apple/uikit/window.hpp"
+
+namespace sim {
+
+void RegisterScreen();
+
+/// The main screen, which serves as coordinate space too.
+ui::Screen MainScreen();
+
+} // namespace sim

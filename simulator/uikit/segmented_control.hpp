@@ -1,0 +1,9 @@
+#pragma once
+// UISegmentedControl, with titles.
+
+namespace sim {
+
+/// After UIControl's registration.
+void RegisterSegmentedControl();
+
+} // namespace sim

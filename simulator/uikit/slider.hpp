@@ -1,0 +1,9 @@
+#pragma once
+// UISlider.
+
+namespace sim {
+
+/// After UIControl's registration.
+void RegisterSlider();
+
+} // namespace sim

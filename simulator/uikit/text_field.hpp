@@ -1,0 +1,9 @@
+#pragma once
+// UITextField.
+
+namespace sim {
+
+/// After UIControl's registration.
+void RegisterTextField();
+
+} // namespace sim

@@ -1,0 +1,57 @@
+#include "uikit/text_input.hpp"
+
+#include "uikit/responder.hpp"
+
+#include <map>
+#include <string>
+
+namespace sim {
+namespace {
+
+std::map<std::string, TextInput> &Inputs() {
+    static std::map<std::string, TextInput> inputs;
+    return inputs;
+}
+
+/// Changes the text under edit and tells its view.
+template <class Change> void Edit(const Change &change) {
+    const objc::Ref<ui::View> view = EditedView();
+    const TextInput &input = *TextInputOf(view.get());
+    change(input.text(view));
+    input.edited(view);
+}
+
+} // namespace
+
+void RegisterTextInput(const char *className, TextInput input) {
+    Inputs()[className] = input;
+}
+
+const TextInput *TextInputOf(ui::Responder view) {
+    for (objc::Class cls = view ? objc::object_getClass(view.pointer) : nullptr; cls != nullptr;
+         cls = class_getSuperclass(cls)) {
+        if (const auto found = Inputs().find(class_getName(cls)); found != Inputs().end()) {
+            return &found->second;
+        }
+    }
+    return nullptr;
+}
+
+ui::View EditedView() {
+    const ui::Responder first = FirstResponder();
+    return TextInputOf(first) != nullptr ? ui::View{first.pointer} : ui::View{};
+}
+
+void TypeText(ns::String text) {
+    Edit([text](EditableText &edited) { edited.Insert(text); });
+}
+
+void TypeDelete() {
+    Edit([](EditableText &edited) { edited.DeleteBackward(); });
+}
+
+void SelectText(ns::Range range) {
+    Edit([range](EditableText &edited) { edited.Select(range); });
+}
+
+} // namespace sim

@@ -1,0 +1,62 @@
+#include "uikit/text_measuring.hpp"
+
+#include "render/text_layout.hpp"
+#include "runtime/native_class.hpp"
+#include "uikit/font.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace sim {
+namespace {
+
+constexpr double kDefaultPointSize = 12; // of text without a font attribute, unlike a label's
+
+FontFace FaceIn(ns::Dictionary attributes) {
+    const ns::Object font = attributes.objectForKey(NSFontAttributeName);
+    return font ? FaceOf(ui::Font{font.pointer}) : FontFace{kDefaultPointSize, false};
+}
+
+cg::Rect BoundingRect(ns::String self, objc::SEL, cg::Size size, long options, ns::Dictionary attributes, ns::Object) {
+    const FontFace face = FaceIn(attributes);
+    const double lineHeight = MetricsOf(face).lineHeight;
+    const std::u16string text = UnitsOf(self);
+    if ((options & ui::kUsesLineFragmentOrigin) == 0) { // one line, whatever the text holds and the size says
+        const TextExtent extent = MeasureText(text, {face, Wrapping::kNone, 0}, 1);
+        return {{}, {extent.width, lineHeight}};
+    }
+    const TextExtent extent = MeasureText(text, {face, Wrapping::kWord, size.width});
+    double lines = static_cast<double>(extent.lines);
+    // Lines that the height has no room for are left out. A length that is not above zero is no limit.
+    if (size.height > 0) {
+        lines = std::clamp(std::floor(size.height / lineHeight), 1.0, lines);
+    }
+    return {{}, {extent.width, lines * lineHeight}};
+}
+
+cg::Size SizeWithAttributes(ns::String self, objc::SEL, ns::Dictionary attributes) {
+    const FontFace face = FaceIn(attributes);
+    const TextExtent extent = MeasureText(UnitsOf(self), {face, Wrapping::kNone, 0});
+    return {extent.width, static_cast<double>(extent.lines) * MetricsOf(face).lineHeight};
+}
+
+} // namespace
+
+void RegisterTextMeasuring() {
+    SetTextAttributeNames();
+    const objc::MethodEntry methods[] = {
+        objc::MethodNamed<"boundingRectWithSize:options:attributes:context:", &BoundingRect>(),
+        objc::MethodNamed<"sizeWithAttributes:", &SizeWithAttributes>(),
+    };
+    ExtendClass("NSString", methods);
+}
+
+std::u16string UnitsOf(ns::String text) {
+    std::u16string units(text.length(), u'\0');
+    if (!units.empty()) {
+        text.getCharacters(units.data(), {0, units.size()});
+    }
+    return units;
+}
+
+} // namespace sim

@@ -1,0 +1,321 @@
+#include "uikit/text_view.hpp"
+
+#include "render/text_layout.hpp"
+#include "runtime/native_class.hpp"
+#include "uikit/color.hpp"
+#include "uikit/font.hpp"
+#include "uikit/responder.hpp"
+#include "uikit/scroll_view.hpp"
+#include "uikit/text_input.hpp"
+#include "uikit/text_measuring.hpp"
+#include "uikit/view_geometry.hpp"
+
+#include <algorithm>
+#include <cairo.h>
+#include <cmath>
+
+namespace sim {
+namespace {
+
+using ui::TextView;
+
+/// Points between the container's sides and the text, in every text view.
+constexpr double kLinePadding = 5;
+constexpr double kCaretWidth = 2;
+constexpr double kSelectionAlpha = 0.2;
+
+struct TextViewState {
+    EditableText text;
+    objc::Ref<ui::Color> textColor; // nil is the label colour
+    objc::Ref<ui::Font> font;       // nil is the system font, 12 points
+    objc::Ref<ui::View> accessory;
+    ui::EdgeInsets inset{8, 0, 8, 0};
+    bool editable = true;
+};
+
+struct ScrollView : ui::View {
+    using ui::View::View;
+    static constexpr const char *kClassName = "UIScrollView";
+};
+
+TextViewState &StateOfTextView(ui::View self) {
+    return StateOf<TextViewState>(self);
+}
+
+FontFace FaceOfText(const TextViewState &state) {
+    constexpr double kDefaultSize = 12;
+    return state.font ? FaceOf(state.font) : FontFace{kDefaultSize, false};
+}
+
+// Layout, in the content's coordinates.
+
+struct TextPlace {
+    std::u16string units;
+    std::vector<TextLine> lines;
+    FontFace face;
+    FontMetrics metrics;
+    double left = 0;
+    double top = 0;
+    double width = 0;
+
+    double TopOf(std::size_t line) const {
+        return top + static_cast<double>(line) * metrics.lineHeight;
+    }
+    /// The line on which a place between units lies: at a wrapped line's end, that is the next line.
+    std::size_t LineAt(std::size_t unit) const {
+        const auto after = std::ranges::upper_bound(lines, unit, {}, &TextLine::start);
+        return after == lines.begin() ? 0 : static_cast<std::size_t>(after - lines.begin()) - 1;
+    }
+    /// How far right of its line's start a place between units is.
+    double AdvanceTo(std::size_t line, std::size_t unit) const {
+        const TextLine &place = lines[line];
+        const std::size_t end = std::clamp(unit, place.start, place.end);
+        const std::u16string_view head = std::u16string_view(units).substr(place.start, end - place.start);
+        return head.empty() ? 0 : MeasureText(head, {face, Wrapping::kNone, 0}).width;
+    }
+    cg::Rect CaretAt(std::size_t unit) const {
+        const std::size_t line = LineAt(unit);
+        const double x = std::min(AdvanceTo(line, unit), width);
+        return {{left + x - kCaretWidth / 2, TopOf(line)}, {kCaretWidth, metrics.lineHeight}};
+    }
+};
+
+TextPlace PlaceText(ui::View self, cg::Size size) {
+    const TextViewState &state = StateOfTextView(self);
+    TextPlace place;
+    place.units = UnitsOf(state.text.text());
+    place.face = FaceOfText(state);
+    place.metrics = MetricsOf(place.face);
+    place.left = state.inset.left + kLinePadding;
+    place.top = state.inset.top;
+    place.width = std::max(size.width - state.inset.left - state.inset.right - 2 * kLinePadding, 1.0);
+    place.lines = BreakLines(place.units, {place.face, Wrapping::kWord, place.width});
+    return place;
+}
+
+double HeightOf(ui::View self, const TextPlace &place) {
+    return std::ceil(place.TopOf(place.lines.size()) + StateOfTextView(self).inset.bottom);
+}
+
+void FitContent(ui::View self) {
+    const cg::Size size = self.bounds().size;
+    SetContentSize(self, {size.width, HeightOf(self, PlaceText(self, size))});
+}
+
+/// After the keyboard: the content has its new height and the caret is in sight.
+void Edited(ui::View self) {
+    FitContent(self);
+    const ns::Range selection = StateOfTextView(self).text.selection();
+    const TextPlace place = PlaceText(self, self.bounds().size);
+    const ui::EdgeInsets &inset = StateOfTextView(self).inset;
+    cg::Rect caret = place.CaretAt(selection.location + selection.length);
+    caret.origin.y -= inset.top;
+    caret.size.height += inset.top + inset.bottom;
+    ScrollToRect(self, caret, false);
+}
+
+EditableText &TextOf(ui::View self) {
+    return StateOfTextView(self).text;
+}
+
+// Properties.
+
+ns::String Text(TextView self, objc::SEL) {
+    return TextOf(self).text();
+}
+
+void SetText(TextView self, objc::SEL, ns::String text) {
+    TextOf(self).SetText(text);
+    FitContent(self);
+}
+
+ui::Color TextColor(TextView self, objc::SEL) {
+    return StateOfTextView(self).textColor;
+}
+
+void SetTextColor(TextView self, objc::SEL, ui::Color color) {
+    StateOfTextView(self).textColor = color;
+}
+
+ui::Font Font(TextView self, objc::SEL) {
+    return StateOfTextView(self).font;
+}
+
+void SetFont(TextView self, objc::SEL, ui::Font font) {
+    StateOfTextView(self).font = font;
+    FitContent(self);
+}
+
+ui::EdgeInsets TextContainerInset(TextView self, objc::SEL) {
+    return StateOfTextView(self).inset;
+}
+
+void SetTextContainerInset(TextView self, objc::SEL, ui::EdgeInsets inset) {
+    StateOfTextView(self).inset = inset;
+    FitContent(self);
+}
+
+ns::Range SelectedRange(TextView self, objc::SEL) {
+    return TextOf(self).selection();
+}
+
+void SetSelectedRange(TextView self, objc::SEL, ns::Range range) {
+    TextOf(self).Select(range);
+}
+
+bool IsEditable(TextView self, objc::SEL) {
+    return StateOfTextView(self).editable;
+}
+
+void SetEditable(TextView self, objc::SEL, bool editable) {
+    StateOfTextView(self).editable = editable;
+    if (!editable && FirstResponder() == self) {
+        objc::Send<"resignFirstResponder", bool>(ui::Responder{self.pointer});
+    }
+}
+
+ui::View InputAccessoryView(TextView self, objc::SEL) {
+    return StateOfTextView(self).accessory;
+}
+
+void SetInputAccessoryView(TextView self, objc::SEL, ui::View view) {
+    StateOfTextView(self).accessory = view;
+}
+
+bool CanBecomeFirstResponder(TextView self, objc::SEL) {
+    return StateOfTextView(self).editable && WindowOf(self);
+}
+
+void LayoutSubviews(TextView self, objc::SEL) {
+    FitContent(self);
+}
+
+cg::Size SizeThatFits(TextView self, objc::SEL, cg::Size size) {
+    return {size.width, HeightOf(self, PlaceText(self, size))};
+}
+
+// A tap brings the keyboard up and the caret to where the finger was.
+
+std::size_t UnitNear(const TextPlace &place, cg::Point point) {
+    const double row = std::floor((point.y - place.top) / place.metrics.lineHeight);
+    const auto line = static_cast<std::size_t>(std::clamp(row, 0.0, static_cast<double>(place.lines.size()) - 1));
+    const TextLine &whole = place.lines[line];
+    std::size_t nearest = whole.start;
+    double smallest = std::abs(point.x - place.left);
+    for (std::size_t unit = whole.start + 1; unit <= whole.end; ++unit) {
+        const bool splitsPair = unit < place.units.size() && (place.units[unit] & 0xFC00) == 0xDC00;
+        const double distance = std::abs(point.x - place.left - place.AdvanceTo(line, unit));
+        if (!splitsPair && distance <= smallest) {
+            nearest = unit;
+            smallest = distance;
+        }
+    }
+    return nearest;
+}
+
+void HandleTap(TextView self, objc::SEL, ui::GestureRecognizer tap) {
+    if (tap.state() == ui::GestureState::kEnded && self.becomeFirstResponder()) {
+        const auto point = objc::Send<"locationInView:", cg::Point>(tap, self);
+        TextOf(self).Select({UnitNear(PlaceText(self, self.bounds().size), point), 0});
+    }
+}
+
+TextView InitWithFrame(TextView self, objc::SEL, cg::Rect frame) {
+    const auto view = objc::SendSuper<"initWithFrame:", ui::View>(ScrollView{self.pointer}, frame);
+    if (view) {
+        view.setBackgroundColor(ui::Color::systemBackgroundColor());
+        const auto tap = objc::Ref<ui::GestureRecognizer>::Adopt(
+            ns::Alloc<ui::TapGestureRecognizer>().initWithTarget(view, objc::Selector<"_handleTap:">()));
+        view.addGestureRecognizer(tap);
+        FitContent(view);
+    }
+    return TextView{view.pointer};
+}
+
+// Drawing.
+
+void DrawSelection(cairo_t *context, const TextPlace &place, std::size_t line, ns::Range selection) {
+    const TextLine &whole = place.lines[line];
+    const std::size_t from = std::max<std::size_t>(selection.location, whole.start);
+    const std::size_t to = std::min<std::size_t>(selection.location + selection.length, whole.end);
+    if (from < to) {
+        const double left = place.AdvanceTo(line, from);
+        cairo_rectangle(context, place.left + left, place.TopOf(line), place.AdvanceTo(line, to) - left,
+                        place.metrics.lineHeight);
+        cairo_fill(context);
+    }
+}
+
+void SetSource(cairo_t *context, ui::Color color, double alpha = 1) {
+    const Rgba rgba = RgbaOf(color);
+    cairo_set_source_rgba(context, rgba.r, rgba.g, rgba.b, rgba.a * alpha);
+}
+
+void DrawTextView(ui::View view, cairo_t *context) {
+    const TextViewState &state = StateOfTextView(view);
+    const cg::Rect bounds = PresentedValues(view).bounds;
+    if (!(bounds.size.width > 0) || !(bounds.size.height > 0)) {
+        return;
+    }
+    const TextPlace place = PlaceText(view, bounds.size);
+    const ns::Range selection = state.text.selection();
+    const bool edited = FirstResponder() == view;
+    const ui::Color tint = ui::Color::systemBlueColor();
+    cairo_translate(context, -bounds.origin.x, -bounds.origin.y);
+    cairo_rectangle(context, bounds.origin.x, bounds.origin.y, bounds.size.width, bounds.size.height);
+    cairo_clip(context);
+    for (std::size_t line = 0; line < place.lines.size(); ++line) {
+        const double top = place.TopOf(line);
+        if (top + place.metrics.lineHeight < bounds.origin.y) {
+            continue;
+        }
+        if (top > bounds.origin.y + bounds.size.height) {
+            break;
+        }
+        if (edited && selection.length > 0) {
+            SetSource(context, tint, kSelectionAlpha);
+            DrawSelection(context, place, line, selection);
+        }
+        SetSource(context, state.textColor ? state.textColor.get() : ui::Color::labelColor());
+        const TextLine &whole = place.lines[line];
+        DrawLine(context, std::u16string_view(place.units).substr(whole.start, whole.end - whole.start), place.face,
+                 {place.left, top + place.metrics.ascender, place.width, 0});
+    }
+    if (edited && selection.length == 0) {
+        const cg::Rect caret = place.CaretAt(selection.location);
+        SetSource(context, tint);
+        cairo_rectangle(context, caret.origin.x, caret.origin.y, caret.size.width, caret.size.height);
+        cairo_fill(context);
+    }
+}
+
+} // namespace
+
+void RegisterTextView() {
+    const objc::MethodEntry methods[] = {
+        objc::MethodNamed<"initWithFrame:", &InitWithFrame>(),
+        objc::MethodNamed<"text", &Text>(),
+        objc::MethodNamed<"setText:", &SetText>(),
+        objc::MethodNamed<"textColor", &TextColor>(),
+        objc::MethodNamed<"setTextColor:", &SetTextColor>(),
+        objc::MethodNamed<"font", &Font>(),
+        objc::MethodNamed<"setFont:", &SetFont>(),
+        objc::MethodNamed<"textContainerInset", &TextContainerInset>(),
+        objc::MethodNamed<"setTextContainerInset:", &SetTextContainerInset>(),
+        objc::MethodNamed<"selectedRange", &SelectedRange>(),
+        objc::MethodNamed<"setSelectedRange:", &SetSelectedRange>(),
+        objc::MethodNamed<"isEditable", &IsEditable>(),
+        objc::MethodNamed<"setEditable:", &SetEditable>(),
+        objc::MethodNamed<"inputAccessoryView", &InputAccessoryView>(),
+        objc::MethodNamed<"setInputAccessoryView:", &SetInputAccessoryView>(),
+        objc::MethodNamed<"canBecomeFirstResponder", &CanBecomeFirstResponder>(),
+        objc::MethodNamed<"layoutSubviews", &LayoutSubviews>(),
+        objc::MethodNamed<"sizeThatFits:", &SizeThatFits>(),
+        objc::MethodNamed<"_handleTap:", &HandleTap>(),
+    };
+    RegisterClassWithState<TextViewState>("UITextView", "UIScrollView", methods);
+    RegisterDrawing("UITextView", &DrawTextView);
+    RegisterTextInput("UITextView", {&TextOf, &Edited});
+}
+
+} // namespace sim

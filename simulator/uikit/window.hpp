@@ -1,0 +1,8 @@
+#pragma once
+// UIWindow.
+
+namespace sim {
+
+void RegisterWindow();
+
+} // namespace sim

@@ -1,0 +1,41 @@
+#include "adapters/method_hook.hpp"
+
+#include <cstdlib>
+
+namespace corvel {
+namespace {
+
+/// The method that the class itself defines for the selector, inherited ones left aside; nil when it defines none.
+objc::Method OwnMethod(objc::Class cls, objc::SEL selector) {
+    unsigned count = 0;
+    objc::Method *const methods = class_copyMethodList(cls, &count);
+    objc::Method found = nullptr;
+    for (unsigned i = 0; i < count && found == nullptr; ++i) {
+        // By name: a runtime may keep one selector for each set of types that a name is declared with.
+        if (static_cast<bool>(sel_isEqual(method_getName(methods[i]), selector))) {
+            found = methods[i];
+        }
+    }
+    std::free(static_cast<void *>(methods));
+    return found;
+}
+
+} // namespace
+
+void InstallMethodHook(objc::Class cls, objc::SEL selector, objc::IMP replacement, objc::IMP *previousSlot) {
+    for (objc::Class level = cls; level != nullptr; level = class_getSuperclass(level)) {
+        const objc::Method method = OwnMethod(level, selector);
+        if (method == nullptr) {
+            continue;
+        }
+        if (level == cls) {
+            *previousSlot = method_setImplementation(method, replacement);
+        } else {
+            *previousSlot = method_getImplementation(method);
+            class_addMethod(cls, selector, replacement, method_getTypeEncoding(method));
+        }
+        return;
+    }
+}
+
+} // namespace corvel

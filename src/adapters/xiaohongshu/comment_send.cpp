@@ -1,0 +1,70 @@
+// Sending a comment through Xiaohongshu's decorate view, its comment bar or its messaging engine.
+
+#include "adapters/host_access.hpp"
+#include "adapters/send_frame.hpp"
+#include "adapters/send_functions.hpp"
+#include "adapters/xiaohongshu/adapter_state.hpp"
+#include "apple/foundation/number.hpp"
+
+namespace corvel::xiaohongshu {
+namespace {
+
+/// Types the text into the bar and presses its button; false when it has none to press.
+bool SendViaBar(CommentBar bar, ns::String text) {
+    const objc::SEL clearInput = objc::Selector<"clearInput">();
+    PerformIfAnswered(bar, clearInput);
+    bar.setValue(text, "text"_ns);
+    const objc::SEL press = objc::Selector<"sendButtonTapped:">();
+    if (!bar.respondsToSelector(press)) {
+        return false;
+    }
+    bar.performSelector(press, nullptr);
+    PerformIfAnswered(bar, clearInput);
+    return true;
+}
+
+void SendViaEngine(ImEngine engine, ns::Object groupId, ns::String text) {
+    if (objc::ClassOf<ImMessage>() == nullptr) {
+        return;
+    }
+    auto message = ns::Alloc<ImMessage>();
+    // A message class without this initialiser gets its message sent as allocated; the engine decides what to make of
+    // it.
+    if (message.respondsToSelector(objc::Selector<"initWithType:groupID:priority:dict:">())) {
+        const auto content = ns::New<ns::MutableDictionary>();
+        content->setObject(text, "content"_ns);
+        content->setObject(ns::Number::numberWithInt(0), "type"_ns);
+        message = message.initWithType(0, groupId, 0, content.get());
+    }
+    engine.sendCustomWithMsg(objc::Ref<ImMessage>::Adopt(message), nullptr, nullptr);
+}
+
+void Send(ns::String text) {
+    // Held: the send itself may make other ones captured.
+    const objc::Ref<DecorateView> view = state.decorateView;
+    const objc::Ref<CommentBar> bar = state.commentBar;
+    const objc::Ref<ImEngine> engine = state.imEngine;
+    const objc::Ref<ns::Object> groupId = state.groupId;
+    LogSendLine(u"[XHS] send=\"%@\" dv=%@ cb=%@"_ns, text, CapturedMark(view), CapturedMark(bar));
+    const bool sent = (view && TrySendPath(u"[XHS] ❌ %@"_ns,
+                                           [&] {
+                                               view->sendFasterChatMsg(text);
+                                               return true;
+                                           })) ||
+                      (bar && TrySendPath(u"[XHS] ❌ %@"_ns, [&] { return SendViaBar(bar, text); }));
+    if (!sent && engine && groupId) {
+        objc::Guard([&] { SendViaEngine(engine, groupId, text); });
+    }
+}
+
+} // namespace
+} // namespace corvel::xiaohongshu
+
+bool XHS_IsReady() {
+    using corvel::xiaohongshu::state;
+    return state.decorateView || state.commentBar;
+}
+
+void XHS_SendMessage(objc::id text) {
+    corvel::RunSend(text, &corvel::xiaohongshu::Send);
+}

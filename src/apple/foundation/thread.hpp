@@ -1,0 +1,18 @@
+#pragma once
+// NSThread.
+
+#include "apple/foundation/object.hpp"
+
+namespace ns {
+
+struct Thread : Object {
+    using Object::Object;
+    static constexpr const char *kClassName = "NSThread";
+
+    /// Blocks the calling thread for the time in seconds.
+    static void sleepForTimeInterval(double seconds) {
+        objc::SendClass<Thread, "sleepForTimeInterval:", void>(seconds);
+    }
+};
+
+} // namespace ns

@@ -1,0 +1,17 @@
+#pragma once
+// UIScrollView.
+
+#include "apple/uikit/view.hpp"
+
+namespace ui {
+
+struct ScrollView : View {
+    using View::View;
+    static constexpr const char *kClassName = "UIScrollView";
+
+    void setContentSize(cg::Size size) const {
+        objc::Send<"setContentSize:", void>(*this, size);
+    }
+};
+
+} // namespace ui

@@ -1,0 +1,31 @@
+#pragma once
+// UISegmentedControl.
+
+#include "apple/foundation/collections.hpp"
+#include "apple/uikit/button.hpp"
+
+namespace ui {
+
+/// UISegmentedControlNoSegment: nothing is selected.
+inline constexpr long kNoSegment = -1;
+struct SegmentedControl : Control {
+    using Control::Control;
+    static constexpr const char *kClassName = "UISegmentedControl";
+
+    /// One segment for each title.
+    SegmentedControl initWithItems(ns::Array titles) const {
+        return objc::Send<"initWithItems:", SegmentedControl>(*this, titles);
+    }
+    long selectedSegmentIndex() const {
+        return objc::Send<"selectedSegmentIndex", long>(*this);
+    }
+    void setSelectedSegmentIndex(long index) const {
+        objc::Send<"setSelectedSegmentIndex:", void>(*this, index);
+    }
+    /// Attributes as in NSAttributedString.
+    void setTitleTextAttributes(ns::Dictionary attributes, unsigned long state) const {
+        objc::Send<"setTitleTextAttributes:forState:", void>(*this, attributes, state);
+    }
+};
+
+} // namespace ui

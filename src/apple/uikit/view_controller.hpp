@@ -1,0 +1,32 @@
+#pragma once
+// UIViewController.
+
+#include "apple/uikit/view.hpp"
+
+namespace ui {
+
+/// UIModalPresentationStyle.
+enum class ModalPresentationStyle : long { kOverFullScreen = 5 };
+struct ViewController : Responder {
+    using Responder::Responder;
+    static constexpr const char *kClassName = "UIViewController";
+
+    View view() const {
+        return objc::Send<"view", View>(*this);
+    }
+    void setModalPresentationStyle(ModalPresentationStyle style) const {
+        objc::Send<"setModalPresentationStyle:", void>(*this, style);
+    }
+    /// The controller that this one or an ancestor presents at the moment; nil when none does.
+    ViewController presentedViewController() const {
+        return objc::Send<"presentedViewController", ViewController>(*this);
+    }
+    void presentViewController(ViewController controller, bool animated, objc::Block<void()> completion) const {
+        objc::Send<"presentViewController:animated:completion:", void>(*this, controller, animated, completion);
+    }
+    void dismissViewControllerAnimated(bool animated, objc::Block<void()> completion) const {
+        objc::Send<"dismissViewControllerAnimated:completion:", void>(*this, animated, completion);
+    }
+};
+
+} // namespace ui

@@ -1,0 +1,22 @@
+#pragma once
+// The library's only log: lines appended to a string in the user defaults, off unless a configuration switches it on.
+
+#include "diagnostics/format.hpp"
+
+namespace corvel {
+
+/// Appends one line with the arguments packed; see DebugLog.
+void DebugLogArguments(ns::String format, const FormatArgument *arguments, unsigned long count);
+
+/// Appends "[date] message" to the log while logging is on; formats nothing while it is off. Callable on any thread
+/// that may touch the user defaults; two calls at the same moment may lose one line. Never raises.
+template <class... A> void DebugLog(ns::String format, const A &...arguments) {
+    if constexpr (sizeof...(A) == 0) {
+        DebugLogArguments(format, nullptr, 0);
+    } else {
+        const FormatArgument list[] = {FormatArgument(arguments)...};
+        DebugLogArguments(format, list, sizeof...(A));
+    }
+}
+
+} // namespace corvel

@@ -1,0 +1,97 @@
+#include "matrix/cell.hpp"
+
+#include "apple/uikit/text_measuring.hpp"
+#include "matrix/colors.hpp"
+#include "matrix/slots.hpp"
+#include "matrix/title_fitting.hpp"
+#include "overlay/recognizers.hpp"
+#include "settings/preference_keys.hpp"
+#include "settings/preferences.hpp"
+
+#include <limits>
+
+namespace corvel {
+namespace {
+
+/// The tag of the dot that tells a shortened title.
+constexpr long kMarkerTag = 8888;
+
+void AddMarker(ui::View cell) {
+    const auto marker = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame({{0, 0}, {6, 6}}));
+    marker->setBackgroundColor(ui::Color::redColor());
+    marker->layer().setCornerRadius(3);
+    marker->setTag(kMarkerTag);
+    marker->setHidden(true);
+    cell.addSubview(marker);
+}
+
+/// A title to be measured.
+struct Title {
+    ns::String text;
+    cg::Size box;
+    ns::Dictionary attributes;
+
+    bool Fits(unsigned long length) const {
+        const ns::String prefix = length < text.length() ? text.substringToIndex(length) : text;
+        constexpr double kUnlimited = std::numeric_limits<double>::max();
+        const cg::Rect bounds = ui::BoundingRect(prefix, {box.width, kUnlimited},
+                                                 ui::kUsesLineFragmentOrigin | ui::kUsesFontLeading, attributes);
+        return bounds.size.height <= box.height;
+    }
+};
+
+TitleFit Fit(const Title &title) {
+    const Utf16Text units{title.text.pointer,
+                          [](const void *text, unsigned long index) {
+                              return ns::String{static_cast<objc::id>(const_cast<void *>(text))}.characterAtIndex(
+                                  index);
+                          },
+                          title.text.length()};
+    const auto fits = [](void *context, unsigned long length) {
+        return static_cast<const Title *>(context)->Fits(length);
+    };
+    return FitTitle(units, {const_cast<Title *>(&title), fits});
+}
+
+} // namespace
+
+CellStyle::CellStyle(double scale)
+    : background_(ReadColorPreference(keys::ButtonBackgroundColor(), "#333333"_ns, 0.6)),
+      titleColor_(ReadColorPreference(keys::ButtonTextColor(), "#FFFFFF"_ns, 1.0)),
+      titleFont_(ui::Font::systemFontOfSize(scale * ReadFloatPreference(keys::FontSize(), 11.0))),
+      attributes_(ns::Dictionary::dictionaryWithObject(titleFont_.get(), NSFontAttributeName)) {}
+
+ui::Button AddCell(ui::View container, int index) {
+    const auto cell = ui::Button::buttonWithType(ui::ButtonType::kCustom);
+    cell.setTag(kCellTagBase + index);
+    cell.layer().setCornerRadius(8);
+    const ui::Label title = cell.titleLabel();
+    title.setNumberOfLines(0);
+    title.setLineBreakMode(ui::LineBreakMode::kByWordWrapping);
+    title.setTextAlignment(ui::TextAlignment::kCenter);
+    cell.setContentHorizontalAlignment(ui::HorizontalAlignment::kCenter);
+    cell.setContentVerticalAlignment(ui::VerticalAlignment::kCenter);
+    cell.addTarget(ActionTarget(), objc::Selector<"dm_mT:">(), ui::kTouchUpInside);
+    AddRecognizer<ui::LongPressGestureRecognizer>(cell, objc::Selector<"dm_mL:">());
+    AddMarker(cell);
+    container.addSubview(cell);
+    return cell;
+}
+
+void UpdateCell(ui::Button cell, int index, const GridGeometry &geometry, const CellStyle &style) {
+    cell.setHidden(false);
+    cell.setFrame(geometry.CellFrame(index));
+    cell.setBackgroundColor(style.background());
+    cell.setTitleColor(style.titleColor(), ui::kStateNormal);
+    cell.titleLabel().setFont(style.titleFont());
+    const objc::Ref<ns::String> text = SlotDisplayText(index);
+    objc::SetAssociated(cell, kFullText, text);
+    // The title carries no mark of its own where it is cut: the dot alone tells it.
+    const TitleFit fit = Fit({text, geometry.TitleBox(), style.attributes()});
+    cell.setTitle(fit.length < text->length() ? text->substringToIndex(fit.length) : text.get(), ui::kStateNormal);
+    const ui::View marker = cell.viewWithTag(kMarkerTag);
+    marker.setFrame(geometry.MarkerFrame());
+    marker.setHidden(!fit.shortened);
+}
+
+} // namespace corvel

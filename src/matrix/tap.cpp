@@ -1,0 +1,58 @@
+#include "matrix/tap.hpp"
+
+#include "adapters/send_functions.hpp"
+#include "matrix/cell.hpp"
+#include "overlay/capture.hpp"
+#include "settings/preference_keys.hpp"
+#include "settings/preferences.hpp"
+#include "startup/host_platform.hpp"
+
+namespace corvel {
+namespace {
+
+constexpr double kPressDuration = 0.1; // seconds, each way
+
+void AnimatePress(ui::Button button) {
+    const objc::Ref<ui::Button> cell = button;
+    ui::View::animateWithDuration(
+        kPressDuration, objc::MakeBlock<void()>([=] { cell->setTransform(cg::AffineTransform::Scale(0.9, 0.9)); }),
+        objc::MakeBlock<void(bool)>([=](bool) {
+            ui::View::animateWithDuration(
+                kPressDuration, objc::MakeBlock<void()>([=] { cell->setTransform(cg::AffineTransform::Identity()); }));
+        }));
+}
+
+/// Held by the result: what the host does on a send may take the cell down.
+objc::Ref<ns::String> TextOf(ui::Button cell) {
+    const auto fullText = objc::GetAssociated<ns::String>(cell, kFullText);
+    return fullText ? fullText : cell.titleLabel().text();
+}
+
+void SendThroughHost(ns::String text) {
+    switch (DetectHostPlatform()) {
+    case HostPlatform::kKuaishou:
+        KS_SendMessage(text.pointer);
+        break;
+    case HostPlatform::kXiaohongshu:
+        XHS_SendMessage(text.pointer);
+        break;
+    case HostPlatform::kDouyin:
+        DY_SendMessage(text.pointer);
+        break;
+    case HostPlatform::kFinder:
+        FC_SendMessage(text.pointer);
+        break;
+    }
+}
+
+} // namespace
+
+void HandleCellTap(objc::Class, objc::SEL, ui::Button cell) {
+    AnimatePress(cell);
+    SendThroughHost(TextOf(cell));
+    if (ReadBoolPreference(keys::AutoCaptureAfterSend())) {
+        StartCapture();
+    }
+}
+
+} // namespace corvel

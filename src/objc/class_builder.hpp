@@ -1,0 +1,49 @@
+#pragma once
+// Classes and methods registered at run time, with encodings taken from the C++ functions.
+
+#include "objc/encoding.hpp"
+#include "objc/object.hpp"
+#include "objc/runtime.hpp"
+#include "objc/selector.hpp"
+
+namespace objc {
+
+namespace detail {
+template <class F> struct MethodFunction;
+template <class R, class Self, class... A> struct MethodFunction<R (*)(Self, SEL, A...)> {
+    static constexpr const auto &kEncoding = kMethodEncoding<R, A...>;
+};
+} // namespace detail
+
+/// One method of a table: a selector, a function of the form R (Self, SEL, arguments...), its encoding.
+struct MethodEntry {
+    SEL (*selector)();
+    IMP implementation;
+    const char *encoding;
+};
+
+/// The table entry of a function under a selector.
+template <FixedString Name, auto Function> MethodEntry MethodNamed() {
+    return {&Selector<Name>, reinterpret_cast<IMP>(Function),
+            detail::MethodFunction<decltype(Function)>::kEncoding.data};
+}
+
+/// Adds the methods to a class (or, given a metaclass, to the class object). Present ones of the class itself stay.
+template <std::size_t N> void AddMethods(Class cls, const MethodEntry (&methods)[N]) {
+    for (const MethodEntry &method : methods) {
+        class_addMethod(cls, method.selector(), method.implementation, method.encoding);
+    }
+}
+
+/// The metaclass of a class, to which class methods are added.
+inline Class MetaclassOf(Class cls) {
+    return object_getClass(AsObject(cls));
+}
+
+/// A new class pair, not yet registered; nil when the superclass is missing or the name is taken.
+inline Class AllocateClass(const char *name, const char *superclass) {
+    const Class parent = objc_getClass(superclass);
+    return parent != nullptr ? objc_allocateClassPair(parent, name, 0) : nullptr;
+}
+
+} // namespace objc

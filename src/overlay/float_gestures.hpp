@@ -1,0 +1,18 @@
+#pragma once
+// Dragging the float button and, with it, the capture button; the long press on the float button.
+
+#include "apple/uikit/gesture_recognizer.hpp"
+
+namespace corvel {
+
+/// Lets a drag on either button move them both.
+void AddDragRecognizer(ui::View button);
+
+/// `dm_panF:`: moves the pair with the finger, led by the float button; at the end keeps it on the screen, docks it
+/// when that is wanted, and stores its place.
+void HandleFloatDrag(objc::Class, objc::SEL, ui::PanGestureRecognizer recognizer);
+
+/// `dm_flp:`: a long press on the float button opens the settings panel, or closes the open one.
+void HandleFloatLongPress(objc::Class, objc::SEL, ui::GestureRecognizer recognizer);
+
+} // namespace corvel

@@ -1,0 +1,57 @@
+#include "overlay/gesture_proxy.hpp"
+
+#include "apple/uikit/gesture_recognizer.hpp"
+#include "apple/uikit/slider.hpp"
+#include "objc/class_builder.hpp"
+
+#include <atomic>
+
+namespace corvel {
+namespace {
+
+struct GestureProxy : ns::Object {
+    using ns::Object::Object;
+    static constexpr const char *kClassName = "GestureProxy";
+};
+
+/// Dragging a slider moves the slider and not the panel below it.
+bool ShouldReceiveTouch(GestureProxy, objc::SEL, ui::GestureRecognizer, ui::Touch touch) {
+    return !touch.view().isKindOfClass(objc::ClassOf<ui::Slider>());
+}
+
+ns::Object Shared(objc::Class, objc::SEL) {
+    return SharedGestureProxy();
+}
+
+} // namespace
+
+void RegisterGestureProxyClass() {
+    objc::Class cls = objc::AllocateClass(GestureProxy::kClassName, ns::Object::kClassName);
+    if (cls == nullptr) {
+        return;
+    }
+    const objc::MethodEntry methods[] = {
+        objc::MethodNamed<"gestureRecognizer:shouldReceiveTouch:", &ShouldReceiveTouch>()};
+    const objc::MethodEntry classMethods[] = {objc::MethodNamed<"shared", &Shared>()};
+    objc::AddMethods(cls, methods);
+    objc::AddMethods(objc::MetaclassOf(cls), classMethods);
+    if (objc::Protocol protocol = objc_getProtocol("UIGestureRecognizerDelegate")) {
+        class_addProtocol(cls, protocol);
+    }
+    objc_registerClassPair(cls);
+}
+
+ns::Object SharedGestureProxy() {
+    static constinit std::atomic<objc::id> shared = nullptr;
+    if (objc::id existing = shared.load(std::memory_order_acquire)) {
+        return ns::Object{existing};
+    }
+    auto fresh = ns::New<GestureProxy>();
+    objc::id expected = nullptr;
+    if (shared.compare_exchange_strong(expected, fresh.get().pointer, std::memory_order_acq_rel)) {
+        return objc::Object{objc::Retain(fresh.get().pointer)}; // the process keeps this one
+    }
+    return ns::Object{expected}; // another thread was first
+}
+
+} // namespace corvel

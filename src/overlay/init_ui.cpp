@@ -1,0 +1,100 @@
+#include "overlay/init_ui.hpp"
+
+#include "apple/foundation/notifications.hpp"
+#include "apple/foundation/user_defaults.hpp"
+#include "diagnostics/debug_log.hpp"
+#include "overlay/capture_button.hpp"
+#include "overlay/danmu_window.hpp"
+#include "overlay/float_button.hpp"
+#include "overlay/state.hpp"
+#include "overlay/windows.hpp"
+#include "startup/finder_switch.hpp"
+#include "startup/host_platform.hpp"
+
+namespace corvel {
+namespace {
+
+/// Above the host's alerts.
+constexpr double kLevelAboveAlerts = 100;
+
+/// Builds the overlay window on the foreground scene; without such a scene nothing is built.
+void BuildWindow() {
+    const ui::WindowScene scene = FindForegroundScene();
+    if (!scene) {
+        return;
+    }
+    const auto window = objc::Ref<ui::Window>::Adopt(AllocateDanmuWindow().initWithWindowScene(scene));
+    window->setFrame(scene.coordinateSpace().bounds());
+    window->setWindowLevel(UIWindowLevelAlert + kLevelAboveAlerts);
+    window->setBackgroundColor(ui::Color::clearColor());
+    const auto controller = ns::New<ui::ViewController>();
+    window->setRootViewController(controller);
+    controller->view().setBackgroundColor(ui::Color::clearColor());
+    // Showing a window makes it key, but the keyboard and the host's alerts belong to the host's.
+    const objc::Ref<ui::Window> hostWindow = scene.keyWindow();
+    window->makeKeyAndVisible();
+    hostWindow->makeKeyWindow();
+    Overlay().window = window;
+}
+
+/// Removes a view and drops the reference to it.
+template <class T> void Remove(objc::Ref<T> &view) {
+    view->removeFromSuperview();
+    view = nullptr;
+}
+
+void TearDown() {
+    OverlayState &overlay = Overlay();
+    Remove(overlay.matrixPanel);
+    overlay.matrixContainer = nullptr;
+    Remove(overlay.settingsPanel);
+    Remove(overlay.captureButton);
+    Remove(overlay.floatButton);
+    overlay.window->setHidden(true);
+    overlay.window = nullptr;
+    overlay.built = false;
+}
+
+/// Follows WeChat's plugin switch from now on; once installed, the observer stays for good.
+void ObserveFinderSwitch() {
+    OverlayState &overlay = Overlay();
+    if (overlay.finderObserverInstalled) {
+        return;
+    }
+    overlay.finderObserverInstalled = true;
+    overlay.lastFinderSwitch = IsFinderSwitchOn();
+    ns::NotificationCenter::defaultCenter().addObserverForName(
+        NSUserDefaultsDidChangeNotification, nullptr, ns::OperationQueue::mainQueue(),
+        objc::MakeBlock<void(ns::Notification)>([](ns::Notification) { RefreshFinderSwitch(); }));
+}
+
+void Build() {
+    OverlayState &overlay = Overlay();
+    if (!overlay.window) {
+        BuildWindow();
+    }
+    if (!overlay.window) {
+        return; // the next DanmuServiceReady tries again
+    }
+    overlay.built = true;
+    const HostPlatform host = DetectHostPlatform();
+    BuildFloatButton(host);
+    RebuildCaptureButton();
+    RaiseFloatButtons();
+    DebugLog("[UI] Init complete platform=%@"_ns, HostPlatformName(host));
+    if (host == HostPlatform::kFinder) {
+        ObserveFinderSwitch();
+    }
+}
+
+} // namespace
+} // namespace corvel
+
+void InitUI() {
+    if (corvel::IsFinderSwitchOn()) {
+        corvel::TearDown();
+        corvel::ObserveFinderSwitch(); // a switch that was on at launch must be seen to go off
+    } else if (!corvel::Overlay().built) {
+        corvel::Build();
+    }
+}

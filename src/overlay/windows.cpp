@@ -1,0 +1,66 @@
+#include "overlay/windows.hpp"
+
+#include "overlay/state.hpp"
+
+namespace corvel {
+namespace {
+
+/// Calls visit(scene) for each foreground-active window scene in order until it returns true.
+template <class Visit> void VisitForegroundScenes(Visit visit) {
+    const ns::Array scenes = ui::Application::sharedApplication().connectedScenes().allObjects();
+    for (unsigned long i = 0; i < scenes.count(); ++i) {
+        const ns::Object scene = scenes.objectAtIndex(i);
+        if (!scene.isKindOfClass(objc::ClassOf<ui::WindowScene>())) {
+            continue;
+        }
+        const auto windowScene = objc::As<ui::WindowScene>(scene);
+        if (windowScene.activationState() == ui::SceneActivationState::kForegroundActive && visit(windowScene)) {
+            return;
+        }
+    }
+}
+
+} // namespace
+
+ui::WindowScene FindForegroundScene() {
+    ui::WindowScene found;
+    VisitForegroundScenes([&](ui::WindowScene scene) {
+        found = scene;
+        return true;
+    });
+    return found;
+}
+
+ui::Window FindKeyWindow() {
+    ui::Window found;
+    VisitForegroundScenes([&](ui::WindowScene scene) {
+        const ns::Array windows = scene.windows();
+        for (unsigned long i = 0; i < windows.count() && !found; ++i) {
+            const auto window = objc::As<ui::Window>(windows.objectAtIndex(i));
+            if (window.isKeyWindow()) {
+                found = window;
+            }
+        }
+        return static_cast<bool>(found);
+    });
+    return found ? found : objc::As<ui::Window>(ui::Application::sharedApplication().windows().firstObject());
+}
+
+void RaiseFloatButtons() {
+    const OverlayState &overlay = Overlay();
+    if (overlay.floatButton) {
+        overlay.window->bringSubviewToFront(overlay.floatButton);
+    }
+    if (overlay.captureButton) {
+        overlay.window->bringSubviewToFront(overlay.captureButton);
+    }
+}
+
+void RaisePanel(ui::View panel) {
+    if (panel) {
+        Overlay().window->bringSubviewToFront(panel);
+    }
+    RaiseFloatButtons();
+}
+
+} // namespace corvel

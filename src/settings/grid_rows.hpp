@@ -1,0 +1,20 @@
+#pragma once
+// Choosing the grid's size in the settings panel: the presets on two segmented controls, the custom size in two fields.
+
+#include "apple/uikit/segmented_control.hpp"
+#include "apple/uikit/text_field.hpp"
+#include "settings/settings_rows.hpp"
+
+namespace corvel {
+
+/// A settings row: the title, the two segmented controls, and for the custom grid the fields of its size. The row's key
+/// holds the preset index.
+void AddGridRows(ui::View container, double &y, const SettingsRow &row);
+
+/// `dm_gc:`: a segment of either control was chosen. Stores the preset and rebuilds the matrix and the settings panel.
+void HandleGridChoice(objc::Class, objc::SEL, ui::SegmentedControl control);
+
+/// `dm_gi:`: a field was left. Keeps its number within 1 to 12, in the field as in the store.
+void HandleGridField(objc::Class, objc::SEL, ui::TextField field);
+
+} // namespace corvel

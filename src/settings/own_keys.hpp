@@ -1,0 +1,25 @@
+#pragma once
+// All keys of the store that are the library's own.
+
+#include "apple/foundation/user_defaults.hpp"
+#include "settings/preference_keys.hpp"
+
+namespace corvel {
+
+/// Whether a key is the library's: it begins with the prefix.
+inline bool IsOwnKey(ns::String key) {
+    return key.hasPrefix(keys::Prefix());
+}
+
+/// Calls visit(key) for each of the store's present keys that is the library's; the visit may remove it.
+template <class Visit> void VisitOwnKeys(ns::UserDefaults store, Visit visit) {
+    const objc::Ref<ns::Array> all = store.dictionaryRepresentation().allKeys();
+    for (unsigned long i = 0; i < all->count(); ++i) {
+        const auto key = objc::As<ns::String>(all->objectAtIndex(i));
+        if (IsOwnKey(key)) {
+            visit(key);
+        }
+    }
+}
+
+} // namespace corvel

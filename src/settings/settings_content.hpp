@@ -1,0 +1,21 @@
+#pragma once
+// What stands in the settings panel. A new row or button is a new line in a table of the source file.
+// Each function adds its views to the container and gives their height in points.
+
+#include "apple/uikit/view.hpp"
+
+namespace corvel {
+
+/// The rows that are always shown.
+double AddFixedRows(ui::View container);
+
+/// Exporting, importing and resetting the configuration, and the debug log while its features are on.
+double AddConfigurationButtons(ui::View container);
+
+/// Douyin's latency options.
+double AddLatencyRows(ui::View container);
+
+/// The footer: the version.
+double AddFooter(ui::View container);
+
+} // namespace corvel

@@ -1,0 +1,160 @@
+#include "settings/settings_sections.hpp"
+
+#include "apple/foundation/user_defaults.hpp"
+#include "overlay/state.hpp"
+#include "settings/preference_keys.hpp"
+#include "settings/preferences.hpp"
+#include "settings/settings_content.hpp"
+#include "settings/settings_views.hpp"
+
+namespace corvel {
+namespace {
+
+/// On the panel: its parts.
+constexpr objc::AssociationKey kScrollView{"scroll_view"};
+constexpr objc::AssociationKey kFixedBlock{"fixed_block"};
+constexpr objc::AssociationKey kSectionRecords{"sections"};
+constexpr objc::AssociationKey kFooter{"footer"};
+
+/// On a section's header: the key of its fold state.
+constexpr objc::AssociationKey kFoldKey{"collapse_key"};
+
+constexpr double kHeaderStep = 44;
+
+/// A section that folds.
+struct Section {
+    ns::String title;
+    /// Bool: the section is folded.
+    ns::String key;
+    /// Adds what stands below the header; gives its height.
+    double (*addContent)(ui::View container);
+};
+
+/// The header's title with the arrow that tells the fold state.
+objc::Ref<ns::String> HeaderTitle(bool folded, ns::String title) {
+    const ns::String arrow = folded ? u"▶"_ns : u"▼"_ns;
+    const objc::ArgumentSlot arguments[] = {reinterpret_cast<objc::ArgumentSlot>(arrow.pointer),
+                                            reinterpret_cast<objc::ArgumentSlot>(title.pointer)};
+    return ns::Formatted("%@ %@"_ns, arguments);
+}
+
+cg::Rect HeaderFrame(double y) {
+    return {{12, y}, {276, 36}};
+}
+
+ui::Button AddHeader(ui::View container, const Section &section) {
+    const auto header =
+        AddSystemButton(container, HeaderFrame(0), HeaderTitle(ReadBoolPreference(section.key), section.title),
+                        ui::Color::labelColor(), objc::Selector<"dm_tog:">());
+    header.setBackgroundColor(ui::Color::systemGrayColor().colorWithAlphaComponent(0.08));
+    header.layer().setCornerRadius(10);
+    header.titleLabel().setFont(ui::Font::boldSystemFontOfSize(14));
+    header.setContentHorizontalAlignment(ui::HorizontalAlignment::kLeft);
+    header.setTitleEdgeInsets({.left = 8});
+    objc::SetAssociated(header, kFoldKey, section.key);
+    return header;
+}
+
+/// Adds a view as wide as the card and as high as what it is filled with.
+ui::View AddBlock(ui::View container, double (*addContent)(ui::View)) {
+    const auto block = MakeView<ui::View>({{0, 0}, {kSettingsWidth, 0}});
+    const double height = addContent(block);
+    block->setFrame({{0, 0}, {kSettingsWidth, height}});
+    container.addSubview(block);
+    return block;
+}
+
+/// Adds a section's views and its record: what a layout needs to know of it.
+void AddSection(ui::View container, ns::MutableArray records, const Section &section) {
+    const ui::Button header = AddHeader(container, section);
+    const auto content = AddBlock(container, section.addContent);
+    const auto record = ns::New<ns::MutableDictionary>();
+    record->setObject(section.key, "key"_ns);
+    record->setObject(header, "header"_ns);
+    record->setObject(content, "content"_ns);
+    records.addObject(record.get());
+}
+
+/// Puts a block at y and moves y below it.
+void PlaceBlock(ui::View block, double &y) {
+    const double height = block.frame().size.height;
+    block.setFrame({{0, y}, {kSettingsWidth, height}});
+    y += height;
+}
+
+/// Lays a section out at y and moves y below it.
+void LayoutSection(ns::Dictionary record, double &y) {
+    const auto header = objc::As<ui::Button>(record.objectForKey("header"_ns));
+    const auto content = objc::As<ui::View>(record.objectForKey("content"_ns));
+    const bool folded = ReadBoolPreference(objc::As<ns::String>(record.objectForKey("key"_ns)));
+    const ns::String title = header.titleForState(ui::kStateNormal)
+                                 .stringByReplacingOccurrencesOfString(u"▶ "_ns, ""_ns)
+                                 .stringByReplacingOccurrencesOfString(u"▼ "_ns, ""_ns);
+    header.setTitle(HeaderTitle(folded, title), ui::kStateNormal);
+    header.setFrame(HeaderFrame(y));
+    y += kHeaderStep;
+    content.setHidden(folded);
+    content.setAlpha(folded ? 0 : 1);
+    if (!folded) {
+        PlaceBlock(content, y);
+    }
+}
+
+} // namespace
+
+void StoreMissingFoldStates() {
+    const auto store = ns::UserDefaults::standardUserDefaults();
+    // The style key has no section; it is stored like the others all the same.
+    for (const ns::String key :
+         {keys::StyleSectionCollapsed(), keys::ConfigSectionCollapsed(), keys::LatencySectionCollapsed()}) {
+        if (!store.objectForKey(key)) {
+            store.setBool(true, key);
+        }
+    }
+    store.synchronize();
+}
+
+void AddSettingsContent(ui::View panel, ui::ScrollView scrollView) {
+    const Section sections[] = {
+        {u"插件配置"_ns, keys::ConfigSectionCollapsed(), &AddConfigurationButtons},
+        {u"延迟优化(实验)"_ns, keys::LatencySectionCollapsed(), &AddLatencyRows},
+    };
+    objc::SetAssociated(panel, kScrollView, scrollView);
+    objc::SetAssociated(panel, kFixedBlock, AddBlock(scrollView, &AddFixedRows));
+    const auto records = ns::New<ns::MutableArray>();
+    for (const Section &section : sections) {
+        AddSection(scrollView, records, section);
+    }
+    objc::SetAssociated(panel, kSectionRecords, records.get());
+    objc::SetAssociated(panel, kFooter, AddBlock(scrollView, &AddFooter));
+}
+
+void LayoutSettingsSections() {
+    const ui::View panel = Overlay().settingsPanel;
+    const auto scrollView = objc::GetAssociated<ui::ScrollView>(panel, kScrollView);
+    if (!scrollView) {
+        return;
+    }
+    double y = 10;
+    PlaceBlock(objc::GetAssociated<ui::View>(panel, kFixedBlock), y);
+    y += 10;
+    const auto records = objc::GetAssociated<ns::Array>(panel, kSectionRecords);
+    for (unsigned long i = 0; i < records.count(); ++i) {
+        LayoutSection(objc::As<ns::Dictionary>(records.objectAtIndex(i)), y);
+    }
+    PlaceBlock(objc::GetAssociated<ui::View>(panel, kFooter), y);
+    scrollView.setContentSize({kSettingsWidth, y + 20});
+}
+
+void HandleSectionHeader(objc::Class, objc::SEL, ui::Button header) {
+    const auto key = objc::GetAssociated<ns::String>(header, kFoldKey);
+    if (!key) {
+        return;
+    }
+    const auto store = ns::UserDefaults::standardUserDefaults();
+    store.setBool(!ReadBoolPreference(key), key);
+    store.synchronize();
+    LayoutSettingsSections();
+}
+
+} // namespace corvel

@@ -1,0 +1,25 @@
+#pragma once
+// The small views that the settings panel is put together from.
+
+#include "apple/uikit/button.hpp"
+
+namespace corvel {
+
+/// How wide the panel's card is, and what its rows keep of that.
+inline constexpr double kSettingsWidth = 300;
+inline constexpr double kSettingsMargin = 20;
+inline constexpr double kSettingsRowWidth = 260;
+
+/// A new view of T's class with the frame.
+template <class T> objc::Ref<T> MakeView(cg::Rect frame) {
+    return objc::Ref<T>::Adopt(objc::As<T>(ns::Alloc<T>().initWithFrame(frame)));
+}
+
+/// Adds a label to the container, which owns it from then on.
+ui::Label AddLabel(ui::View container, cg::Rect frame, ns::String text, ui::Font font, ui::Color color);
+
+/// Adds a system button with a title and an action on touch-up-inside to the container, which owns it from then on.
+ui::Button AddSystemButton(ui::View container, cg::Rect frame, ns::String title, ui::Color titleColor,
+                           objc::SEL action);
+
+} // namespace corvel

@@ -1,0 +1,69 @@
+#include "settings/transfer.hpp"
+
+#include "apple/uikit/pasteboard.hpp"
+#include "matrix/panel.hpp"
+#include "objc/guard.hpp"
+#include "overlay/capture_button.hpp"
+#include "overlay/toast.hpp"
+#include "settings/own_keys.hpp"
+#include "settings/storable.hpp"
+#include "settings/transfer_text.hpp"
+
+namespace corvel {
+namespace {
+
+objc::Ref<ns::MutableDictionary> StoredConfiguration() {
+    const auto store = ns::UserDefaults::standardUserDefaults();
+    const auto configuration = ns::New<ns::MutableDictionary>();
+    VisitOwnKeys(store, [&](ns::String key) {
+        if (const ns::Object value = store.objectForKey(key)) {
+            configuration->setObject(value, key);
+        }
+    });
+    return configuration;
+}
+
+void StoreConfiguration(ns::Dictionary configuration) {
+    const auto store = ns::UserDefaults::standardUserDefaults();
+    const ns::Array keys = configuration.allKeys();
+    for (unsigned long i = 0; i < keys.count(); ++i) {
+        const auto key = objc::As<ns::String>(keys.objectAtIndex(i));
+        const ns::Object value = configuration.objectForKey(key);
+        if (IsOwnKey(key) && IsStorable(value)) {
+            objc::Guard([&] { store.setObject(value, key); });
+        }
+    }
+    store.synchronize();
+}
+
+} // namespace
+
+void HandleExport(objc::Class, objc::SEL) {
+    const objc::Ref<ns::String> text = EncodeConfiguration(StoredConfiguration().get());
+    if (!text) {
+        ShowToast(u"导出失败"_ns);
+        return;
+    }
+    ui::Pasteboard::generalPasteboard().setString(text);
+    ShowToast(u"已导出"_ns);
+}
+
+void HandleImport(objc::Class, objc::SEL) {
+    const objc::Ref<ns::String> text = ui::Pasteboard::generalPasteboard().string();
+    if (text->length() == 0) {
+        ShowToast(u"剪贴板为空"_ns);
+        return;
+    }
+    const objc::Ref<ns::Dictionary> configuration = DecodeConfiguration(text);
+    if (!configuration) {
+        ShowToast(u"格式无效"_ns);
+        return;
+    }
+    StoreConfiguration(configuration);
+    // An open settings panel keeps showing the old values until it is opened anew.
+    LayoutMatrix();
+    RebuildCaptureButton();
+    ShowToast(u"导入成功"_ns);
+}
+
+} // namespace corvel

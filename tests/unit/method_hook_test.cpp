@@ -1,0 +1,229 @@
+#include "adapters/method_hook.hpp"
+
+#include "objc/block.hpp"
+#include "objc/guard.hpp"
+#include "runtime_support.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace corvel {
+namespace {
+
+using objc::MethodNamed;
+
+// The slots of hooks that one test each installs.
+PreviousMethod missingClass;
+PreviousMethod missingMethod;
+PreviousMethod takeAll;
+PreviousMethod explode;
+
+/// Which functions ran, in order.
+std::vector<std::string> calls;
+
+/// A class family made anew for each test, because what a test hooks stays hooked.
+///
+///     Root: greet, ping       Middle: greet       Leaf: -       Sibling (of Leaf): -
+class MethodHookTest : public testing::Test {
+  protected:
+    struct Host : ns::Object {
+        using ns::Object::Object;
+
+        long greet() const {
+            return objc::Send<"greet", long>(*this);
+        }
+        long ping() const {
+            return objc::Send<"ping", long>(*this);
+        }
+    };
+
+    void SetUp() override {
+        calls.clear();
+        first = second = PreviousMethod{};
+        root = Define("Root", "NSObject", {MethodNamed<"greet", &RootGreet>(), MethodNamed<"ping", &RootPing>()});
+        middle = Define("Middle", class_getName(root), {MethodNamed<"greet", &MiddleGreet>()});
+        leaf = Define("Leaf", class_getName(middle), {MethodNamed<"unrelated", &RootPing>()});
+        sibling = Define("Sibling", class_getName(middle), {MethodNamed<"unrelated", &RootPing>()});
+    }
+
+    /// Registers a class under a name of this test's own.
+    template <std::size_t N>
+    static objc::Class Define(const std::string &name, const char *superclass, const objc::MethodEntry (&methods)[N]) {
+        const std::string full = name + testing::UnitTest::GetInstance()->current_test_info()->name();
+        return test::RegisterClass(full.c_str(), superclass, methods);
+    }
+
+    static long RootGreet(Host, objc::SEL) {
+        calls.emplace_back("Root greet");
+        return 1;
+    }
+    static long RootPing(Host, objc::SEL) {
+        calls.emplace_back("Root ping");
+        return 2;
+    }
+    static long MiddleGreet(Host, objc::SEL) {
+        calls.emplace_back("Middle greet");
+        return 3;
+    }
+    static Word First(objc::id self, objc::SEL selector) {
+        calls.emplace_back("first");
+        return first(self, selector);
+    }
+    static Word Second(objc::id self, objc::SEL selector) {
+        calls.emplace_back("second");
+        return second(self, selector);
+    }
+
+    static void Hook(objc::Class cls, const char *selector) {
+        InstallMethodHook(cls, sel_registerName(selector), reinterpret_cast<objc::IMP>(&First), &first.implementation);
+    }
+
+    /// Sends greet to a new instance and tells what ran on the way.
+    static std::vector<std::string> GreetingOf(objc::Class cls) {
+        calls.clear();
+        objc::As<Host>(test::NewInstance(cls).get()).greet();
+        return calls;
+    }
+
+    using Trace = std::vector<std::string>;
+    static PreviousMethod first;
+    static PreviousMethod second;
+    test::Pool pool;
+    objc::Class root = nullptr;
+    objc::Class middle = nullptr;
+    objc::Class leaf = nullptr;
+    objc::Class sibling = nullptr;
+};
+
+PreviousMethod MethodHookTest::first;
+PreviousMethod MethodHookTest::second;
+
+TEST_F(MethodHookTest, ReplacesTheClassesOwnMethodForItAndItsHeirs) {
+    Hook(middle, "greet");
+    EXPECT_EQ(first.implementation, reinterpret_cast<objc::IMP>(&MiddleGreet));
+    EXPECT_EQ(GreetingOf(middle), (Trace{"first", "Middle greet"}));
+    EXPECT_EQ(GreetingOf(leaf), (Trace{"first", "Middle greet"}));
+    EXPECT_EQ(GreetingOf(root), Trace{"Root greet"}) << "an ancestor with a method of its own";
+}
+
+TEST_F(MethodHookTest, OverridesAnInheritedMethodAndLeavesTheFamilyAlone) {
+    Hook(leaf, "greet");
+    EXPECT_EQ(first.implementation, reinterpret_cast<objc::IMP>(&MiddleGreet)) << "the nearest definition counts";
+    EXPECT_EQ(GreetingOf(leaf), (Trace{"first", "Middle greet"}));
+    EXPECT_EQ(GreetingOf(middle), Trace{"Middle greet"});
+    EXPECT_EQ(GreetingOf(sibling), Trace{"Middle greet"});
+    EXPECT_STREQ(method_getTypeEncoding(class_getInstanceMethod(leaf, sel_registerName("greet"))),
+                 method_getTypeEncoding(class_getInstanceMethod(middle, sel_registerName("greet"))));
+}
+
+TEST_F(MethodHookTest, FindsADefinitionAnyNumberOfLevelsUp) {
+    Hook(leaf, "ping");
+    EXPECT_EQ(first.implementation, reinterpret_cast<objc::IMP>(&RootPing));
+    EXPECT_EQ(objc::As<Host>(test::NewInstance(leaf).get()).ping(), 2);
+    EXPECT_EQ(calls, (Trace{"first", "Root ping"}));
+    calls.clear();
+    objc::As<Host>(test::NewInstance(middle).get()).ping();
+    EXPECT_EQ(calls, Trace{"Root ping"});
+}
+
+TEST_F(MethodHookTest, WithoutClassOrMethodNothingHappens) {
+    Hook(nullptr, "greet");
+    EXPECT_EQ(first.implementation, nullptr);
+    Hook(leaf, "aSelectorThatNobodyDefines");
+    EXPECT_EQ(first.implementation, nullptr);
+    EXPECT_FALSE(test::NewInstance(leaf)->respondsToSelector(sel_registerName("aSelectorThatNobodyDefines")));
+    EXPECT_EQ(GreetingOf(leaf), Trace{"Middle greet"});
+}
+
+TEST_F(MethodHookTest, HooksOnAnHeirAndItsAncestorDoNotMeet) {
+    // The heir's slot holds what the ancestor had when the heir was hooked.
+    InstallMethodHook(leaf, sel_registerName("greet"), reinterpret_cast<objc::IMP>(&Second), &second.implementation);
+    Hook(middle, "greet");
+    EXPECT_EQ(GreetingOf(leaf), (Trace{"second", "Middle greet"}));
+    EXPECT_EQ(GreetingOf(sibling), (Trace{"first", "Middle greet"}));
+}
+
+TEST_F(MethodHookTest, ATableIsInstalledInItsOrderAndSkipsWhatTheHostLacks) {
+    InstallMethodHooks({
+        HookOf<"greet", missingClass, &First>("AClassThatNoHostHas"),
+        HookOf<"missing", missingMethod, &First>(class_getName(middle)),
+        HookOf<"greet", first, &First>(class_getName(middle)),
+        HookOf<"greet", second, &Second>(class_getName(middle)),
+    });
+    EXPECT_EQ(missingClass.implementation, nullptr);
+    EXPECT_EQ(missingMethod.implementation, nullptr);
+    EXPECT_EQ(GreetingOf(middle), (Trace{"second", "first", "Middle greet"})) << "the later row wraps the earlier";
+}
+
+/// What a method with arguments of several kinds received.
+struct Received {
+    objc::id self;
+    std::string selector;
+    objc::id object;
+    long integer;
+    bool flag;
+    objc::id block;
+    unsigned long wide;
+    int calls;
+} received;
+
+bool TakeAll(ns::Object self, objc::SEL selector, ns::Object object, long integer, bool flag,
+             objc::Block<long(long)> block, unsigned long wide) {
+    received = {.self = self.pointer,
+                .selector = sel_getName(selector),
+                .object = object.pointer,
+                .integer = integer,
+                .flag = flag,
+                .block = block.pointer,
+                .wide = wide,
+                .calls = received.calls + 1};
+    return flag;
+}
+
+TEST_F(MethodHookTest, APassThroughHandsOnEveryArgumentAndTheResultUntouched) {
+    const objc::Class cls = Define("Taker", "NSObject", {MethodNamed<"take:count:flag:block:mask:", &TakeAll>()});
+    InstallMethodHooks(
+        {PassThroughOf<"take:count:flag:block:mask:", takeAll, Word, Word, Word, Word, Word>(class_getName(cls))});
+    ASSERT_NE(takeAll.implementation, nullptr);
+
+    const objc::Ref<ns::Object> taker = test::NewInstance(cls);
+    auto twice = objc::MakeBlock<long(long)>([](long n) { return 2 * n; });
+    const objc::Block<long(long)> block = twice;
+    for (const bool flag : {true, false}) {
+        received = {};
+        const bool result =
+            objc::Send<"take:count:flag:block:mask:", bool>(taker.get(), ns::Object{"text"_ns}, -5L, flag, block, ~0UL);
+        EXPECT_EQ(result, flag);
+        EXPECT_EQ(received.calls, 1);
+        EXPECT_EQ(received.self, taker.get().pointer);
+        EXPECT_EQ(received.selector, "take:count:flag:block:mask:");
+        EXPECT_EQ(received.object, "text"_ns.pointer);
+        EXPECT_EQ(received.integer, -5);
+        EXPECT_EQ(received.flag, flag);
+        EXPECT_EQ(received.block, block.pointer);
+        EXPECT_EQ(received.wide, ~0UL);
+    }
+}
+
+void Explode(ns::Object, objc::SEL) {
+    calls.emplace_back("explode");
+    test::Raise("out of order"_ns);
+}
+
+TEST_F(MethodHookTest, WhatTheHostRaisesReachesTheHostsCaller) {
+    const objc::Class cls = Define("Raiser", "NSObject", {MethodNamed<"explode", &Explode>()});
+    InstallMethodHooks({PassThroughOf<"explode", explode>(class_getName(cls))});
+    ASSERT_NE(explode.implementation, nullptr);
+
+    const objc::Ref<ns::Object> raiser = test::NewInstance(cls);
+    std::string reason;
+    EXPECT_FALSE(objc::Guard([&] { objc::Send<"explode", void>(raiser.get()); },
+                             [&](objc::Object text) { reason = objc::As<ns::String>(text).UTF8String(); }));
+    EXPECT_EQ(reason, "out of order");
+    EXPECT_EQ(calls, Trace{"explode"});
+}
+
+} // namespace
+} // namespace corvel

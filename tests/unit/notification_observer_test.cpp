@@ -1,0 +1,120 @@
+// Block observers of the notification centre.
+
+#include "apple/foundation/notifications.hpp"
+
+#include "apple/dispatch/queue.hpp"
+#include "counted_object.hpp"
+#include "runtime/clock.hpp"
+
+#include <gtest/gtest.h>
+
+namespace corvel {
+namespace {
+
+using test::Counted;
+using test::NewCounted;
+
+ns::NotificationCenter Center() {
+    return ns::NotificationCenter::defaultCenter();
+}
+
+template <class F> ns::Object Observe(ns::String name, F function, ns::OperationQueue queue, ns::Object object = {}) {
+    return Center().addObserverForName(name, object, queue,
+                                       objc::MakeBlock<void(ns::Notification)>(std::move(function)));
+}
+
+void Remove(ns::Object observer) {
+    objc::Send<"removeObserver:", void>(Center(), observer);
+}
+
+TEST(BlockObserver, OnTheMainQueueRunsBeforeThePostReturns) {
+    int calls = 0;
+    const auto observer =
+        Observe("CorvelTestNote"_ns, [&](ns::Notification) { ++calls; }, ns::OperationQueue::mainQueue());
+    Center().postNotificationName("CorvelTestNote"_ns, nullptr);
+    EXPECT_EQ(calls, 1);
+    Center().postNotificationName("CorvelOtherNote"_ns, nullptr);
+    EXPECT_EQ(calls, 1);
+    Remove(observer);
+    Center().postNotificationName("CorvelTestNote"_ns, nullptr);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(BlockObserver, WithoutAQueueRunsAtOnceToo) {
+    ns::String seen;
+    const auto observer = Observe(
+        "CorvelTestNote"_ns, [&](ns::Notification note) { seen = objc::Send<"name", ns::String>(note); }, nullptr);
+    Center().postNotificationName("CorvelTestNote"_ns, nullptr);
+    EXPECT_TRUE(seen.isEqualToString("CorvelTestNote"_ns));
+    Remove(observer);
+}
+
+TEST(BlockObserver, HearsOnlyItsObject) {
+    const auto sender = ns::New<ns::Object>();
+    const auto stranger = ns::New<ns::Object>();
+    int calls = 0;
+    const auto observer = Observe("CorvelTestNote"_ns, [&](ns::Notification) { ++calls; }, nullptr, sender.get());
+    Center().postNotificationName("CorvelTestNote"_ns, stranger.get());
+    Center().postNotificationName("CorvelTestNote"_ns, nullptr);
+    EXPECT_EQ(calls, 0);
+    Center().postNotificationName("CorvelTestNote"_ns, sender.get());
+    EXPECT_EQ(calls, 1);
+    Remove(observer);
+}
+
+TEST(BlockObserver, LivesUntilItIsRemoved) {
+    ASSERT_EQ(Counted::alive, 0);
+    ns::Object observer;
+    {
+        const auto captured = NewCounted();
+        observer = Observe("CorvelTestNote"_ns, [captured](ns::Notification) {}, nullptr);
+    }
+    Center().postNotificationName("CorvelTestNote"_ns, nullptr);
+    EXPECT_EQ(Counted::alive, 1);
+    objc::Send<"removeObserver:name:object:", void>(Center(), observer, "CorvelOtherNote"_ns, ns::Object{});
+    EXPECT_EQ(Counted::alive, 1) << "removed for another name only";
+    Remove(observer);
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST(BlockObserver, MayRemoveItselfWhileItRuns) {
+    ASSERT_EQ(Counted::alive, 0);
+    int calls = 0;
+    ns::Object observer;
+    observer = Observe(
+        "CorvelTestNote"_ns,
+        [&calls, &observer, held = NewCounted()](ns::Notification) {
+            Remove(observer);
+            calls += static_cast<int>(held->retainCount() != 0);
+        },
+        ns::OperationQueue::mainQueue());
+    Center().postNotificationName("CorvelTestNote"_ns, nullptr);
+    Center().postNotificationName("CorvelTestNote"_ns, nullptr);
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+struct Thread : ns::Object {
+    using ns::Object::Object;
+    static constexpr const char *kClassName = "NSThread";
+};
+
+TEST(BlockObserver, OnTheMainQueueWaitsForTheMainThreadWhenPostedElsewhere) {
+    int onMain = 0;
+    int elsewhere = 0;
+    const auto observer = Observe(
+        "CorvelTestNote"_ns,
+        [&](ns::Notification) { ++(objc::SendClass<Thread, "isMainThread", bool>() ? onMain : elsewhere); },
+        ns::OperationQueue::mainQueue());
+    dispatch::AsyncInBackground([&] {
+        Center().postNotificationName("CorvelTestNote"_ns, nullptr);
+        EXPECT_EQ(onMain, 0);
+    });
+    sim::clock::Drain();
+    EXPECT_EQ(onMain, 1);
+    EXPECT_EQ(elsewhere, 0);
+    Remove(observer);
+}
+
+} // namespace
+} // namespace corvel
