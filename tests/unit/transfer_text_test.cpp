@@ -2,9 +2,13 @@
 
 #include "apple/foundation/data.hpp"
 #include "apple/foundation/number.hpp"
+#include "apple/foundation/user_defaults.hpp"
+#include "apple/uikit/pasteboard.hpp"
 #include "runtime_support.hpp"
+#include "settings/transfer.hpp"
 #include "settings/transfer_text.hpp"
 #include "settings/zlib_codec.hpp"
+#include "uikit/uikit.hpp"
 #include "zlib_failure.hpp"
 
 #include <gtest/gtest.h>
@@ -69,6 +73,24 @@ TEST_F(TransferText, FallsBackToBareJsonWhenCompressionFails) {
         const objc::Ref<ns::String> text = EncodeConfiguration(Sample());
         EXPECT_EQ(Text(text), R"({"Corvel.slots.0":"弹幕😀\n\/"})");
         EXPECT_TRUE(IsSample(DecodeConfiguration(text)));
+    }
+}
+
+TEST_F(TransferText, ReachesThePasteboardWhenCompressionFails) {
+    if (objc_getClass("UIView") == nullptr) {
+        sim::RegisterUIKit();
+    }
+    const auto store = ns::UserDefaults::standardUserDefaults();
+    for (const test::ZlibFailure failure : {test::ZlibFailure{.deflateInit = true}, {.deflate = true}}) {
+        store.setObject(u"弹幕😀\n/"_ns, "Corvel.slots.0"_ns);
+        ui::Pasteboard::generalPasteboard().setString("copied"_ns);
+        const test::FailingZlib failing(failure);
+        HandleExport(nullptr, nullptr);
+        const ns::String copied = ui::Pasteboard::generalPasteboard().string();
+        EXPECT_TRUE(copied.hasPrefix("{"_ns)) << Text(copied);
+        EXPECT_TRUE(
+            DecodeConfiguration(copied)->objectForKey("Corvel.slots.0"_ns).isEqual(ns::Object(u"弹幕😀\n/"_ns)));
+        store.removeObjectForKey("Corvel.slots.0"_ns);
     }
 }
 
