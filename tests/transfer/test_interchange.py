@@ -1,4 +1,5 @@
-"""Configurations go back and forth between the library and Python's own zlib, base64 and json.
+"""Configurations go back and forth between the library and Python's own zlib, base64 and json, and texts that are none
+are refused.
 
 usage: test_interchange.py SIMULATOR [SEED]
 """
@@ -6,36 +7,44 @@ usage: test_interchange.py SIMULATOR [SEED]
 import base64
 import json
 import random
-import subprocess
 import sys
 import tempfile
 import unittest
 import zlib
 from pathlib import Path
 
-SIMULATOR = Path(sys.argv[1]).resolve()
-SEED = int(sys.argv[2]) if len(sys.argv) > 2 else 1
+from player import SEED, Played
+
+MOST_SLOTS = 144
 LONGEST_TEXT = 5000  # UTF-16 units
 ALPHABETS = ("abc ", "弹幕，主播好", "😀👨‍👩‍👧❤️", '\n\t"\\/\x00\x1f\x7f\u2028\ufeff', "éàüß日本語한국어")
 FLAGS = ("showCaptureButton", "autoCaptureAfterSend", "floatAutoSnap")
 FLOATS = ("matrixScale", "matrixAlpha", "fontSize", "floatButtonAlpha")
+MEBIBYTE = 1 << 20
 
 
-def random_text(chance):
-    units = chance.choice((0, 1, 7, 40, LONGEST_TEXT // 2))
-    return "".join(chance.choice(chance.choice(ALPHABETS)) for _ in range(units))
+def units(text):
+    return len(text.encode("utf-16-le")) // 2
 
 
-def random_configuration(chance):
-    found = {f"Corvel.slots.{index}": random_text(chance) for index in range(chance.choice((0, 1, 4, 48, 144)))}
+def random_text(chance, longest):
+    text = "".join(chance.choice(chance.choice(ALPHABETS)) for _ in range(longest))
+    while units(text) > longest:
+        text = text[: len(text) - (units(text) - longest + 1) // 2]
+    return text
+
+
+def random_configuration(chance, full):
+    slots = MOST_SLOTS if full else chance.choice((0, 1, 4, 48, MOST_SLOTS))
+    lengths = (LONGEST_TEXT,) if full else (0, 1, 7, 40, LONGEST_TEXT)
+    found = {f"Corvel.slots.{index}": random_text(chance, chance.choice(lengths)) for index in range(slots)}
     found |= {f"Corvel.config.{name}": chance.random() < 0.5 for name in FLAGS}
     found |= {f"Corvel.config.{name}": chance.randrange(1, 40) / 16 for name in FLOATS}
     found["Corvel.config.gridPresetIndex"] = chance.randrange(-2, 10)
     return found
 
 
-def pack(configuration, magic, level, ascii_only):
-    text = json.dumps(configuration, ensure_ascii=ascii_only).encode()
+def pack(text, magic="DM1:", level=9):
     return magic + base64.b64encode(zlib.compress(text, level)).decode()
 
 
@@ -44,35 +53,74 @@ def unpack(text):
     return json.loads(zlib.decompress(base64.b64decode(text[4:], validate=True)))
 
 
+def noise(chance):
+    """Several megabytes each, by name; none is a configuration."""
+    letters = bytes(chance.choices(b"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/", k=4 * MEBIBYTE))
+    return {
+        "characters": "".join(map(chr, chance.choices(range(0x20, 0xD800), k=2 * MEBIBYTE))),
+        "base64": "DM1:" + letters.decode(),
+        "blanks": " " * (4 * MEBIBYTE),
+        "brackets": "[" * (4 * MEBIBYTE),
+        "braces": '{"a":' * MEBIBYTE,
+        "packed bytes": pack(chance.randbytes(4 * MEBIBYTE), "CV1:"),
+        "packed brackets": pack(b"[" * (60 * MEBIBYTE)),
+        "an open text": '{"Corvel.slots.0":"' + "弹" * (2 * MEBIBYTE),
+        "an object cut short": json.dumps({f"Corvel.slots.{index}": "x" * 10000 for index in range(400)})[:-1],
+    }
+
+
+def bomb(length):
+    """A packed text of that many bytes."""
+    packer = zlib.compressobj(9)
+    parts = [packer.compress(b'{"Corvel.slots.0":"')]
+    parts += [packer.compress(b"x" * MEBIBYTE) for _ in range(length // MEBIBYTE)]
+    return "DM1:" + base64.b64encode(b"".join([*parts, packer.compress(b'"}'), packer.flush()])).decode()
+
+
 class Interchange(unittest.TestCase):
-    def carry(self, text, host):
-        """What the library exports in an app after importing the text there."""
+    def play(self, text, host, lines):
+        """The run of these commands with the text on the pasteboard, and what they wrote to out.txt, if anything."""
         with tempfile.TemporaryDirectory() as name:
             directory = Path(name)
             (directory / "in.txt").write_text(text, encoding="utf-8", newline="")
-            (directory / "play.scn").write_text(
-                'wait 3\npasteboard from "in.txt"\ncall action dm_imp\nwait 0.3\nexpect toast text is "导入成功"\n'
-                'tap "弹"\nwait 1\ntap "弹"\nwait 1\npasteboard none\ncall action dm_exp\npasteboard to "out.txt"\n',
-                encoding="utf-8",
-            )
-            command = [SIMULATOR, "--host", host, "run", "play.scn"]
-            run = subprocess.run(command, cwd=directory, capture_output=True, text=True, timeout=120, check=False)
-            self.assertEqual(run.returncode, 0, run.stdout[-2000:] + run.stderr[-2000:])
-            return (directory / "out.txt").read_text(encoding="utf-8")
+            run = Played(directory, host, ["wait 3", 'pasteboard from "in.txt"', *lines])
+            self.assertEqual(run.status, 0, run.printed[-2000:])
+            written = directory / "out.txt"
+            return run, written.read_text(encoding="utf-8") if written.exists() else None
+
+    def carry(self, text, host):
+        """What the library exports in an app after importing the text there."""
+        lines = ["call action dm_imp", "wait 0.3", 'expect toast text is "导入成功"', 'tap "弹"', "wait 1"]
+        lines += ['tap "弹"', "wait 1", "pasteboard none", "call action dm_exp", 'pasteboard to "out.txt"']
+        return self.play(text, host, lines)[1]
+
+    def refuse(self, text):
+        """The run in which the text was refused and the store left alone."""
+        lines = ['set Corvel.slots.0 "kept"', "call action dm_imp", "wait 0.3", 'expect toast text is "格式无效"']
+        lines += ['expect pref Corvel.slots.0 is "kept"', "expect count prefs Corvel. is 2"]
+        return self.play(text, "douyin", lines)[0]
 
     def test_round_trips(self):
         for number in range(8):
             with self.subTest(seed=SEED, number=number):
                 chance = random.Random(f"{SEED} {number}")
-                configuration = random_configuration(chance)
-                text = pack(configuration, chance.choice(("DM1:", "CV1:")), chance.randrange(10), number % 2 == 0)
-                first = self.carry(text, "douyin")
+                configuration = random_configuration(chance, number == 0)
+                text = json.dumps(configuration, ensure_ascii=number % 2 == 0).encode()
+                first = self.carry(pack(text, chance.choice(("DM1:", "CV1:")), chance.randrange(10)), "douyin")
                 exported = unpack(first)
                 # What the library itself writes while it runs.
                 self.assertEqual(exported, configuration | {"Corvel.debug.logEnabled": False})
                 for key, value in configuration.items():
                     self.assertIs(type(exported[key]) is bool, type(value) is bool, key)
                 self.assertEqual(unpack(self.carry(first, "kuaishou")), exported)
+
+    def test_noise(self):
+        for name, text in noise(random.Random(SEED)).items():
+            with self.subTest(seed=SEED, noise=name):
+                self.refuse(text)
+
+    def test_a_bomb_is_refused_without_filling_memory(self):
+        self.assertLess(self.refuse(bomb(4096 * MEBIBYTE)).most_memory, 1024 * MEBIBYTE)
 
 
 if __name__ == "__main__":

@@ -1,0 +1,25 @@
+"""Plays scripts of the simulator's commands for the tests of this directory, which name it as their first argument."""
+
+import os
+import subprocess
+import sys
+from pathlib import Path
+
+SIMULATOR = Path(sys.argv[1]).resolve()
+SEED = int(sys.argv[2]) if len(sys.argv) > 2 else 1
+
+
+class Played:
+    """How a run ended: its status, what it printed, and the most memory it held, in bytes."""
+
+    def __init__(self, directory, host, lines):
+        (directory / "play.scn").write_text("\n".join(lines) + "\n", encoding="utf-8")
+        command = [SIMULATOR, "--host", host, "--pictures", ".", "run", "play.scn"]
+        with open(directory / "printed.txt", "w+", encoding="utf-8") as printed:
+            process = subprocess.Popen(command, cwd=directory, stdout=printed, stderr=subprocess.STDOUT)
+            _, status, usage = os.wait4(process.pid, 0)
+            process.returncode = os.waitstatus_to_exitcode(status)
+            printed.seek(0)
+            self.printed = printed.read()
+        self.status = process.returncode
+        self.most_memory = usage.ru_maxrss * 1024
