@@ -36,13 +36,6 @@ namespace detail {
 
 inline constexpr int kBlockHasCopyDispose = 1 << 25;
 inline constexpr int kBlockHasSignature = 1 << 30;
-#if defined(__APPLE__)
-inline constexpr int kBlockIsCopyable = 0;
-#else
-/// GNUstep's _Block_copy returns a block without this flag as it stands, on the stack. (Elsewhere the bit means a
-/// result in memory.)
-inline constexpr int kBlockIsCopyable = 1 << 29;
-#endif
 
 template <class Literal> using FunctionOf = decltype(Literal::function);
 
@@ -76,7 +69,7 @@ template <class R, class... A, class F> class StackBlock<R(A...), F> {
   private:
     struct Literal {
         void *isa = &_NSConcreteStackBlock;
-        int flags = detail::kBlockHasCopyDispose | detail::kBlockHasSignature | detail::kBlockIsCopyable;
+        int flags = detail::kBlockHasCopyDispose | detail::kBlockHasSignature;
         int reserved = 0;
         R (*invoke)(const Literal *, A...) = [](const Literal *self, A... arguments) -> R {
             return const_cast<Literal *>(self)->function(arguments...);
