@@ -127,7 +127,7 @@ inline ns::String StrictDanmakuBuffer() {
 inline ns::String DelayPreJoinBinding() {
     return "Corvel.latency.delayPreJoinBinding"_ns;
 }
-/// Bool, NO: read at every Douyin send: take the comment fragment before the store.
+/// Bool, NO: read at every Douyin send: a comment that goes through the fragment is marked as urgent.
 inline ns::String FastCommentPath() {
     return "Corvel.latency.fastCommentPath"_ns;
 }
