@@ -25,6 +25,8 @@ std::string WriteContinuation(const Continuation &continuation) {
            std::to_string(continuation.failures) + ":" + (continuation.ownsState ? "1" : "0");
 }
 
+} // namespace
+
 void CheckHost(const std::string &name) {
     std::string known;
     for (const hosts::HostEntry &entry : hosts::Hosts()) {
@@ -35,8 +37,6 @@ void CheckHost(const std::string &name) {
     }
     throw UsageError((name.empty() ? "--host is missing" : "unknown host " + name) + "; hosts are " + known);
 }
-
-} // namespace
 
 Options ReadOptions(int count, char **words) {
     Options options;

@@ -34,6 +34,9 @@ struct Options {
 /// Reads the command line; throws UsageError.
 Options ReadOptions(int count, char **words);
 
+/// Throws UsageError unless there is an app of that name to simulate.
+void CheckHost(const std::string &name);
+
 /// How the program is used, in a few lines.
 std::string Usage();
 

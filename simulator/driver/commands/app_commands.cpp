@@ -36,6 +36,17 @@ ui::WindowScene ReadScene(WordReader &words) {
     return scenes[static_cast<std::size_t>(number - 1)];
 }
 
+/// The name of an app to simulate.
+std::string ReadHost(WordReader &words) {
+    const std::string &name = words.Name("a host");
+    try {
+        CheckHost(name);
+    } catch (const UsageError &error) {
+        words.Fail(error.what());
+    }
+    return name;
+}
+
 /// Sends a handler that takes no sender as a control wired to it would.
 void SendAction(WordReader &words) {
     const std::string name = words.Name("a handler of the library");
@@ -123,7 +134,7 @@ void DoRelaunch(Session &session, WordReader &words) {
     Options options = session.options;
     while (!words.AtEnd()) {
         if (words.Take("--host")) {
-            options.host = words.Name("a host");
+            options.host = ReadHost(words);
             options.bundle.reset();
         } else {
             words.Expect("--bundle");
