@@ -1,6 +1,7 @@
 // corvel-sim: the phone on the desk.
 
 #include "driver/api_listing.hpp"
+#include "driver/leak_check.hpp"
 #include "driver/options.hpp"
 #include "driver/runner.hpp"
 #include "driver/script/loader.hpp"
@@ -75,7 +76,9 @@ int PlayScript(Options options) {
     }
     std::fflush(nullptr);
     // The phone is switched off: nothing of the app or the library runs any more.
-    _exit(static_cast<int>(outcome));
+    // What flew past when an exception or an error ended the run is nobody's leak.
+    const bool complete = outcome == Outcome::kHeld || outcome == Outcome::kFailed;
+    _exit(complete && HasLeaked() ? kLeakedStatus : static_cast<int>(outcome));
 }
 
 int ListApi() {

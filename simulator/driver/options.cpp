@@ -1,5 +1,6 @@
 #include "driver/options.hpp"
 
+#include "driver/leak_check.hpp"
 #include "hosts/host.hpp"
 
 #include <cstdio>
@@ -103,6 +104,9 @@ void Relaunch(const Options &options, const Continuation &continuation) {
     }
     pointers.push_back(nullptr);
     std::fflush(nullptr);
+    if (HasLeaked()) {
+        _exit(kLeakedStatus);
+    }
     // Under an emulator the program cannot be started by itself; the environment then names the command that does.
     const char *command = std::getenv("CORVEL_SIM_COMMAND");
     execv(command != nullptr ? command : "/proc/self/exe", pointers.data());

@@ -17,6 +17,13 @@ struct Exception : ns::Object {
     }
 };
 
+/// What an initialiser that fails does with its object, which nobody else can.
+void GiveUp(objc::id self, objc::SEL selector) {
+    if (std::string_view(sel_getName(selector)).starts_with("init")) {
+        objc::Release(self);
+    }
+}
+
 } // namespace
 
 void Raise(const std::string &reason) {
@@ -27,18 +34,16 @@ void Raise(const std::string &reason) {
 void Arrive(objc::id self, objc::SEL selector, std::vector<script::Fact> arguments) {
     TheRecord().Add(Call{TheObjects().NameOf(ns::Object{self}), sel_getName(selector), std::move(arguments)});
     if (const std::string *reason = ThePlan().ReasonToThrow(objc::object_getClass(self), sel_getName(selector))) {
+        GiveUp(self, selector);
         Raise(*reason);
     }
 }
 
 bool Refuses(objc::id self, objc::SEL selector) {
-    const std::string name = sel_getName(selector);
-    if (!ThePlan().Refuses(objc::object_getClass(self), name)) {
+    if (!ThePlan().Refuses(objc::object_getClass(self), sel_getName(selector))) {
         return false;
     }
-    if (name.starts_with("init")) {
-        objc::Release(self);
-    }
+    GiveUp(self, selector);
     return true;
 }
 

@@ -15,7 +15,7 @@ struct HostMethod {
     bool optional = false;
 };
 
-/// Records a call and raises what the plan holds for it.
+/// Records a call and raises what the plan holds for it. An initialiser that raises gives its object up.
 void Arrive(objc::id self, objc::SEL selector, std::vector<script::Fact> arguments);
 
 /// Whether the plan lets the method do nothing. An initialiser that does nothing gives its object up.
