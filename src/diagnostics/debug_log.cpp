@@ -29,10 +29,12 @@ void Append(ns::String message) {
 void DebugLogArguments(ns::String format, const FormatArgument *arguments, unsigned long count) {
     objc::Guard([&] {
         const auto store = ns::UserDefaults::standardUserDefaults();
-        if (!store.objectForKey(keys::LogEnabled())) {
+        const ns::Object stored = store.objectForKey(keys::LogEnabled());
+        if (!stored) {
             store.setBool(false, keys::LogEnabled());
         }
-        if (store.boolForKey(keys::LogEnabled())) {
+        // Not by ReadBoolPreference: while the log is off a call is to cost no third lookup.
+        if (IsScalar(stored) && store.boolForKey(keys::LogEnabled())) {
             Append(FormatArguments(format, arguments, count));
         }
     });

@@ -9,15 +9,14 @@ ns::UserDefaults Store() {
     return ns::UserDefaults::standardUserDefaults();
 }
 
-/// Whether a stored object can be read as a number at all: a string, or a number that is finite.
+} // namespace
+
 bool IsScalar(ns::Object stored) {
     if (stored.isKindOfClass(objc::ClassOf<ns::Number>())) {
         return __builtin_isfinite(objc::As<ns::Number>(stored).doubleValue()) != 0;
     }
     return stored.isKindOfClass(objc::ClassOf<ns::String>());
 }
-
-} // namespace
 
 double ReadFloatPreference(ns::String key, double fallback) {
     const ns::Object stored = Store().objectForKey(key);

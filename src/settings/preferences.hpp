@@ -6,6 +6,9 @@
 
 namespace corvel {
 
+/// Whether a stored object (may be nil) can be read as a number or a bool at all: a string, or a finite number.
+bool IsScalar(ns::Object stored);
+
 /// The number under the key read in single precision and widened; a string reads as the number that it begins with
 /// (0 when it begins with none). The fallback when absent, of another type, or not finite.
 double ReadFloatPreference(ns::String key, double fallback);
