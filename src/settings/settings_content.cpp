@@ -5,11 +5,10 @@
 #include "settings/preference_keys.hpp"
 #include "settings/preferences.hpp"
 #include "settings/settings_rows.hpp"
+#include "settings/version.hpp"
 
 namespace corvel {
 namespace {
-
-constexpr const char *kVersion = "1.1.1";
 
 /// From the top of a section's content to its first row.
 constexpr double kTopGap = 5;

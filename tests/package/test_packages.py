@@ -2,7 +2,6 @@
 
 import io
 import plistlib
-import re
 import struct
 import subprocess
 import tarfile
@@ -93,10 +92,6 @@ class PackageTest(unittest.TestCase):
                 self.assertEqual(without_name_and_signature(data), built)
         data = unpacked("iphoneos-arm", "--fsys-tarfile")[1][build.INSTALL_NAME]
         self.assertEqual(data, build.LIBRARY.read_bytes())
-
-    def test_version_is_the_projects(self):
-        project = re.search(r"^project\(Corvel VERSION (\S+)", (build.ROOT / "CMakeLists.txt").read_text(), re.M)
-        self.assertEqual(project[1], build.VERSION)
 
 
 if __name__ == "__main__":
