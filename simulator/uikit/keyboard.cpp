@@ -150,6 +150,7 @@ void Show(ui::Responder first) {
     const cg::Rect end{{0, screen.height - height}, {screen.width, height}};
     keyboard.up = true;
     keyboard.frame = end;
+    ShowKeysFor(first);
     WithoutAnimation([&] {
         Assemble(accessory, begin);
         if (accessory) {

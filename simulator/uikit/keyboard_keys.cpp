@@ -1,5 +1,6 @@
 #include "uikit/keyboard_keys.hpp"
 
+#include "apple/uikit/text_field.hpp"
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/color.hpp"
@@ -21,6 +22,9 @@ constexpr double kBelowKeys = 76; // points under the last row, where a phone wi
 constexpr double kKeyRadius = 5;
 constexpr int kRows = 4;
 constexpr double kMostKeys = 10; // in a row; its keys are as wide as the room allows
+constexpr int kPadColumns = 3;
+
+bool numberPad = false;
 
 struct Look {
     Rgba background;
@@ -53,6 +57,15 @@ class Keys {
         if (rowHeight_ < kReadable || keyWidth_ < kReadable) {
             return;
         }
+        if (numberPad) {
+            NumberPad();
+        } else {
+            LetterKeys();
+        }
+    }
+
+  private:
+    void LetterKeys() {
         Letters(u"QWERTYUIOP", 0);
         Letters(u"ASDFGHJKL", 1);
         Letters(u"ZXCVBNM", 2);
@@ -66,7 +79,19 @@ class Keys {
         Key({width_ - kMargin - wide, RowTop(3)}, wide, u"换行", look_.otherKey);
     }
 
-  private:
+    void NumberPad() {
+        const double width = (width_ - 2 * kMargin - (kPadColumns - 1) * kKeyGap) / kPadColumns;
+        const auto key = [&](int column, int row, std::u16string_view text, Rgba color) {
+            Key({kMargin + column * (width + kKeyGap), RowTop(row)}, width, text, color);
+        };
+        constexpr std::u16string_view kDigits = u"123456789";
+        for (int i = 0; i < static_cast<int>(kDigits.size()); ++i) {
+            key(i % kPadColumns, i / kPadColumns, kDigits.substr(static_cast<std::size_t>(i), 1), look_.letterKey);
+        }
+        key(1, 3, u"0", look_.letterKey);
+        key(2, 3, u"⌫", look_.otherKey);
+    }
+
     double RowTop(int row) const {
         return kTop + row * (rowHeight_ + kRowGap);
     }
@@ -114,6 +139,12 @@ void DrawKeys(ui::View view, cairo_t *context) {
 }
 
 } // namespace
+
+void ShowKeysFor(ui::Responder edited) {
+    const bool hasType = edited.respondsToSelector(objc::Selector<"keyboardType">());
+    numberPad = hasType && objc::Send<"keyboardType", ui::KeyboardType>(objc::As<ui::TextInputTraits>(edited)) ==
+                               ui::KeyboardType::kNumberPad;
+}
 
 void RegisterKeyboardKeys() {
     RegisterClass(kKeysClass, "UIView", {});
