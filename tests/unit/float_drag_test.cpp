@@ -84,6 +84,21 @@ ui::GestureState State(ns::Object, objc::SEL) {
     return moved.state;
 }
 
+/// The capture button, which only follows.
+constinit cg::Point followed;
+
+void SetFollowed(ns::Object, objc::SEL, cg::Point center) {
+    followed = center;
+}
+
+objc::Ref<ns::Object> Follower() {
+    static const objc::Class cls = [] {
+        const objc::MethodEntry methods[] = {objc::MethodNamed<"setCenter:", &SetFollowed>()};
+        return RegisterClass("CorvelTestFollower", "NSObject", methods);
+    }();
+    return NewInstance(cls);
+}
+
 objc::Ref<ns::Object> StandIn() {
     static const objc::Class cls = [] {
         const objc::MethodEntry methods[] = {objc::MethodNamed<"center", &Center>(),
@@ -108,7 +123,7 @@ TEST(FloatDrag, OnTheWayAllocatesAndStoresNothing) {
     ns::UserDefaults::standardUserDefaults().removeObjectForKey(keys::FloatButtonX());
     const objc::Ref<ns::Object> view = StandIn();
     Overlay().floatButton = objc::As<ui::Button>(view);
-    Overlay().captureButton = nullptr;
+    Overlay().captureButton = objc::As<ui::Button>(Follower());
     const auto recognizer = objc::As<ui::PanGestureRecognizer>(view);
     DragTo(recognizer, {1, 2}); // selectors are registered and implementations found at the first send
     counting = true;
@@ -120,9 +135,11 @@ TEST(FloatDrag, OnTheWayAllocatesAndStoresNothing) {
     counting = false;
     std::free(probe);
     Overlay().floatButton = nullptr;
+    Overlay().captureButton = nullptr;
     EXPECT_EQ(seen, 1) << "allocations are not counted at all";
     EXPECT_EQ(allocations, seen);
     EXPECT_EQ(moved.center, (cg::Point{601, -48}));
+    EXPECT_EQ(followed, (cg::Point{601, 12}));
     EXPECT_FALSE(ns::UserDefaults::standardUserDefaults().objectForKey(keys::FloatButtonX()));
 }
 
