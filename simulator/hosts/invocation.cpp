@@ -1,6 +1,7 @@
 #include "hosts/invocation.hpp"
 
 #include "driver/script/values.hpp"
+#include "hosts/blocks.hpp"
 #include "hosts/objects.hpp"
 #include "hosts/plan.hpp"
 #include "hosts/record.hpp"
@@ -85,19 +86,12 @@ ns::Object ReadObject(WordReader &words) {
     return TheObjects().Sees(words) ? TheObjects().Read(words).get() : script::ReadValue(words);
 }
 
-/// A block that takes what a completion takes and does nothing. One serves all calls: it captures nothing.
-objc::id EmptyBlock() {
-    static const objc::id block =
-        static_cast<objc::id>(_Block_copy(static_cast<objc::Block<void()>>(objc::MakeBlock<void()>([] {})).pointer));
-    return block;
-}
-
 Slot ReadArgument(const Type &type, WordReader &words) {
     Slot slot{};
     switch (type.code) {
     case '@':
     case '#':
-        slot.object = words.Take("block") ? EmptyBlock() : ReadObject(words).pointer;
+        slot.object = words.Take("block") ? ReadBlock(words) : ReadObject(words).pointer;
         break;
     case ':':
         slot.selector = sel_registerName(words.Name("a selector").c_str());
@@ -128,7 +122,7 @@ Fact DescribeResult(const Type &type, const Slot &result) {
     case 'v':
         return {};
     case '@':
-        return DescribeArgument(ns::Object{result.object});
+        return type.block ? NameOfBlock(result.object) : DescribeArgument(ns::Object{result.object});
     case 'd':
         return DescribeArgument(result.real);
     case 'f':
@@ -165,9 +159,13 @@ Fact Watched(ns::Object receiver, std::initializer_list<std::string> selectors, 
     return {Bare("threw"), script::Text(raised)};
 }
 
-} // namespace
+/// What came of a call: what the method was told to throw, else what it answered; either may be empty.
+struct Outcome {
+    Fact threw;
+    Fact result;
+};
 
-Fact Invoke(ns::Object receiver, const std::string &selector, WordReader &words) {
+Outcome Perform(ns::Object receiver, const std::string &selector, WordReader &words) {
     const objc::SEL name = sel_registerName(selector.c_str());
     const objc::Class cls = objc::object_getClass(receiver.pointer);
     const objc::Method method = class_getInstanceMethod(cls, name);
@@ -193,20 +191,25 @@ Fact Invoke(ns::Object receiver, const std::string &selector, WordReader &words)
     ffi_prep_cif(&interface, FFI_DEFAULT_ABI, static_cast<unsigned>(ffiTypes.size()), types[0].ffi, ffiTypes.data());
 
     Slot result{};
-    const Fact threw = Watched(receiver, {selector}, [&] {
+    Fact threw = Watched(receiver, {selector}, [&] {
         ffi_call(&interface, objc_msg_lookup(receiver.pointer, name), &result, values.data());
     });
-    return threw.empty() ? DescribeResult(types[0], result) : threw;
+    return {threw, threw.empty() ? DescribeResult(types[0], result) : Fact{}};
 }
 
-Fact Invoke(ns::Object receiver, const std::string &selector, std::vector<script::Word> arguments) {
-    WordReader words({"host event", 0}, arguments);
-    return Invoke(receiver, selector, words);
+} // namespace
+
+Fact Invoke(ns::Object receiver, const std::string &selector, WordReader &words) {
+    const Outcome outcome = Perform(receiver, selector, words);
+    return outcome.threw.empty() ? outcome.result : outcome.threw;
 }
 
 Fact InvokeIfAnswered(ns::Object receiver, const std::string &selector, std::vector<script::Word> arguments) {
-    const bool answers = receiver.respondsToSelector(sel_registerName(selector.c_str()));
-    return answers ? Invoke(receiver, selector, std::move(arguments)) : Fact{};
+    if (!receiver.respondsToSelector(sel_registerName(selector.c_str()))) {
+        return {};
+    }
+    WordReader words({"host event", 0}, arguments);
+    return Perform(receiver, selector, words).threw;
 }
 
 Fact MoveView(ui::View view, ui::View parent) {

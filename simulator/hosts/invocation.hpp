@@ -19,15 +19,13 @@ class ReachedHost : public std::exception {
 };
 
 /// Sends the selector to the object as the host's own code does and describes the result (empty for none). Objects
-/// among the arguments are values, host objects by name, or `block` (one that takes and does nothing). When the method
-/// itself was told to throw, the answer is `threw "reason"`; any other exception becomes ReachedHost.
+/// among the arguments are values, host objects or blocks by name. When the method itself was told to throw, the answer
+/// is `threw "reason"`; any other exception becomes ReachedHost.
 /// Throws ScriptError for arguments that do not fit.
 script::Fact Invoke(ns::Object receiver, const std::string &selector, script::WordReader &arguments);
 
-/// The same from the host's own events.
-script::Fact Invoke(ns::Object receiver, const std::string &selector, std::vector<script::Word> arguments = {});
-
-/// The same when the object answers the selector; nothing happens when it does not.
+/// The same as an event of the host's own, when the object answers the selector. The app knows what to make of a
+/// result, so only what was thrown is told.
 script::Fact InvokeIfAnswered(ns::Object receiver, const std::string &selector,
                               std::vector<script::Word> arguments = {});
 

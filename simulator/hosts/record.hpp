@@ -3,7 +3,7 @@
 
 #include "apple/foundation/string.hpp"
 #include "driver/script/expectation.hpp"
-#include "objc/block.hpp"
+#include "hosts/blocks.hpp"
 #include "objc/ref.hpp"
 
 #include <functional>
@@ -61,7 +61,7 @@ script::Fact DescribeArgument(long value);
 script::Fact DescribeArgument(bool value);
 script::Fact DescribeArgument(double value);
 template <class Signature> script::Fact DescribeArgument(objc::Block<Signature> block) {
-    return {script::Bare(block ? "block" : "nil")};
+    return NameOfBlock(block.pointer);
 }
 template <objc::Handle View>
     requires(!std::derived_from<View, ns::Object>)

@@ -42,23 +42,30 @@ void Receive(const char *path, ns::Object receiver, ns::Object text, ns::Object 
                             .context = DescribeContext(context)});
 }
 
-void Nothing(ns::Object, objc::SEL) {}
+// Methods that only the app calls answer something: whatever a method answers, a hook hands it on.
+
+ns::Object Itself(ns::Object self, objc::SEL) {
+    return self;
+}
 
 // Starts above every class that may hold this method, its own or inherited.
 void Dealloc(ns::Object self, objc::SEL) {
     objc::SendSuper<"dealloc", void>(objc::As<Root>(self));
 }
 
-void SendFromInput(ns::Object self, objc::SEL, ns::Object text, long enterSource, long requestSource,
-                   ns::Object trackParams, Completion completion) {
+Completion SendFromInput(ns::Object self, objc::SEL, ns::Object text, long enterSource, long requestSource,
+                         ns::Object trackParams, Completion completion) {
     Receive("input", self, text, nullptr);
+    return completion;
 }
 
 void SendWithContext(ns::Object self, objc::SEL, ns::Object text, ns::Object context, Completion completion) {
     Receive("fragment", self, text, context);
 }
 
-void CommentSucceeded(ns::Object, objc::SEL, ns::Object comment, ns::Object fakeMessage, long enterSource) {}
+long CommentSucceeded(ns::Object, objc::SEL, ns::Object comment, ns::Object fakeMessage, long enterSource) {
+    return enterSource;
+}
 
 void SendThroughStore(ns::Object self, objc::SEL, ns::Object context, Completion completion) {
     Receive("store", self, context ? ValueUnder(context, "content") : ns::Object{}, context);
@@ -74,11 +81,11 @@ void SetPriority(ns::Object self, objc::SEL, long priority) {
 
 void RegisterFragments() {
     const HostMethod methods[] = {
-        Method<"componentMount", &Nothing>(),
+        Method<"componentMount", &Itself>(),
         Method<"sendComment:enterSource:requestSource:trackParams:completion:", &SendFromInput>(),
         Method<"sendComment:commentContext:completion:", &SendWithContext>(),
         Method<"commentSucceedForComment:withFakeMessage:commentEnterSource:", &CommentSucceeded>(),
-        Method<"commentBegan", &Nothing>(),
+        Method<"commentBegan", &Itself>(),
         Method<"store", &GetKey<"store">>(),
         OptionalMethod<"commentStore", &GetKey<"commentStore">>(),
         Method<"dealloc", &Dealloc>(),
@@ -88,7 +95,7 @@ void RegisterFragments() {
 
 void RegisterStores() {
     const HostMethod methods[] = {
-        Method<"setup", &Nothing>(),
+        Method<"setup", &Itself>(),
         Method<"sendCommentWithCommentContext:completion:", &SendThroughStore>(),
         Method<"context", &GetKey<"context">>(),
         OptionalMethod<"store", &GetKey<"store">>(),

@@ -7,9 +7,15 @@ namespace {
 
 using Completion = objc::Block<void()>;
 
-void Nothing(ns::Object, objc::SEL) {}
+// Methods that only the app calls answer something: whatever a method answers, a hook hands it on.
 
-void BindTarget(ns::Object, objc::SEL, ns::Object target) {}
+ns::Object Itself(ns::Object self, objc::SEL) {
+    return self;
+}
+
+ns::Object BindTarget(ns::Object, objc::SEL, ns::Object target) {
+    return target;
+}
 
 void Comment(ns::Object self, objc::SEL, ns::Object text) {
     ReceiveComment("bar", self, text);
@@ -19,7 +25,9 @@ void CommentWithCompletion(ns::Object self, objc::SEL, ns::Object text, Completi
     ReceiveComment("service", self, text);
 }
 
-void ComponentDidAppear(ns::Object, objc::SEL, bool animated) {}
+bool ComponentDidAppear(ns::Object, objc::SEL, bool animated) {
+    return animated;
+}
 
 void SendComment(ns::Object self, objc::SEL, ns::Object text, long source) {
     ReceiveComment("preview", self, text, nullptr, {script::Bare("source"), script::Bare(std::to_string(source))});
@@ -28,20 +36,20 @@ void SendComment(ns::Object self, objc::SEL, ns::Object text, long source) {
 /// Every service has the base's onCreate; a build may give one its own, which does not call the base's.
 void RegisterServices() {
     constexpr const char *kBase = "KwaiLiveBaseService";
-    const HostMethod base[] = {Method<"onCreate", &Nothing>()};
+    const HostMethod base[] = {Method<"onCreate", &Itself>()};
     RegisterFamily({"NSObject", "KwaiLiveBaseComponent", kBase, "KwaiLiveBaseTool"}, base);
     // A build without the base has its services stand on what the base stood on.
     const char *const root = ThePlan().LacksClass(kBase) ? "KwaiLiveBaseComponent" : kBase;
 
     const HostMethod bar[] = {
-        OptionalMethod<"onCreate", &Nothing>(),
+        OptionalMethod<"onCreate", &Itself>(),
         Method<"bindTarget:", &BindTarget>(),
         Method<"comment:", &Comment>(),
     };
     RegisterFamily({root, "KSSLiveBarService", "KSSLiveCommentBarService", "KSSLiveGiftBarService"}, bar);
 
     const HostMethod service[] = {
-        OptionalMethod<"onCreate", &Nothing>(),
+        OptionalMethod<"onCreate", &Itself>(),
         Method<"comment:completion:", &CommentWithCompletion>(),
     };
     RegisterFamily({root, "KSLiveRoomService", "KSLiveCommentService", "KSLiveGiftService"}, service);
@@ -49,7 +57,7 @@ void RegisterServices() {
 
 void RegisterPreviewComponent() {
     const HostMethod preview[] = {
-        Method<"componentDidLoad", &Nothing>(),
+        Method<"componentDidLoad", &Itself>(),
         Method<"componentDidAppear:", &ComponentDidAppear>(),
         Method<"sendComment:source:", &SendComment>(),
     };

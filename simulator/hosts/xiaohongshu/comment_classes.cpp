@@ -11,6 +11,8 @@ namespace {
 
 using Completion = objc::Block<void()>;
 
+// Methods that only the app calls answer with one of their arguments: whatever a method answers, a hook hands it on.
+
 void Nothing(ui::View, objc::SEL) {}
 
 // The decorate view.
@@ -69,7 +71,9 @@ void ClearInput(ui::View self, objc::SEL) {
     StateOf<CommentBarState>(self).text = nullptr;
 }
 
-void AttachToViewController(ui::View, objc::SEL, ns::Object viewController, bool hides) {}
+bool AttachToViewController(ui::View, objc::SEL, ns::Object viewController, bool hides) {
+    return hides;
+}
 
 void SendButtonTapped(ui::View self, objc::SEL, ns::Object sender) {
     if (self.respondsToSelector(objc::Selector<"_commentBarWillSend">())) {
@@ -114,8 +118,12 @@ ns::Object InitWithType(ns::Object self, objc::SEL, long type, ns::Object groupI
     return self;
 }
 
-void JoinWithGroupId(ns::Object, objc::SEL, ns::Object groupId, Completion callback) {}
-void JoinWithGroupIdAndRole(ns::Object, objc::SEL, ns::Object groupId, long role, Completion callback) {}
+Completion JoinWithGroupId(ns::Object, objc::SEL, ns::Object groupId, Completion callback) {
+    return callback;
+}
+long JoinWithGroupIdAndRole(ns::Object, objc::SEL, ns::Object groupId, long role, Completion callback) {
+    return role;
+}
 
 void SendCustomWithMsg(ns::Object self, objc::SEL, ns::Object message, Completion success, Completion failure) {
     if (!message || !message.isKindOfClass(objc_getClass("XYLiveIMMessage"))) {

@@ -76,7 +76,7 @@ class Xiaohongshu final : public Host {
             Append(said, MoveView(bar, room().screen()));
         }
         Append(said, InvokeIfAnswered(Make("engine"), "joinWithGroupId:role:callback:",
-                                      {script::Text(group), Bare("0"), Bare("block")}));
+                                      {script::Text(group), Bare("0"), Bare("block"), Bare("1")}));
         return said;
     }
 

@@ -1,0 +1,44 @@
+#include "hosts/blocks.hpp"
+
+#include <algorithm>
+#include <map>
+
+namespace sim::hosts {
+namespace {
+
+using script::Bare;
+using script::Fact;
+
+/// Never destroyed, nor are the blocks.
+std::map<long, objc::id> &Blocks() {
+    static auto &blocks = *new std::map<long, objc::id>;
+    return blocks;
+}
+
+} // namespace
+
+objc::id ReadBlock(script::WordReader &words) {
+    const long number = words.Integer("the number of the block");
+    if (number < 1) {
+        words.Fail("blocks are counted from 1");
+    }
+    objc::id &block = Blocks()[number];
+    if (block == nullptr) {
+        auto fresh = objc::MakeBlock<void()>([] {});
+        block = static_cast<objc::id>(_Block_copy(objc::Block<void()>(fresh).pointer));
+    }
+    return block;
+}
+
+Fact NameOfBlock(objc::id block) {
+    if (block == nullptr) {
+        return {Bare("nil")};
+    }
+    const auto found = std::ranges::find(Blocks(), block, [](const auto &entry) { return entry.second; });
+    if (found == Blocks().end()) {
+        return {Bare("<block>")};
+    }
+    return {Bare("block"), Bare(std::to_string(found->first))};
+}
+
+} // namespace sim::hosts
