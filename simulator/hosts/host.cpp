@@ -188,6 +188,7 @@ Fact Host::Event(WordReader &words) {
     return fact;
 }
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): what there is to ask belongs to the host that runs
 Answer Host::Query(WordReader &words) {
     if (words.Take("comments")) {
         Answer answer;

@@ -72,7 +72,7 @@ std::vector<Type> TypesOf(const char *encoding, const WordReader &words) {
         if (std::strchr("rnNoORV0123456789+-", *at) != nullptr) {
             continue;
         }
-        Type type{*at, at[0] == '@' && at[1] == '?', FfiTypeOf(*at)};
+        const Type type{*at, at[0] == '@' && at[1] == '?', FfiTypeOf(*at)};
         if (type.ffi == nullptr) {
             words.Fail(std::string("a script cannot pass or print a value of type ") + *at);
         }
@@ -191,7 +191,7 @@ Outcome Perform(ns::Object receiver, const std::string &selector, WordReader &wo
     ffi_prep_cif(&interface, FFI_DEFAULT_ABI, static_cast<unsigned>(ffiTypes.size()), types[0].ffi, ffiTypes.data());
 
     Slot result{};
-    Fact threw = Watched(receiver, {selector}, [&] {
+    const Fact threw = Watched(receiver, {selector}, [&] {
         ffi_call(&interface, objc_msg_lookup(receiver.pointer, name), &result, values.data());
     });
     return {threw, threw.empty() ? DescribeResult(types[0], result) : Fact{}};
@@ -199,8 +199,8 @@ Outcome Perform(ns::Object receiver, const std::string &selector, WordReader &wo
 
 } // namespace
 
-Fact Invoke(ns::Object receiver, const std::string &selector, WordReader &words) {
-    const Outcome outcome = Perform(receiver, selector, words);
+Fact Invoke(ns::Object receiver, const std::string &selector, WordReader &arguments) {
+    const Outcome outcome = Perform(receiver, selector, arguments);
     return outcome.threw.empty() ? outcome.result : outcome.threw;
 }
 

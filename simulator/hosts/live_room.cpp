@@ -114,8 +114,9 @@ void LiveRoom::DrawLobby() {
     constexpr const char *kViewers[] = {"1.2万人", "8632人", "512人", "3041人", "207人", "1.9万人"};
     const double card = (width - 3 * kMargin) / 2;
     for (int i = 0; i < 6; ++i) {
+        const int row = i / 2;
         const cg::Rect frame =
-            Box(kMargin + (i % 2) * (card + kMargin), 100 + (i / 2) * (card * 1.4 + kMargin), card, card * 1.4);
+            Box(kMargin + (i % 2) * (card + kMargin), 100 + row * (card * 1.4 + kMargin), card, card * 1.4);
         const ui::View view = AddPoster(screen_, frame);
         AddLabel(view, Box(10, frame.size.height - 48, card - 20, 20), kRooms[i], {.size = 14, .bold = true});
         AddLabel(view, Box(10, frame.size.height - 27, card - 20, 16), kViewers[i],
@@ -189,12 +190,12 @@ void LiveRoom::Say(const std::string &who, const std::string &text, bool own) {
     label.setFrame(Box(10, 5, size.width - 20, fitted.height));
     const ns::Array bubbles = chat_->subviews();
     for (unsigned long i = 0; i + 1 < bubbles.count(); ++i) {
-        const ui::View older = objc::As<ui::View>(bubbles.objectAtIndex(i));
+        const auto older = objc::As<ui::View>(bubbles.objectAtIndex(i));
         const cg::Point center = older.center();
         older.setCenter({center.x, center.y - size.height - kBubbleGap});
     }
     bubble.setFrame(Box(0, kChatHeight - size.height, size.width, size.height));
-    const ui::View oldest = objc::As<ui::View>(bubbles.firstObject());
+    const auto oldest = objc::As<ui::View>(bubbles.firstObject());
     if (oldest.frame().origin.y + oldest.frame().size.height < 0) {
         oldest.removeFromSuperview();
     }

@@ -1,5 +1,7 @@
 #include "hosts/objects.hpp"
 
+#include <algorithm>
+
 namespace sim::hosts {
 
 using script::Bare;
@@ -68,12 +70,7 @@ bool Objects::ReadWhetherAlive(script::WordReader &words) const {
 }
 
 bool Objects::Sees(const script::WordReader &words) const {
-    for (const auto &[kind, numbered] : entries_) {
-        if (words.Sees(kind)) {
-            return true;
-        }
-    }
-    return false;
+    return std::ranges::any_of(entries_, [&](const auto &entry) { return words.Sees(entry.first); });
 }
 
 Fact Objects::NameOf(ns::Object object) const {

@@ -5,10 +5,12 @@
 
 #include <cairo.h>
 
+#include <numbers>
+
 namespace sim::hosts {
 namespace {
 
-constexpr double kPi = 3.14159265358979;
+using std::numbers::pi;
 constexpr const char *kPosterClass = "SimLivePosterView";
 
 struct Stop {
@@ -34,7 +36,7 @@ void DrawVideo(ui::View view, cairo_t *context) {
     Fill(context, cairo_pattern_create_radial(w * 0.5, h * 0.30, 10, w * 0.5, h * 0.30, w * 0.8),
          {{0, 0.98, 0.72, 0.48, 0.75}, {0.5, 0.85, 0.40, 0.45, 0.30}, {1, 0, 0, 0, 0}});
     cairo_set_source_rgb(context, 0.11, 0.08, 0.15);
-    cairo_arc(context, w * 0.5, h * 0.40, w * 0.13, 0, 2 * kPi); // head
+    cairo_arc(context, w * 0.5, h * 0.40, w * 0.13, 0, 2 * pi); // head
     cairo_fill(context);
     cairo_rectangle(context, w * 0.45, h * 0.44, w * 0.10, h * 0.06); // neck
     cairo_fill(context);

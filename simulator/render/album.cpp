@@ -24,7 +24,7 @@ std::string FreePath(const std::string &directory) {
     for (unsigned number = 1;; ++number) {
         char name[32];
         std::snprintf(name, sizeof name, "IMG_%04u.png", number);
-        std::filesystem::path path = std::filesystem::path(directory) / name;
+        const std::filesystem::path path = std::filesystem::path(directory) / name;
         std::error_code error;
         if (!std::filesystem::exists(path, error)) {
             return path.string();

@@ -58,10 +58,11 @@ void Blur(cairo_surface_t *image, double deviation) {
     for (int pass = 0; pass < kPasses; ++pass) {
         for (int channel = 0; channel < channels; ++channel) {
             for (int y = 0; y < height; ++y) {
-                BoxFilter({data + y * rowStride + channel, width, channels}, radius, copy);
+                BoxFilter({data + static_cast<std::ptrdiff_t>(y) * rowStride + channel, width, channels}, radius, copy);
             }
             for (int x = 0; x < width; ++x) {
-                BoxFilter({data + x * channels + channel, height, rowStride}, radius, copy);
+                BoxFilter({data + static_cast<std::ptrdiff_t>(x) * channels + channel, height, rowStride}, radius,
+                          copy);
             }
         }
     }

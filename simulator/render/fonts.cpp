@@ -81,7 +81,7 @@ bool HasFamily(FcConfig *config, const char *family) {
 FcConfig *MakeConfiguration() {
     FcConfig *config = FcConfigCreate();
     const auto *text = reinterpret_cast<const FcChar8 *>(kConfiguration);
-    if (!FcConfigParseAndLoadFromMemory(config, text, FcTrue) || !FcConfigBuildFonts(config)) {
+    if (FcConfigParseAndLoadFromMemory(config, text, FcTrue) == FcFalse || FcConfigBuildFonts(config) == FcFalse) {
         std::fprintf(stderr, "cannot load the simulator's font configuration\n");
         std::abort();
     }

@@ -6,6 +6,7 @@
 #include "uikit/application.hpp"
 
 #include <cmath>
+#include <ranges>
 
 namespace sim {
 
@@ -18,8 +19,8 @@ void DrawScreen(cairo_t *context) {
     cairo_fill(context);
     const std::vector<ui::Window> windows = WindowsFrontToBack();
     ViewRenderer renderer(context);
-    for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
-        renderer.DrawInSuperview(*window);
+    for (auto window : std::ranges::reverse_view(windows)) {
+        renderer.DrawInSuperview(window);
     }
 }
 

@@ -28,7 +28,7 @@ bool Wraps(const LineStyle &style) {
 }
 
 std::size_t ParagraphEnd(std::u16string_view text, std::size_t from) {
-    const auto found = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), IsLineEnd);
+    const auto *const found = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), IsLineEnd);
     return static_cast<std::size_t>(found - text.begin());
 }
 
@@ -190,11 +190,9 @@ class MeasuredText {
         const std::u16string_view prefix = std::u16string_view(text_).substr(0, length);
         // A prefix may end between the two units of one line end, and then has a paragraph that the text has not.
         const bool endsParagraph = length > 0 && IsLineEnd(prefix.back());
-        const std::size_t start =
-            endsParagraph ? length : *(std::upper_bound(paragraphs_.begin(), paragraphs_.end(), length) - 1);
+        const std::size_t start = endsParagraph ? length : *(std::ranges::upper_bound(paragraphs_, length) - 1);
         const std::size_t settled = start + SettledUnits(prefix.substr(start), length - start);
-        const auto firstNew = std::upper_bound(lines_.begin(), lines_.end(), settled,
-                                               [](std::size_t unit, const TextLine &line) { return unit < line.seen; });
+        const auto firstNew = std::ranges::upper_bound(lines_, settled, {}, &TextLine::seen);
         const auto kept = static_cast<std::size_t>(firstNew - lines_.begin());
         const std::size_t from = std::max(start, kept > 0 ? lines_[kept - 1].end : 0);
         ShapedText shapes{{}, from};
@@ -239,7 +237,7 @@ TextExtent MeasureText(std::u16string_view text, const LineStyle &style, std::si
     }
     static std::vector<MeasuredText> cache; // most recent first
     const auto known =
-        std::find_if(cache.begin(), cache.end(), [&](const MeasuredText &entry) { return entry.Serves(text, style); });
+        std::ranges::find_if(cache, [&](const MeasuredText &entry) { return entry.Serves(text, style); });
     if (known != cache.end()) {
         std::rotate(cache.begin(), known, known + 1);
     } else {

@@ -19,7 +19,7 @@ class AutoreleasePool {
 };
 
 /// Hands an owned object to the current pool, as a method does that returns an object it does not own.
-template <objc::Handle T> T Autoreleased(objc::Ref<T> owned) {
+template <objc::Handle T> T Autoreleased(const objc::Ref<T> &owned) {
     return objc::Send<"autorelease", T>(T{objc::Retain(owned.get().pointer)});
 }
 

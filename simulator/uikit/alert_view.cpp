@@ -223,7 +223,7 @@ void DrawDimming(ui::View view, cairo_t *context) {
 objc::Ref<ui::View> MakeAlertView() {
     const auto view = ns::New<AlertView>();
     Build(view);
-    return objc::Ref<ui::View>(view.get());
+    return {view.get()};
 }
 
 void FillAlertView(ui::View view, ui::AlertController alert) {

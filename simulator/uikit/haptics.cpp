@@ -32,7 +32,7 @@ ns::Object InitWithStyle(ns::Object self, objc::SEL, long style) {
 }
 
 void ImpactOccurred(ns::Object self, objc::SEL) {
-    GeneratorState &state = StateOf<GeneratorState>(self);
+    auto &state = StateOf<GeneratorState>(self);
     Impacts().push_back({clock::Now(), state.style, state.prepared});
     state.prepared = false;
 }

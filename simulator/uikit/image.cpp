@@ -86,7 +86,8 @@ bool DrawViewHierarchy(ui::View self, objc::SEL, cg::Rect rect, bool) {
 }
 
 /// Tells whoever saved a picture, in a later turn, as image:didFinishSavingWithError:contextInfo: is told.
-void Complete(objc::Ref<ns::Object> target, objc::SEL completion, objc::Ref<ui::Image> image, void *context) {
+void Complete(const objc::Ref<ns::Object> &target, objc::SEL completion, const objc::Ref<ui::Image> &image,
+              void *context) {
     clock::Schedule(0, [=] {
         using Completion = void (*)(objc::id, objc::SEL, ui::Image, ns::Object, void *);
         const objc::id receiver = target.get().pointer;

@@ -82,7 +82,7 @@ bool BeginTracking(Switch self, objc::SEL, ui::Touch touch, ui::Event) {
 
 /// A tap turns the switch over; a finger drawn across it sets it on (to the right) or off.
 void EndTracking(Switch self, objc::SEL, ui::Touch touch, ui::Event event) {
-    SwitchState &state = StateOfSwitch(self);
+    const SwitchState &state = StateOfSwitch(self);
     const double way = PlaceAcross(self, touch) - state.grabbedAt;
     const bool drawn = std::abs(way) > kDragDistance;
     const bool wanted = drawn ? way > 0 : state.on != ControlStateOf(self).touchInside;

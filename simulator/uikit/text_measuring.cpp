@@ -26,7 +26,7 @@ cg::Rect BoundingRect(ns::String self, objc::SEL, cg::Size size, long options, n
         return {{}, {extent.width, lineHeight}};
     }
     const TextExtent extent = MeasureText(text, {face, Wrapping::kWord, size.width});
-    double lines = static_cast<double>(extent.lines);
+    auto lines = static_cast<double>(extent.lines);
     // Lines that the height has no room for are left out. A length that is not above zero is no limit.
     if (size.height > 0) {
         lines = std::clamp(std::floor(size.height / lineHeight), 1.0, lines);

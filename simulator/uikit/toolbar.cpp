@@ -45,6 +45,7 @@ ToolbarState &StateOfToolbar(ui::View self) {
 std::vector<BarButtonItem> ItemsOf(ui::View self) {
     const ns::Array items = StateOfToolbar(self).items;
     std::vector<BarButtonItem> list;
+    list.reserve(items.count());
     for (unsigned long i = 0; i < items.count(); ++i) {
         list.emplace_back(items.objectAtIndex(i).pointer);
     }

@@ -64,7 +64,7 @@ objc::Ref<ns::String> FormatArguments(ns::String format, const FormatArgument *a
 inline constexpr long kLargestFormatField = 255;
 
 /// FormatArguments with the arguments in place.
-template <class... A> objc::Ref<ns::String> FormatString(ns::String format, A... arguments) {
+template <class... A> objc::Ref<ns::String> FormatString(ns::String format, const A &...arguments) {
     if constexpr (sizeof...(A) == 0) {
         return FormatArguments(format, nullptr, 0);
     } else {

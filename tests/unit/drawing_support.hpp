@@ -82,7 +82,8 @@ class Picture {
     /// 0xAARRGGBB, premultiplied.
     std::uint32_t At(int x, int y) const {
         const unsigned char *data = cairo_image_surface_get_data(surface_.get());
-        return reinterpret_cast<const std::uint32_t *>(data + y * cairo_image_surface_get_stride(surface_.get()))[x];
+        const std::ptrdiff_t stride = cairo_image_surface_get_stride(surface_.get());
+        return reinterpret_cast<const std::uint32_t *>(data + y * stride)[x];
     }
     int AlphaAt(int x, int y) const {
         return static_cast<int>(At(x, y) >> 24);

@@ -106,7 +106,7 @@ TEST_F(Views, ZPositionComesBeforeOrder) {
 TEST_F(Views, BordersLieInsideAndAboveSubviews) {
     const auto box = Box({{10, 10}, {40, 40}}, Rgb(0xFF0000));
     box->addSubview(Box({{0, 0}, {40, 40}}, Rgb(0x00FF00)));
-    sim::LayerState &layer = sim::StateOf<sim::LayerState>(box->layer());
+    auto &layer = sim::StateOf<sim::LayerState>(box->layer());
     layer.borderWidth = 3;
     layer.borderColor = Rgb(0x0000FF);
     const Picture picture(box, 60, 60);
@@ -177,7 +177,7 @@ TEST_F(Effects, WhatLiesBehindIsBlurredAndTinted) {
     const int light = BrightnessAt(picture, 170, 50);
     EXPECT_LT(dark + 10, middle) << "the edge has become a slope";
     EXPECT_LT(middle + 10, light);
-    EXPECT_NEAR(middle, (dark + light) / 2, 6);
+    EXPECT_NEAR(middle, (dark + light) / 2.0, 6);
     EXPECT_LT(light, 130) << "under the dark tint";
     EXPECT_GT(dark, 15);
 }
@@ -196,7 +196,7 @@ TEST_F(Effects, BlurSeesThroughAlphaGroups) {
     ground->addSubview(blur);
     const int opaque = BrightnessAt(Picture(ground, 100, 100), 50, 50);
     blur->setAlpha(0.5);
-    EXPECT_NEAR(BrightnessAt(Picture(ground, 100, 100), 50, 50), (opaque + 255) / 2, 3);
+    EXPECT_NEAR(BrightnessAt(Picture(ground, 100, 100), 50, 50), (opaque + 255) / 2.0, 3);
 }
 
 TEST_F(Effects, ContentViewFillsTheView) {

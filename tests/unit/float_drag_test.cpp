@@ -34,20 +34,20 @@ namespace {
 // The C library's own functions, on the same heap, with a count before.
 extern "C" {
 void *__libc_malloc(std::size_t size);
-void *__libc_calloc(std::size_t count, std::size_t size);
-void *__libc_realloc(void *memory, std::size_t size);
+void *__libc_calloc(std::size_t nmemb, std::size_t size);
+void *__libc_realloc(void *ptr, std::size_t size);
 
 void *malloc(std::size_t size) {
     CountAllocation();
     return __libc_malloc(size);
 }
-void *calloc(std::size_t count, std::size_t size) {
+void *calloc(std::size_t nmemb, std::size_t size) {
     CountAllocation();
-    return __libc_calloc(count, size);
+    return __libc_calloc(nmemb, size);
 }
-void *realloc(void *memory, std::size_t size) {
+void *realloc(void *ptr, std::size_t size) {
     CountAllocation();
-    return __libc_realloc(memory, size);
+    return __libc_realloc(ptr, size);
 }
 }
 #endif

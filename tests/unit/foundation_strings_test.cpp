@@ -55,7 +55,7 @@ TEST(FoundationString, TakesOverABufferOfAnyUnits) {
     auto *buffer = static_cast<char16_t *>(std::malloc(2 * sizeof(char16_t)));
     buffer[0] = u'a';
     buffer[1] = 0xD800;
-    const auto string =
+    const auto string = // NOLINTNEXTLINE(clang-analyzer-unix.Malloc): the string frees the buffer
         objc::Ref<ns::String>::Adopt(objc::Send<"initWithCharactersNoCopy:length:freeWhenDone:", ns::String>(
             ns::Alloc<ns::String>(), buffer, 2UL, true));
     EXPECT_EQ(UnitsOf(string.get()), (std::u16string{u'a', 0xD800}));

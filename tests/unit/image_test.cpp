@@ -132,8 +132,8 @@ TEST_F(Images, TheScreenShowsItsWindows) {
     EXPECT_EQ(cairo_image_surface_get_height(file.get()), 2 * sim::ScreenSize().height);
     const auto at = [&](int x, int y) {
         const unsigned char *data = cairo_image_surface_get_data(file.get());
-        return 0xFF000000 |
-               reinterpret_cast<const std::uint32_t *>(data + y * cairo_image_surface_get_stride(file.get()))[x];
+        return 0xFF000000 | reinterpret_cast<const std::uint32_t *>(
+                                data + static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(file.get()))[x];
     };
     EXPECT_EQ(at(250, 250), kRed);
     EXPECT_EQ(at(10, 10), kBlue);

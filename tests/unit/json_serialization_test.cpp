@@ -85,8 +85,7 @@ TEST(JsonReading, KeepsTheKindOfANumber) {
 }
 
 TEST(JsonReading, UndoesEscapes) {
-    const auto text =
-        objc::As<ns::String>(Member("{\"k\":\"\\\"\\\\\\/\\b\\f\\n\\r\\t\\u5f39\\uD83D\\uDE00\\u0000\"}"));
+    const auto text = objc::As<ns::String>(Member(R"({"k":"\"\\\/\b\f\n\r\t\u5f39\uD83D\uDE00\u0000"})"));
     constexpr std::u16string_view kExpected = u"\"\\/\b\f\n\r\t弹😀";
     ASSERT_EQ(text.length(), kExpected.size() + 1);
     for (std::size_t i = 0; i < kExpected.size(); ++i) {
@@ -119,11 +118,11 @@ TEST(JsonReading, RefusesWhatIsNoJson) {
                              "[+1]",
                              "[1e400]",
                              "[tru]",
-                             "[\"\\x\"]",
-                             "[\"\\u12g4\"]",
-                             "[\"\\ud800\"]",
-                             "[\"\\udc00\"]",
-                             "[\"\\ud800\\u0041\"]",
+                             R"(["\x"])",
+                             R"(["\u12g4"])",
+                             R"(["\ud800"])",
+                             R"(["\udc00"])",
+                             R"(["\ud800\u0041"])",
                              "[\"a\nb\"]",
                              "[\"open]",
                              "[\"\xff\"]",

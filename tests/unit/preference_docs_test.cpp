@@ -20,7 +20,7 @@ struct Preference {
 using Preferences = std::map<std::string, Preference>;
 
 std::ifstream OpenSource(const char *path) {
-    return std::ifstream(std::filesystem::path(CORVEL_SOURCE_DIRECTORY) / path);
+    return {std::filesystem::path(CORVEL_SOURCE_DIRECTORY) / path, std::ios::in};
 }
 
 std::string Lowered(std::string text) {
@@ -51,7 +51,7 @@ Preferences InTheSources() {
 }
 
 Preferences InTheGuide() {
-    static const std::regex kRow("^\\| `(Corvel\\.[^`]+)` \\| (\\w+) \\| ([^|]+) \\| ([^|]+) \\| ([^|]+) \\|$");
+    static const std::regex kRow(R"(^\| `(Corvel\.[^`]+)` \| (\w+) \| ([^|]+) \| ([^|]+) \| ([^|]+) \|$)");
     std::ifstream file = OpenSource("docs/user-guide/preferences.md");
     Preferences found;
     std::smatch match;

@@ -51,7 +51,8 @@ std::optional<cg::Point> PlaceToGrab(ui::View scrollView, cg::Rect part, bool up
     const double top = part.origin.y + kEdge;
     const double bottom = part.origin.y + part.size.height - kEdge;
     for (const double x : {part.origin.x + kEdge, part.origin.x + part.size.width - kEdge}) {
-        for (double way = 0; way < (bottom - top) / 2; way += kStep) {
+        for (int step = 0; step * kStep < (bottom - top) / 2; ++step) {
+            const double way = step * kStep;
             const cg::Point point{x, upwards ? bottom - way : top + way};
             const ui::View hit = HitTestScreen(point);
             if (hit && IsDescendant(hit, scrollView) && !IsOnControl(hit)) {

@@ -54,7 +54,7 @@ objc::Ref<ui::ViewController> ReadAlert(WordReader &words) {
     while (!words.AtEnd()) {
         alert.addAction(ReadAction(words));
     }
-    return objc::Ref<ui::ViewController>(alert);
+    return {alert};
 }
 
 objc::Ref<ui::ViewController> MakeScreen() {
@@ -69,7 +69,7 @@ objc::Ref<ui::ViewController> ReadEditor(WordReader &words) {
     const ns::String text = script::MakeString(words.QuotedText("the text"));
     const objc::Ref<ui::ViewController> screen = MakeScreen();
     const auto view = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::TextView>().initWithFrame(kFrame));
-    const ui::TextView editor = objc::As<ui::TextView>(view.get());
+    const auto editor = objc::As<ui::TextView>(view.get());
     editor.setText(text);
     editor.setFont(ui::Font::systemFontOfSize(17));
     screen->view().addSubview(editor);

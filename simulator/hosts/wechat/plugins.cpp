@@ -7,6 +7,7 @@
 #include "uikit/view_state.hpp"
 
 #include <cairo.h>
+#include <numbers>
 #include <vector>
 
 namespace sim::hosts::wechat {
@@ -17,7 +18,7 @@ constexpr double kSheetHeight = 250;
 constexpr double kSheetRadius = 14;
 constexpr double kRowHeight = 54;
 constexpr double kMargin = 16;
-constexpr double kPi = 3.14159265358979;
+using std::numbers::pi;
 
 /// A switch that a plug-in registered.
 struct Row {
@@ -79,11 +80,11 @@ void DrawSwitch(ui::View self, cairo_t *context) {
     } else {
         cairo_set_source_rgb(context, 0.88, 0.88, 0.90);
     }
-    cairo_arc(context, radius, radius, radius, kPi / 2, 3 * kPi / 2);
-    cairo_arc(context, size.width - radius, radius, radius, -kPi / 2, kPi / 2);
+    cairo_arc(context, radius, radius, radius, pi / 2, 3 * pi / 2);
+    cairo_arc(context, size.width - radius, radius, radius, -pi / 2, pi / 2);
     cairo_fill(context);
     cairo_set_source_rgb(context, 1, 1, 1);
-    cairo_arc(context, on ? size.width - radius : radius, radius, radius - 2, 0, 2 * kPi);
+    cairo_arc(context, on ? size.width - radius : radius, radius, radius - 2, 0, 2 * pi);
     cairo_fill(context);
 }
 

@@ -65,7 +65,7 @@ class WeChat final : public Host {
     Fact Enter(const std::string &task) {
         page_.Close();
         room().Enter(task);
-        const ui::View view = objc::As<ui::View>(Make("view"));
+        const auto view = objc::As<ui::View>(Make("view"));
         if (!view) {
             return {};
         }

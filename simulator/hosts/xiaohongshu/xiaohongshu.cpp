@@ -65,12 +65,12 @@ class Xiaohongshu final : public Host {
     Fact Enter(const std::string &group) {
         room().Enter(group);
         Fact said;
-        const ui::View decorate = objc::As<ui::View>(Make("decorate"));
+        const auto decorate = objc::As<ui::View>(Make("decorate"));
         if (decorate) {
             decorate.setFrame({{0, 0}, ScreenSize()});
             Append(said, MoveView(decorate, room().screen()));
         }
-        if (const ui::View bar = objc::As<ui::View>(Make("bar"))) {
+        if (const auto bar = objc::As<ui::View>(Make("bar"))) {
             bar.setFrame(LiveRoom::InputFrame());
             InvokeIfAnswered(bar, "setDelegate:", TheObjects().NameOf(decorate));
             Append(said, MoveView(bar, room().screen()));
