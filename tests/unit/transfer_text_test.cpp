@@ -36,6 +36,7 @@ ns::String StringOf(const std::string &text) {
 ns::String Wrapped(std::string_view magic, std::span<const unsigned char> bytes) {
     void *copy = std::malloc(bytes.size() + 1);
     std::memcpy(copy, bytes.data(), bytes.size());
+    // NOLINTNEXTLINE(clang-analyzer-unix.Malloc): the data frees the copy
     const auto data = objc::Ref<ns::Data>::Adopt(ns::Alloc<ns::Data>().initWithBytesNoCopy(copy, bytes.size()));
     return StringOf(std::string(magic)).stringByAppendingString(data->base64EncodedStringWithOptions(0));
 }
@@ -45,7 +46,7 @@ std::span<const unsigned char> BytesOf(std::string_view text) {
 }
 
 ns::String Packed(std::string_view magic, std::string_view json) {
-    return Wrapped(magic, *Deflate(BytesOf(json)));
+    return Wrapped(magic, Deflate(BytesOf(json)).value());
 }
 
 ns::Dictionary Sample() {

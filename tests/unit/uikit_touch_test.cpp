@@ -787,11 +787,12 @@ class UIKitPresentation : public UIKitTouch {
     static void Present(ui::ViewController presenter, ui::ViewController controller, bool animated) {
         objc::Send<"presentViewController:animated:completion:", void>(
             presenter, controller, animated,
-            objc::Block<void()>(objc::MakeBlock<void()>([] { Heard().push_back("presented"); })));
+            objc::Block<void()>(objc::MakeBlock<void()>([] { Heard().emplace_back("presented"); })));
     }
     static void Dismiss(ui::ViewController controller, bool animated) {
         objc::Send<"dismissViewControllerAnimated:completion:", void>(
-            controller, animated, objc::Block<void()>(objc::MakeBlock<void()>([] { Heard().push_back("dismissed"); })));
+            controller, animated,
+            objc::Block<void()>(objc::MakeBlock<void()>([] { Heard().emplace_back("dismissed"); })));
     }
     static ui::ViewController Presented(ui::ViewController controller) {
         return objc::Send<"presentedViewController", ui::ViewController>(controller);

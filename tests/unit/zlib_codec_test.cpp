@@ -29,7 +29,7 @@ Bytes Noise(std::size_t length, unsigned distinct) {
 }
 
 Bytes Copy(const std::optional<ByteBuffer> &buffer) {
-    const std::span<const unsigned char> bytes = *buffer;
+    const std::span<const unsigned char> bytes = buffer.value();
     return {bytes.begin(), bytes.end()};
 }
 
@@ -67,7 +67,7 @@ TEST(ZlibCodec, ReadsAnEmptyText) {
     const Bytes packed{0x78, 0x9C, 0x03, 0x00, 0x00, 0x00, 0x00, 0x01};
     const auto text = Inflate(packed);
     ASSERT_TRUE(text.has_value());
-    EXPECT_EQ(text->size(), 0U);
+    EXPECT_EQ(text.value().size(), 0U);
 }
 
 TEST(ZlibCodec, RefusesEveryTruncation) {
@@ -90,7 +90,7 @@ TEST(ZlibCodec, RefusesNoise) {
 }
 
 TEST(ZlibCodec, IgnoresWhatFollowsTheStream) {
-    const Bytes text = BytesOf("{\"Corvel.slots.0\":\"a\"}");
+    const Bytes text = BytesOf(R"({"Corvel.slots.0":"a"})");
     Bytes packed = Packed(text);
     const Bytes tail = Noise(1000, 256);
     packed.insert(packed.end(), tail.begin(), tail.end());
@@ -102,7 +102,7 @@ TEST(ZlibCodec, IgnoresWhatFollowsTheStream) {
 TEST(ZlibCodec, KeepsTheBoundToTheByte) {
     const auto within = Inflate(Packed(Bytes(kLargestText, 0)));
     ASSERT_TRUE(within.has_value());
-    EXPECT_EQ(within->size(), kLargestText);
+    EXPECT_EQ(within.value().size(), kLargestText);
     EXPECT_FALSE(Inflate(Packed(Bytes(kLargestText + 1, 0))));
 }
 
