@@ -18,7 +18,8 @@ function(corvel_objective_c_object output source)
   add_custom_command(
     OUTPUT ${object}
     COMMAND ${CMAKE_C_COMPILER} ${target_flags} -x objective-c -fobjc-runtime=gcc -std=gnu11 -c -O2 -g -fPIC
-            -fexceptions -fobjc-exceptions -fno-omit-frame-pointer -Wall -Wextra -Werror -o ${object} ${source}
+            -fexceptions -fobjc-exceptions -fvisibility=hidden -fno-omit-frame-pointer -Wall -Wextra -Werror
+            -o ${object} ${source}
     DEPENDS ${source}
     COMMENT "Building Objective-C unit ${name}")
   set(${output} ${object} PARENT_SCOPE)

@@ -1,6 +1,7 @@
 #include "hosts/host_class.hpp"
 
 #include "driver/script/values.hpp"
+#include "runtime/foreign_leaks.hpp"
 
 namespace sim::hosts {
 namespace {
@@ -17,10 +18,13 @@ struct Exception : ns::Object {
     }
 };
 
-/// What an initialiser that fails does with its object, which nobody else can.
+/// What an initialiser that fails does with its object, which nobody else can. An object whose dealloc fails is lost.
 void GiveUp(objc::id self, objc::SEL selector) {
-    if (std::string_view(sel_getName(selector)).starts_with("init")) {
+    const std::string_view name = sel_getName(selector);
+    if (name.starts_with("init")) {
         objc::Release(self);
+    } else if (name == "dealloc") {
+        MayLeak(self);
     }
 }
 

@@ -1,10 +1,11 @@
 #pragma once
-// Memory that another library allocates once and never frees.
+// Memory that another library allocates once and never frees, or that an app loses by its own fault.
 
 extern "C" {
 /// The leak checker's switches; only there in sanitized builds.
 __attribute__((weak)) void __lsan_disable();
 __attribute__((weak)) void __lsan_enable();
+__attribute__((weak)) void __lsan_ignore_object(const void *memory);
 }
 
 namespace sim {
@@ -26,5 +27,12 @@ class ForeignLeaks {
         }
     }
 };
+
+/// The block around this place, and all that it holds, no longer count as leaked.
+inline void MayLeak(const void *memory) {
+    if (__lsan_ignore_object != nullptr) {
+        __lsan_ignore_object(memory);
+    }
+}
 
 } // namespace sim
