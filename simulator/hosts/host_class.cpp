@@ -18,7 +18,7 @@ struct Exception : ns::Object {
     }
 };
 
-/// What an initialiser that fails does with its object, which nobody else can. An object whose dealloc fails is lost.
+/// What becomes of the object of a method that fails: nobody else can give up a fresh one, or save one half taken down.
 void GiveUp(objc::id self, objc::SEL selector) {
     const std::string_view name = sel_getName(selector);
     if (name.starts_with("init")) {

@@ -15,7 +15,8 @@ struct HostMethod {
     bool optional = false;
 };
 
-/// Records a call and raises what the plan holds for it. An initialiser that raises gives its object up.
+/// Records a call and raises what the plan holds for it. An initialiser that raises gives its object up; an object
+/// whose dealloc raises is lost, which is no leak of ours.
 void Arrive(objc::id self, objc::SEL selector, std::vector<script::Fact> arguments);
 
 /// Whether the plan lets the method do nothing. An initialiser that does nothing gives its object up.
@@ -48,6 +49,11 @@ template <objc::FixedString Name, auto Function> HostMethod Method() {
 /// The same for a method that only some builds of the app have.
 template <objc::FixedString Name, auto Function> HostMethod OptionalMethod() {
     return {objc::MethodNamed<Name, &detail::Arrival<Function>::Call>(), true};
+}
+
+/// What a method does that only the app calls. It answers something, because a hook has to hand on what there is.
+inline ns::Object Itself(ns::Object self, objc::SEL) {
+    return self;
 }
 
 /// A class of a host between its base class, which may hold inherited methods, and a sibling that shares the base.

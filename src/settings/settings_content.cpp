@@ -5,7 +5,7 @@
 #include "settings/preference_keys.hpp"
 #include "settings/preferences.hpp"
 #include "settings/settings_rows.hpp"
-#include "settings/version.hpp"
+#include "version.hpp"
 
 namespace corvel {
 namespace {

@@ -42,12 +42,6 @@ void Receive(const char *path, ns::Object receiver, ns::Object text, ns::Object 
                             .context = DescribeContext(context)});
 }
 
-// Methods that only the app calls answer something: whatever a method answers, a hook hands it on.
-
-ns::Object Itself(ns::Object self, objc::SEL) {
-    return self;
-}
-
 // Starts above every class that may hold this method, its own or inherited.
 void Dealloc(ns::Object self, objc::SEL) {
     objc::SendSuper<"dealloc", void>(objc::As<Root>(self));

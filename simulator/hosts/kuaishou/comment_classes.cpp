@@ -7,12 +7,6 @@ namespace {
 
 using Completion = objc::Block<void()>;
 
-// Methods that only the app calls answer something: whatever a method answers, a hook hands it on.
-
-ns::Object Itself(ns::Object self, objc::SEL) {
-    return self;
-}
-
 ns::Object BindTarget(ns::Object, objc::SEL, ns::Object target) {
     return target;
 }

@@ -11,8 +11,6 @@ namespace {
 
 using Completion = objc::Block<void()>;
 
-// Methods that only the app calls answer with one of their arguments: whatever a method answers, a hook hands it on.
-
 void Nothing(ui::View, objc::SEL) {}
 
 // The decorate view.
