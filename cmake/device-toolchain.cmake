@@ -1,4 +1,4 @@
-# Linux on arm64, against the root that tests/device/make-root makes; its programs run under qemu-aarch64.
+# Linux on arm64, against the root that device/make-root makes; its programs run under qemu-aarch64.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR aarch64)
 set(CMAKE_C_COMPILER clang-19)

@@ -4,12 +4,12 @@
 #include "driver/leak_check.hpp"
 #include "driver/options.hpp"
 #include "driver/runner.hpp"
-#include "driver/script/loader.hpp"
 #include "render/album.hpp"
 #include "runtime/autorelease.hpp"
 #include "runtime/bundle.hpp"
 #include "runtime/runtime.hpp"
 #include "runtime/user_defaults.hpp"
+#include "script/loader.hpp"
 #include "uikit/pasteboard.hpp"
 #include "uikit/uikit.hpp"
 

@@ -1,8 +1,8 @@
 #include "driver/notifications.hpp"
 
 #include "apple/foundation/notifications.hpp"
-#include "driver/script/values.hpp"
 #include "runtime/native_class.hpp"
+#include "script/values.hpp"
 
 #include <map>
 

@@ -2,13 +2,13 @@
 
 #include "driver/commands/commands.hpp"
 #include "driver/notifications.hpp"
-#include "driver/script/values.hpp"
 #include "hosts/host_class.hpp"
 #include "hosts/invocation.hpp"
 #include "hosts/record.hpp"
 #include "objc/guard.hpp"
 #include "runtime/autorelease.hpp"
 #include "runtime/clock.hpp"
+#include "script/values.hpp"
 #include "uikit/application.hpp"
 
 #include <cstdio>

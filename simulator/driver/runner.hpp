@@ -1,8 +1,8 @@
 #pragma once
 // One run: launch the host, inject the library, play the script.
 
-#include "driver/script/lexer.hpp"
 #include "driver/session.hpp"
+#include "script/lexer.hpp"
 
 #include <vector>
 

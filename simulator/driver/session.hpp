@@ -3,8 +3,8 @@
 
 #include "driver/library.hpp"
 #include "driver/options.hpp"
-#include "driver/script/expectation.hpp"
 #include "hosts/host.hpp"
+#include "script/expectation.hpp"
 
 #include <memory>
 

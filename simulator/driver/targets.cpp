@@ -3,7 +3,7 @@
 #include "apple/uikit/label.hpp"
 #include "apple/uikit/window.hpp"
 #include "driver/presented.hpp"
-#include "driver/script/values.hpp"
+#include "script/values.hpp"
 #include "uikit/application.hpp"
 #include "uikit/view.hpp"
 #include "uikit/view_geometry.hpp"

@@ -2,7 +2,7 @@
 // What a script points at: views by what they show, and places on the glass.
 
 #include "apple/uikit/view.hpp"
-#include "driver/script/words.hpp"
+#include "script/words.hpp"
 
 #include <vector>
 

@@ -1,8 +1,8 @@
 #pragma once
 // The host's own blocks under the names that scripts give them: "block 1", "block 2".
 
-#include "driver/script/expectation.hpp"
 #include "objc/block.hpp"
+#include "script/expectation.hpp"
 
 namespace sim::hosts {
 

@@ -1,8 +1,8 @@
 #include "hosts/host.hpp"
 
-#include "driver/script/values.hpp"
 #include "hosts/host_class.hpp"
 #include "hosts/invocation.hpp"
+#include "script/values.hpp"
 
 #include <algorithm>
 

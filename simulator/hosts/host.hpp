@@ -2,8 +2,8 @@
 // A simulated app: its private classes, its screen, and what scripts can make it do.
 
 #include "apple/uikit/window.hpp"
-#include "driver/script/expectation.hpp"
 #include "hosts/live_room.hpp"
+#include "script/expectation.hpp"
 
 #include <memory>
 #include <span>

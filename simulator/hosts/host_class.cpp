@@ -1,7 +1,7 @@
 #include "hosts/host_class.hpp"
 
-#include "driver/script/values.hpp"
 #include "runtime/foreign_leaks.hpp"
+#include "script/values.hpp"
 
 namespace sim::hosts {
 namespace {

@@ -1,11 +1,11 @@
 #include "hosts/invocation.hpp"
 
-#include "driver/script/values.hpp"
 #include "hosts/blocks.hpp"
 #include "hosts/objects.hpp"
 #include "hosts/plan.hpp"
 #include "hosts/record.hpp"
 #include "objc/guard.hpp"
+#include "script/values.hpp"
 
 #include <algorithm>
 #include <cstring>

@@ -2,7 +2,7 @@
 // Calls of host methods from a script, with arguments read by the method's own type encoding.
 
 #include "apple/uikit/view.hpp"
-#include "driver/script/expectation.hpp"
+#include "script/expectation.hpp"
 
 namespace sim::hosts {
 

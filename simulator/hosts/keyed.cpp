@@ -1,6 +1,6 @@
 #include "hosts/keyed.hpp"
 
-#include "driver/script/values.hpp"
+#include "script/values.hpp"
 
 namespace sim::hosts {
 namespace {

@@ -2,9 +2,9 @@
 
 #include "apple/uikit/gesture_recognizer.hpp"
 #include "apple/uikit/label.hpp"
-#include "driver/script/values.hpp"
 #include "hosts/video_view.hpp"
 #include "runtime/native_class.hpp"
+#include "script/values.hpp"
 #include "uikit/application.hpp"
 
 #include <algorithm>

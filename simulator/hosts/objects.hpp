@@ -2,8 +2,8 @@
 // The host's own objects under the names that scripts give them: "store 1", "fragment 2".
 
 #include "apple/foundation/object.hpp"
-#include "driver/script/expectation.hpp"
 #include "objc/ref.hpp"
+#include "script/expectation.hpp"
 
 #include <map>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "hosts/record.hpp"
 
-#include "driver/script/values.hpp"
 #include "hosts/objects.hpp"
+#include "script/values.hpp"
 
 namespace sim::hosts {
 

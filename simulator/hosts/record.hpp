@@ -2,9 +2,9 @@
 // What reached the host: every call of one of its methods, and every comment.
 
 #include "apple/foundation/string.hpp"
-#include "driver/script/expectation.hpp"
 #include "hosts/blocks.hpp"
 #include "objc/ref.hpp"
+#include "script/expectation.hpp"
 
 #include <functional>
 #include <string>

@@ -3,11 +3,11 @@
 #include "apple/uikit/view.hpp"
 #include "render/album.hpp"
 #include "render/surface.hpp"
-#include "render/view_renderer.hpp"
 #include "runtime/autorelease.hpp"
 #include "runtime/clock.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/application.hpp"
+#include "uikit/view_renderer.hpp"
 
 #include <cmath>
 #include <vector>

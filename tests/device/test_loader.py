@@ -14,7 +14,7 @@ sys.path.insert(0, str(ROOT / "ios" / "verify"))
 import macho  # noqa: E402
 
 LIBRARY = ROOT / "out" / "packages" / "Corvel.dylib"
-SIMULATOR = HERE / "corvel-sim-device"
+SIMULATOR = ROOT / "device" / "corvel-sim-device"
 LC_UUID = 0x1B
 LC_ENCRYPTION_INFO_64 = 0x2C
 ORDINAL_MASK = 0xFFFFFF  # of a bound pointer in a chain of fixups

@@ -4,10 +4,10 @@
 #include "apple/uikit/font.hpp"
 #include "apple/uikit/view.hpp"
 #include "render/surface.hpp"
-#include "render/view_renderer.hpp"
 #include "runtime_support.hpp"
 #include "uikit/color.hpp"
 #include "uikit/uikit.hpp"
+#include "uikit/view_renderer.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // The command language's words, files and expectations, without a phone.
 
-#include "driver/script/expectation.hpp"
-#include "driver/script/lexer.hpp"
-#include "driver/script/loader.hpp"
-#include "driver/script/text.hpp"
+#include "script/expectation.hpp"
+#include "script/lexer.hpp"
+#include "script/loader.hpp"
+#include "script/text.hpp"
 
 #include <filesystem>
 #include <fstream>

@@ -5,11 +5,11 @@
 #include "apple/uikit/window.hpp"
 #include "drawing_support.hpp"
 #include "render/album.hpp"
-#include "render/screenshot.hpp"
 #include "runtime/clock.hpp"
 #include "uikit/application.hpp"
 #include "uikit/haptics.hpp"
 #include "uikit/image.hpp"
+#include "uikit/screenshot.hpp"
 
 #include <gtest/gtest.h>
 

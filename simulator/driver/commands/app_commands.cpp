@@ -3,7 +3,7 @@
 #include "apple/foundation/user_defaults.hpp"
 #include "driver/commands/commands.hpp"
 #include "driver/queries/queries.hpp"
-#include "driver/script/values.hpp"
+#include "script/values.hpp"
 #include "uikit/application.hpp"
 #include "uikit/scene_state.hpp"
 

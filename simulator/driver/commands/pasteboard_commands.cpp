@@ -3,8 +3,8 @@
 #include "apple/uikit/pasteboard.hpp"
 #include "driver/commands/commands.hpp"
 #include "driver/queries/queries.hpp"
-#include "driver/script/text.hpp"
-#include "driver/script/values.hpp"
+#include "script/text.hpp"
+#include "script/values.hpp"
 
 #include <filesystem>
 #include <fstream>

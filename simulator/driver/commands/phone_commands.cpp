@@ -3,9 +3,9 @@
 #include "apple/foundation/notifications.hpp"
 #include "apple/foundation/user_defaults.hpp"
 #include "driver/commands/commands.hpp"
-#include "driver/script/values.hpp"
-#include "render/screenshot.hpp"
 #include "runtime/clock.hpp"
+#include "script/values.hpp"
+#include "uikit/screenshot.hpp"
 
 #include <filesystem>
 

@@ -3,7 +3,7 @@
 #include "apple/uikit/text_view.hpp"
 #include "driver/commands/commands.hpp"
 #include "driver/presented.hpp"
-#include "driver/script/values.hpp"
+#include "script/values.hpp"
 #include "uikit/application.hpp"
 #include "uikit/color.hpp"
 

@@ -1,7 +1,7 @@
 // The host and the library's exported functions.
 
 #include "driver/queries/queries.hpp"
-#include "driver/script/values.hpp"
+#include "script/values.hpp"
 
 namespace sim::driver {
 namespace {

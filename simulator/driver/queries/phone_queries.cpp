@@ -3,9 +3,9 @@
 #include "apple/foundation/user_defaults.hpp"
 #include "driver/notifications.hpp"
 #include "driver/queries/queries.hpp"
-#include "driver/script/values.hpp"
 #include "render/album.hpp"
 #include "runtime/clock.hpp"
+#include "script/values.hpp"
 #include "uikit/haptics.hpp"
 
 #include <algorithm>

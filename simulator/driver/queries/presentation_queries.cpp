@@ -2,8 +2,8 @@
 
 #include "driver/presented.hpp"
 #include "driver/queries/queries.hpp"
-#include "driver/script/values.hpp"
 #include "runtime/native_class.hpp"
+#include "script/values.hpp"
 #include "uikit/alert_controller.hpp"
 
 namespace sim::driver {

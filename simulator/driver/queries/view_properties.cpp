@@ -1,9 +1,9 @@
 #include "driver/queries/view_properties.hpp"
 
 #include "apple/uikit/label.hpp"
-#include "driver/script/values.hpp"
 #include "driver/targets.hpp"
 #include "runtime/native_class.hpp"
+#include "script/values.hpp"
 #include "uikit/color.hpp"
 #include "uikit/font.hpp"
 #include "uikit/view_geometry.hpp"

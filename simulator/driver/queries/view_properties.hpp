@@ -2,7 +2,7 @@
 // The properties of views under the names that scripts use.
 
 #include "apple/uikit/view.hpp"
-#include "driver/script/expectation.hpp"
+#include "script/expectation.hpp"
 
 namespace sim::driver {
 

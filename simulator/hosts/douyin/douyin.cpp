@@ -1,10 +1,10 @@
 #include "hosts/douyin/douyin.hpp"
 
-#include "driver/script/values.hpp"
 #include "hosts/douyin/comment_classes.hpp"
 #include "hosts/douyin/player_classes.hpp"
 #include "hosts/invocation.hpp"
 #include "hosts/keyed.hpp"
+#include "script/values.hpp"
 
 namespace sim::hosts {
 namespace {

@@ -2,7 +2,7 @@
 // Foundation's objects in the words of a script: the values of preferences, arguments of host methods, room ids.
 
 #include "apple/foundation/string.hpp"
-#include "driver/script/expectation.hpp"
+#include "script/expectation.hpp"
 
 namespace sim::script {
 

@@ -1,4 +1,4 @@
-#include "driver/script/loader.hpp"
+#include "script/loader.hpp"
 
 #include <algorithm>
 #include <filesystem>

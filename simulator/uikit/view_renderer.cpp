@@ -1,4 +1,4 @@
-#include "render/view_renderer.hpp"
+#include "uikit/view_renderer.hpp"
 
 #include "render/backdrop.hpp"
 #include "render/shadow.hpp"

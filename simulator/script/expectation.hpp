@@ -1,7 +1,7 @@
 #pragma once
 // What an expectation says of an answer, and whether it holds. Knows nothing of the phone.
 
-#include "driver/script/words.hpp"
+#include "script/words.hpp"
 
 #include <map>
 

@@ -1,7 +1,7 @@
 #pragma once
 // Script text to lines of words.
 
-#include "driver/script/words.hpp"
+#include "script/words.hpp"
 
 namespace sim::script {
 

@@ -1,6 +1,6 @@
-#include "driver/script/words.hpp"
+#include "script/words.hpp"
 
-#include "driver/script/text.hpp"
+#include "script/text.hpp"
 
 #include <charconv>
 #include <utility>

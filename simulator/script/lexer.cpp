@@ -1,6 +1,6 @@
-#include "driver/script/lexer.hpp"
+#include "script/lexer.hpp"
 
-#include "driver/script/text.hpp"
+#include "script/text.hpp"
 
 #include <charconv>
 

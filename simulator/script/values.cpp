@@ -1,8 +1,8 @@
-#include "driver/script/values.hpp"
+#include "script/values.hpp"
 
 #include "apple/foundation/collections.hpp"
 #include "apple/foundation/number.hpp"
-#include "driver/script/text.hpp"
+#include "script/text.hpp"
 
 #include <algorithm>
 #include <array>

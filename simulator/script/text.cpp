@@ -1,4 +1,4 @@
-#include "driver/script/text.hpp"
+#include "script/text.hpp"
 
 #include <array>
 #include <bit>

@@ -1,9 +1,9 @@
-#include "render/screenshot.hpp"
+#include "uikit/screenshot.hpp"
 
 #include "render/surface.hpp"
-#include "render/view_renderer.hpp"
 #include "runtime/autorelease.hpp"
 #include "uikit/application.hpp"
+#include "uikit/view_renderer.hpp"
 
 #include <cmath>
 #include <ranges>

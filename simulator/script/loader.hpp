@@ -1,7 +1,7 @@
 #pragma once
 // A script with everything that it includes, as one sequence of lines.
 
-#include "driver/script/lexer.hpp"
+#include "script/lexer.hpp"
 
 namespace sim::script {
 

@@ -1,6 +1,6 @@
-#include "driver/script/expectation.hpp"
+#include "script/expectation.hpp"
 
-#include "driver/script/text.hpp"
+#include "script/text.hpp"
 
 #include <algorithm>
 #include <cmath>
