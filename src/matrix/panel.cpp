@@ -117,9 +117,7 @@ void LayoutCells(ui::View container, GridSize grid, const GridGeometry &geometry
 
 /// Cells that the grid has no place for are kept for when it grows again.
 void HideCellsFrom(ui::View container, int count) {
-    const ns::Array views = container.subviews();
-    for (unsigned long i = 0; i < views.count(); ++i) {
-        const auto view = objc::As<ui::View>(views.objectAtIndex(i));
+    for (const ui::View view : container.subviews()) {
         if (view.tag() >= kCellTagBase + count && ns::Object(view).isKindOfClass(objc::ClassOf<ui::Button>())) {
             view.setHidden(true);
         }

@@ -118,9 +118,7 @@ SlotEditor BuildSlotEditor(int index, ns::String text) {
 
 void UntieSlotEditor(ui::ViewController controller) {
     const auto box = objc::As<ui::View>(controller.view().subviews().firstObject());
-    const ns::Array views = box.subviews();
-    for (unsigned long i = 0; i < views.count(); ++i) {
-        const ns::Object view = views.objectAtIndex(i);
+    for (const ui::View view : box.subviews()) {
         objc::SetAssociated(view, kEditorController, nullptr);
         if (view.isKindOfClass(objc::ClassOf<ui::TextView>())) {
             // "完成" holds the text view, so the text view may not hold the bar with it for ever.

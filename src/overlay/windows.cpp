@@ -7,9 +7,7 @@ namespace {
 
 /// Calls visit(scene) for each foreground-active window scene in order until it returns true.
 template <class Visit> void VisitForegroundScenes(Visit visit) {
-    const ns::Array scenes = ui::Application::sharedApplication().connectedScenes().allObjects();
-    for (unsigned long i = 0; i < scenes.count(); ++i) {
-        const ns::Object scene = scenes.objectAtIndex(i);
+    for (const ns::Object scene : ui::Application::sharedApplication().connectedScenes().allObjects()) {
         if (!scene.isKindOfClass(objc::ClassOf<ui::WindowScene>())) {
             continue;
         }
@@ -34,14 +32,13 @@ ui::WindowScene FindForegroundScene() {
 ui::Window FindKeyWindow() {
     ui::Window found;
     VisitForegroundScenes([&](ui::WindowScene scene) {
-        const ns::Array windows = scene.windows();
-        for (unsigned long i = 0; i < windows.count() && !found; ++i) {
-            const auto window = objc::As<ui::Window>(windows.objectAtIndex(i));
+        for (const ui::Window window : scene.windows()) {
             if (window.isKeyWindow()) {
                 found = window;
+                return true;
             }
         }
-        return static_cast<bool>(found);
+        return false;
     });
     return found ? found : objc::As<ui::Window>(ui::Application::sharedApplication().windows().firstObject());
 }

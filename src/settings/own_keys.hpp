@@ -14,8 +14,7 @@ inline bool IsOwnKey(ns::String key) {
 /// Calls visit(key) for each of the store's present keys that is the library's; the visit may remove it.
 template <class Visit> void VisitOwnKeys(ns::UserDefaults store, Visit visit) {
     const objc::Ref<ns::Array> all = store.dictionaryRepresentation().allKeys();
-    for (unsigned long i = 0; i < all->count(); ++i) {
-        const auto key = objc::As<ns::String>(all->objectAtIndex(i));
+    for (const ns::String key : ns::ArrayOf<ns::String>(all)) {
         if (IsOwnKey(key)) {
             visit(key);
         }

@@ -138,9 +138,8 @@ void LayoutSettingsSections() {
     double y = 10;
     PlaceBlock(objc::GetAssociated<ui::View>(panel, kFixedBlock), y);
     y += 10;
-    const auto records = objc::GetAssociated<ns::Array>(panel, kSectionRecords);
-    for (unsigned long i = 0; i < records.count(); ++i) {
-        LayoutSection(objc::As<ns::Dictionary>(records.objectAtIndex(i)), y);
+    for (const auto record : objc::GetAssociated<ns::ArrayOf<ns::Dictionary>>(panel, kSectionRecords)) {
+        LayoutSection(record, y);
     }
     PlaceBlock(objc::GetAssociated<ui::View>(panel, kFooter), y);
     scrollView.setContentSize({kSettingsWidth, y + 20});

@@ -13,8 +13,8 @@ template <objc::Handle T> bool Is(ns::Object object) {
 }
 
 bool AllStorable(ns::Array elements) {
-    for (unsigned long i = 0; i < elements.count(); ++i) {
-        if (!IsStorable(elements.objectAtIndex(i))) {
+    for (const ns::Object element : ns::ArrayOf<ns::Object>(elements)) {
+        if (!IsStorable(element)) {
             return false;
         }
     }
@@ -22,9 +22,7 @@ bool AllStorable(ns::Array elements) {
 }
 
 bool AllStorable(ns::Dictionary members) {
-    const ns::Array keys = members.allKeys();
-    for (unsigned long i = 0; i < keys.count(); ++i) {
-        const ns::Object key = keys.objectAtIndex(i);
+    for (const ns::Object key : members.allKeys()) {
         if (!Is<ns::String>(key) || !IsStorable(members.objectForKey(key))) {
             return false;
         }

@@ -25,9 +25,7 @@ objc::Ref<ns::MutableDictionary> StoredConfiguration() {
 
 void StoreConfiguration(ns::Dictionary configuration) {
     const auto store = ns::UserDefaults::standardUserDefaults();
-    const ns::Array keys = configuration.allKeys();
-    for (unsigned long i = 0; i < keys.count(); ++i) {
-        const auto key = objc::As<ns::String>(keys.objectAtIndex(i));
+    for (const ns::String key : ns::ArrayOf<ns::String>(configuration.allKeys())) {
         const ns::Object value = configuration.objectForKey(key);
         if (IsOwnKey(key) && IsStorable(value)) {
             objc::Guard([&] { store.setObject(value, key); });

@@ -20,6 +20,39 @@ struct Array : Object {
     }
 };
 
+/// An array whose elements are seen as T; a range over them. The number of elements is asked for once, so a loop may
+/// not shorten the array that it walks over. T may be incomplete still: a view lists others of its kind.
+template <class T> struct ArrayOf : Array {
+    using Array::Array;
+    // NOLINTNEXTLINE(google-explicit-constructor): whoever names the element's type vouches for it
+    ArrayOf(Array array) : Array(array.pointer) {}
+
+    class Iterator {
+      public:
+        Iterator(Array array, unsigned long index) : array_(array), index_(index) {}
+        T operator*() const {
+            return objc::As<T>(array_.objectAtIndex(index_));
+        }
+        Iterator &operator++() {
+            ++index_;
+            return *this;
+        }
+        bool operator!=(const Iterator &other) const {
+            return index_ != other.index_;
+        }
+
+      private:
+        Array array_;
+        unsigned long index_;
+    };
+    Iterator begin() const {
+        return {*this, 0};
+    }
+    Iterator end() const {
+        return {*this, count()};
+    }
+};
+
 struct MutableArray : Array {
     using Array::Array;
     static constexpr const char *kClassName = "NSMutableArray";
@@ -36,7 +69,7 @@ struct Set : Object {
     unsigned long count() const {
         return objc::Send<"count", unsigned long>(*this);
     }
-    Array allObjects() const {
+    ArrayOf<Object> allObjects() const {
         return objc::Send<"allObjects", Array>(*this);
     }
 };
@@ -51,7 +84,7 @@ struct Dictionary : Object {
     Object objectForKey(Object key) const {
         return objc::Send<"objectForKey:", Object>(*this, key);
     }
-    Array allKeys() const {
+    ArrayOf<Object> allKeys() const {
         return objc::Send<"allKeys", Array>(*this);
     }
 };

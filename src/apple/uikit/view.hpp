@@ -80,7 +80,7 @@ struct View : Responder {
     View window() const {
         return objc::Send<"window", View>(*this);
     }
-    ns::Array subviews() const {
+    ns::ArrayOf<View> subviews() const {
         return objc::Send<"subviews", ns::Array>(*this);
     }
     View viewWithTag(long tag) const {

@@ -53,9 +53,7 @@ struct WindowScene : Scene {
         return objc::Send<"coordinateSpace", CoordinateSpace>(*this);
     }
     Window keyWindow() const;
-    ns::Array windows() const {
-        return objc::Send<"windows", ns::Array>(*this);
-    }
+    ns::ArrayOf<Window> windows() const;
 };
 
 struct Window : View {
@@ -85,6 +83,10 @@ struct Window : View {
     }
 };
 
+inline ns::ArrayOf<Window> WindowScene::windows() const {
+    return objc::Send<"windows", ns::Array>(*this);
+}
+
 inline Window WindowScene::keyWindow() const {
     return objc::Send<"keyWindow", Window>(*this);
 }
@@ -99,7 +101,7 @@ struct Application : Responder {
     ns::Set connectedScenes() const {
         return objc::Send<"connectedScenes", ns::Set>(*this);
     }
-    ns::Array windows() const {
+    ns::ArrayOf<Window> windows() const {
         return objc::Send<"windows", ns::Array>(*this);
     }
 };
