@@ -8,7 +8,7 @@ namespace corvel {
 
 /// Holds the object in place of the previous occupant, which is released after it: the last one captured wins. An
 /// exception out of a host's own retain, release or dealloc ends here instead of in the hooked method.
-template <objc::Handle T> void Capture(objc::Ref<T> &place, T object) {
+template <objc::Handle T> void Hold(objc::Ref<T> &place, T object) {
     objc::Guard([&] { place = objc::Ref<T>(object); });
 }
 

@@ -1,41 +1,24 @@
 #pragma once
 // Replacing methods of the host's classes.
 //
-// A replacement is a plain function with the method's own parameter list that forwards to the implementation which
-// was in force before, exactly once, with exactly what it received:
+// An adapter lists its hooks as rows, one a method:
 //
-//     Word DidMoveToWindow(objc::id self, objc::SEL selector) {
-//         const Word result = state.previous.didMoveToWindow(self, selector);
-//         ...
-//         return result;
-//     }
+//     After<CommentView, "didMoveToWindow", &Moved>()
 //
-// What the host's method itself throws passes through to the host's caller, as it would without the hook.
+// wraps -[MMLiveCommentView didMoveToWindow] in a replacement that calls the implementation which was in force before,
+// exactly once, with exactly what it received, and then Moved(view). What the host's method itself throws passes
+// through to the host's caller, as it would without the hook.
 
 #include "objc/class_builder.hpp"
+
+#include <type_traits>
+#include <utility>
 
 namespace corvel {
 
 /// An argument or a result of a hooked method as it travels, in one general register: an object, a block, an integer,
 /// a BOOL or nothing. Which one it is the host knows; handing the register on whole suits them all.
 using Word = std::uintptr_t;
-
-/// The place that remembers the implementation in force before a replacement. It stays empty when the hook could not
-/// be installed; then the replacement is never reached either.
-struct PreviousMethod {
-    objc::IMP implementation = nullptr;
-
-    /// Calls the remembered implementation.
-    template <class... A> Word operator()(objc::id self, objc::SEL selector, A... arguments) const {
-        return reinterpret_cast<Word (*)(objc::id, objc::SEL, A...)>(implementation)(self, selector, arguments...);
-    }
-};
-
-/// A replacement that only forwards; A are the arguments after receiver and selector.
-template <const PreviousMethod &Previous, class... A>
-Word PassThrough(objc::id self, objc::SEL selector, A... arguments) {
-    return Previous(self, selector, arguments...);
-}
 
 /// Replaces the method that instances of the class answer the selector with, and puts its implementation into the
 /// slot. An inherited method is overridden in the class, so the ancestor and its other subclasses keep theirs.
@@ -47,25 +30,80 @@ struct MethodHook {
     const char *className;
     objc::SEL (*selector)();
     objc::IMP replacement;
-    PreviousMethod *previous;
+    /// Remembers the implementation in force before. It stays empty when the hook could not be installed; then the
+    /// replacement is never reached either.
+    objc::IMP *previousSlot;
 };
 
-/// The row that replaces the named method of the class by Replacement, which forwards through Previous.
-template <objc::FixedString Name, PreviousMethod &Previous, auto Replacement> MethodHook HookOf(const char *className) {
-    return {className, &objc::Selector<Name>, reinterpret_cast<objc::IMP>(Replacement), &Previous};
+namespace detail {
+
+/// How many arguments a selector takes: one behind each colon.
+template <class Name> constexpr std::size_t ArgumentCount(const Name &name) {
+    std::size_t count = 0;
+    for (const char character : name.data) {
+        count += character == ':' ? 1 : 0;
+    }
+    return count;
 }
 
-/// The row that wraps the named method without changing anything; A are its arguments after receiver and selector.
-template <objc::FixedString Name, PreviousMethod &Previous, class... A>
-MethodHook PassThroughOf(const char *className) {
-    return HookOf<Name, Previous, &PassThrough<Previous, A...>>(className);
+/// What a hook does besides calling the method: nothing.
+inline constexpr auto kNothing = [](objc::Object) {};
+
+/// Hands the body the receiver and, when it takes it, the first argument.
+template <class View, auto Body, class... A> void Call(objc::id self, A... arguments) {
+    if constexpr (std::is_invocable_v<decltype(Body), View>) {
+        Body(View{self});
+    } else {
+        const Word words[] = {arguments...};
+        Body(View{self}, objc::Object{reinterpret_cast<objc::id>(words[0])});
+    }
+}
+
+template <class View, objc::FixedString Name, auto First, auto Then> struct Replacement {
+    static inline constinit objc::IMP previous = nullptr;
+
+    template <class... A> static Word Run(objc::id self, objc::SEL selector, A... arguments) {
+        Call<View, First>(self, arguments...);
+        const Word result =
+            reinterpret_cast<Word (*)(objc::id, objc::SEL, A...)>(previous)(self, selector, arguments...);
+        Call<View, Then>(self, arguments...);
+        return result;
+    }
+    template <std::size_t... I> static constexpr auto Function(std::index_sequence<I...>) {
+        return &Run<std::enable_if_t<I + 1 != 0, Word>...>;
+    }
+};
+
+} // namespace detail
+
+/// The row that calls First(view), then the method that was in force, then Then(view); either may take the method's
+/// first argument too, as an object. View stands for the hooked class.
+template <class View, objc::FixedString Name, auto First, auto Then = detail::kNothing> MethodHook Around() {
+    using Replacement = detail::Replacement<View, Name, First, Then>;
+    constexpr auto kArguments = std::make_index_sequence<detail::ArgumentCount(Name)>{};
+    return {View::kClassName, &objc::Selector<Name>, reinterpret_cast<objc::IMP>(Replacement::Function(kArguments)),
+            &Replacement::previous};
+}
+
+/// The row whose method runs first.
+template <class View, objc::FixedString Name, auto Then> MethodHook After() {
+    return Around<View, Name, detail::kNothing, Then>();
+}
+
+/// The row whose method runs last.
+template <class View, objc::FixedString Name, auto First> MethodHook Before() {
+    return Around<View, Name, First>();
+}
+
+/// The row that wraps the method and changes nothing.
+template <class View, objc::FixedString Name> MethodHook PassThrough() {
+    return Around<View, Name, detail::kNothing>();
 }
 
 /// Installs the hooks in the order of the table, each in the class that goes by the row's name.
 template <std::size_t N> void InstallMethodHooks(const MethodHook (&hooks)[N]) {
     for (const MethodHook &hook : hooks) {
-        InstallMethodHook(objc_getClass(hook.className), hook.selector(), hook.replacement,
-                          &hook.previous->implementation);
+        InstallMethodHook(objc_getClass(hook.className), hook.selector(), hook.replacement, hook.previousSlot);
     }
 }
 

@@ -6,16 +6,16 @@
 namespace corvel {
 
 /// Appends one line with the arguments packed; see DebugLog.
-void DebugLogArguments(ns::String format, const FormatArgument *arguments, unsigned long count);
+void DebugLogArguments(ns::String format, std::span<const FormatArgument> arguments);
 
 /// Appends "[date] message" to the log while logging is on; formats nothing while it is off. Callable on any thread
 /// that may touch the user defaults; two calls at the same moment may lose one line. Never raises.
 template <class... A> void DebugLog(ns::String format, const A &...arguments) {
     if constexpr (sizeof...(A) == 0) {
-        DebugLogArguments(format, nullptr, 0);
+        DebugLogArguments(format, {});
     } else {
         const FormatArgument list[] = {FormatArgument(arguments)...};
-        DebugLogArguments(format, list, sizeof...(A));
+        DebugLogArguments(format, list);
     }
 }
 

@@ -5,8 +5,7 @@
 #include "matrix/slots.hpp"
 #include "matrix/title_fitting.hpp"
 #include "overlay/recognizers.hpp"
-#include "settings/preference_keys.hpp"
-#include "settings/preferences.hpp"
+#include "preferences/preferences.hpp"
 
 #include <limits>
 
@@ -17,7 +16,7 @@ namespace {
 constexpr long kMarkerTag = 8888;
 
 void AddMarker(ui::View cell) {
-    const auto marker = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame({{0, 0}, {6, 6}}));
+    const auto marker = ui::MakeView<ui::View>({{0, 0}, {6, 6}});
     marker->setBackgroundColor(ui::Color::redColor());
     marker->layer().setCornerRadius(3);
     marker->setTag(kMarkerTag);
@@ -25,40 +24,23 @@ void AddMarker(ui::View cell) {
     cell.addSubview(marker);
 }
 
-/// A title to be measured.
-struct Title {
-    ns::String text;
-    cg::Size box;
-    ns::Dictionary attributes;
-
-    bool Fits(unsigned long length) const {
+/// Fits a text into a box of points: wrapped to its width, no higher than it.
+TitleFit Fit(ns::String text, cg::Size box, ns::Dictionary attributes) {
+    return FitTitle(text, [&](unsigned long length) {
         const ns::String prefix = length < text.length() ? text.substringToIndex(length) : text;
         constexpr double kUnlimited = std::numeric_limits<double>::max();
         const cg::Rect bounds = ui::BoundingRect(prefix, {box.width, kUnlimited},
                                                  ui::kUsesLineFragmentOrigin | ui::kUsesFontLeading, attributes);
         return bounds.size.height <= box.height;
-    }
-};
-
-TitleFit Fit(const Title &title) {
-    const Utf16Text units{title.text.pointer,
-                          [](const void *text, unsigned long index) {
-                              return ns::String{static_cast<objc::id>(const_cast<void *>(text))}.characterAtIndex(
-                                  index);
-                          },
-                          title.text.length()};
-    const auto fits = [](void *context, unsigned long length) {
-        return static_cast<const Title *>(context)->Fits(length);
-    };
-    return FitTitle(units, {const_cast<Title *>(&title), fits});
+    });
 }
 
 } // namespace
 
 CellStyle::CellStyle(double scale)
-    : background_(ReadColorPreference(keys::ButtonBackgroundColor(), "#333333"_ns, 0.6)),
-      titleColor_(ReadColorPreference(keys::ButtonTextColor(), "#FFFFFF"_ns, 1.0)),
-      titleFont_(ui::Font::systemFontOfSize(scale * ReadFloatPreference(keys::FontSize(), 11.0))),
+    : background_(ColorFromHex(kButtonBackgroundColor.Read(), 0.6)),
+      titleColor_(ColorFromHex(kButtonTextColor.Read(), 1.0)),
+      titleFont_(ui::Font::systemFontOfSize(scale * kFontSize.Read())),
       attributes_(ns::Dictionary::dictionaryWithObject(titleFont_.get(), NSFontAttributeName)) {}
 
 ui::Button AddCell(ui::View container, int index) {
@@ -87,7 +69,7 @@ void UpdateCell(ui::Button cell, int index, const GridGeometry &geometry, const 
     const objc::Ref<ns::String> text = SlotDisplayText(index);
     objc::SetAssociated(cell, kFullText, text);
     // The title carries no mark of its own where it is cut: the dot alone tells it.
-    const TitleFit fit = Fit({text, geometry.TitleBox(), style.attributes()});
+    const TitleFit fit = Fit(text, geometry.TitleBox(), style.attributes());
     cell.setTitle(fit.length < text->length() ? text->substringToIndex(fit.length) : text.get(), ui::kStateNormal);
     const ui::View marker = cell.viewWithTag(kMarkerTag);
     marker.setFrame(geometry.MarkerFrame());

@@ -2,7 +2,7 @@
 // One cell of the matrix: a button that shows a slot's text as far as it fits.
 
 #include "apple/uikit/button.hpp"
-#include "matrix/geometry.hpp"
+#include "matrix/grid_geometry.hpp"
 
 namespace corvel {
 

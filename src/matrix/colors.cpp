@@ -1,7 +1,6 @@
 #include "matrix/colors.hpp"
 
 #include "apple/foundation/scanner.hpp"
-#include "settings/preferences.hpp"
 
 namespace corvel {
 
@@ -17,10 +16,6 @@ ui::Color ColorFromHex(ns::String hex, double alpha) {
     scanner.scanHexInt(&value);
     const auto component = [value](unsigned shift) { return ((value >> shift) & 0xff) / 255.0; };
     return ui::Color::colorWithRed(component(16), component(8), component(0), alpha);
-}
-
-ui::Color ReadColorPreference(ns::String key, ns::String fallback, double alpha) {
-    return ColorFromHex(ReadStringPreference(key, fallback), alpha);
 }
 
 } // namespace corvel

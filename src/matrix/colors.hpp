@@ -11,7 +11,4 @@ namespace corvel {
 /// result.
 ui::Color ColorFromHex(ns::String hex, double alpha);
 
-/// The colour stored under the key (the fallback, a hex string, when there is none) with the alpha.
-ui::Color ReadColorPreference(ns::String key, ns::String fallback, double alpha);
-
 } // namespace corvel

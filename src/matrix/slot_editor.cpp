@@ -5,7 +5,7 @@
 #include "apple/foundation/user_defaults.hpp"
 #include "matrix/cell.hpp"
 #include "matrix/keyboard_avoidance.hpp"
-#include "matrix/panel.hpp"
+#include "matrix/matrix_panel.hpp"
 #include "matrix/slot_editor_views.hpp"
 #include "matrix/slots.hpp"
 #include "overlay/haptic.hpp"

@@ -1,12 +1,11 @@
 #include "matrix/slots.hpp"
 
-#include "settings/preference_keys.hpp"
-#include "settings/preferences.hpp"
+#include "preferences/preferences.hpp"
 
 namespace corvel {
 
 objc::Ref<ns::String> SlotKey(int index) {
-    const objc::ArgumentSlot arguments[] = {reinterpret_cast<objc::ArgumentSlot>(keys::Prefix().pointer),
+    const objc::ArgumentSlot arguments[] = {reinterpret_cast<objc::ArgumentSlot>(kKeyPrefix.get()),
                                             static_cast<objc::ArgumentSlot>(index)};
     return ns::Formatted("%@slots.%d"_ns, arguments);
 }

@@ -1,11 +1,9 @@
 #include "matrix/tap.hpp"
 
-#include "adapters/send_functions.hpp"
+#include "adapters/hosts.hpp"
 #include "matrix/cell.hpp"
 #include "overlay/capture.hpp"
-#include "settings/preference_keys.hpp"
-#include "settings/preferences.hpp"
-#include "startup/host_platform.hpp"
+#include "preferences/preferences.hpp"
 
 namespace corvel {
 namespace {
@@ -28,29 +26,12 @@ objc::Ref<ns::String> TextOf(ui::Button cell) {
     return fullText ? fullText : cell.titleLabel().text();
 }
 
-void SendThroughHost(ns::String text) {
-    switch (DetectHostPlatform()) {
-    case HostPlatform::kKuaishou:
-        KS_SendMessage(text.pointer);
-        break;
-    case HostPlatform::kXiaohongshu:
-        XHS_SendMessage(text.pointer);
-        break;
-    case HostPlatform::kDouyin:
-        DY_SendMessage(text.pointer);
-        break;
-    case HostPlatform::kFinder:
-        FC_SendMessage(text.pointer);
-        break;
-    }
-}
-
 } // namespace
 
 void HandleCellTap(objc::Class, objc::SEL, ui::Button cell) {
     AnimatePress(cell);
-    SendThroughHost(TextOf(cell));
-    if (ReadBoolPreference(keys::AutoCaptureAfterSend())) {
+    PresentHost().send(TextOf(cell).get().pointer);
+    if (kAutoCaptureAfterSend.Read()) {
         StartCapture();
     }
 }

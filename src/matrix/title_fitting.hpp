@@ -1,19 +1,19 @@
 #pragma once
 // How much of a text fits into a cell: the longest prefix that does, found with few measurements.
+//
+// A longer prefix is mostly as tall or taller, so halving finds where prefixes stop to fit. Mostly, because
+// - the first half of a character may be taller than the whole (a joined emoji begins with an emoji), and an empty last
+//   line may be taller than one with letters. So halving tries prefixes that end with a character and no blank; those
+//   in between are tried when the edge is known;
+// - where letters change their shape or words are told by a dictionary, one more letter may take less room. There a few
+//   characters beyond the edge are tried too.
 
-#include "matrix/grapheme.hpp"
+#include "apple/foundation/string.hpp"
+
+#include <algorithm>
+#include <bit>
 
 namespace corvel {
-
-/// Tells whether the prefix of that many units fits; every call is one measurement.
-struct PrefixFits {
-    void *context;
-    bool (*fits)(void *context, unsigned long length);
-
-    bool operator()(unsigned long length) const {
-        return fits(context, length);
-    }
-};
 
 struct TitleFit {
     /// UTF-16 units of the text that the title shows.
@@ -22,9 +22,159 @@ struct TitleFit {
     bool shortened;
 };
 
+/// Searches one text; Fits is a function of a prefix's length in UTF-16 units, and each call of it is a measurement.
+template <class Fits> class TitleSearch {
+  public:
+    TitleSearch(ns::String text, const Fits &fits) : text_(text), fits_(fits), whole_(text.length()) {}
+
+    TitleFit Run() {
+        if (whole_ == 0 || Gallop()) {
+            return {whole_, false};
+        }
+        do {
+            Halve();
+        } while (StepBeyondEdge());
+        return {std::max(LongestAtEdge(), 1UL), true};
+    }
+
+  private:
+    /// Most cells show fewer units: a text of any length costs little more to fit than this many.
+    static constexpr unsigned long kFirstProbe = 256;
+    /// Longer characters (a base under marks without end) and longer runs of blanks are cut anywhere.
+    static constexpr unsigned long kLongestRun = 64;
+    /// How many characters beyond the edge are tried in scripts of changing shapes.
+    static constexpr unsigned long kAhead = 4;
+
+    /// White space, line breaks, control and format characters.
+    static bool IsBlank(char16_t unit) {
+        return unit <= u' ' || (unit >= 0x7f && unit <= 0xa0) || (unit >= 0x2000 && unit <= 0x200f) ||
+               (unit >= 0x2028 && unit <= 0x202f) || (unit >= 0x205f && unit <= 0x206f) || unit == 0x3000 ||
+               unit == 0xfeff;
+    }
+
+    /// Units of scripts with joining letters, with conjuncts, or without spaces between words.
+    static bool HasChangingShapes(char16_t unit) {
+        return (unit >= 0x600 && unit <= 0x18af) || (unit >= 0xfb50 && unit <= 0xfdff) ||
+               (unit >= 0xfe70 && unit <= 0xfefc);
+    }
+
+    bool Measure(unsigned long length) {
+        ++measurements_;
+        return fits_(length);
+    }
+
+    /// The first place at or behind `index` where a prefix is to end: behind a character that is no blank.
+    unsigned long EndFrom(unsigned long index) const {
+        const unsigned long last = std::min(index + kLongestRun, whole_);
+        for (unsigned long at = index; at <= last;) {
+            const ns::Range character = text_.rangeOfComposedCharacterSequenceAtIndex(at - 1);
+            const unsigned long end = character.location + character.length;
+            if (character.length > kLongestRun) {
+                break;
+            }
+            if (!IsBlank(text_.characterAtIndex(end - 1))) {
+                return end;
+            }
+            at = end + 1;
+        }
+        return index;
+    }
+
+    /// Such a place between low and high, near their middle if possible; 0 when there is none.
+    unsigned long EndBetween() const {
+        for (unsigned long middle = low_ + ((high_ - low_) / 2); middle > low_; middle = low_ + ((middle - low_) / 2)) {
+            const unsigned long end = EndFrom(middle);
+            if (end < high_) {
+                return end;
+            }
+        }
+        return 0;
+    }
+
+    /// Finds a prefix that does not fit, at growing lengths; true when the whole text fits.
+    bool Gallop() {
+        for (unsigned long probe = kFirstProbe;; probe *= 2) {
+            high_ = probe < whole_ ? EndFrom(probe) : whole_;
+            if (!Measure(high_)) {
+                limit_ = high_;
+                return false;
+            }
+            low_ = high_;
+            if (low_ == whole_) {
+                return true;
+            }
+        }
+    }
+
+    void Halve() {
+        while (const unsigned long middle = EndBetween()) {
+            (Measure(middle) ? low_ : high_) = middle;
+        }
+    }
+
+    /// Looks for a prefix a few characters beyond the edge that fits although the edge does not, as far as the promised
+    /// number of measurements goes, and moves the edge there.
+    bool StepBeyondEdge() {
+        const auto allowed = (2 * static_cast<unsigned long>(std::bit_width(whole_) - 1)) + 4;
+        const auto needed = static_cast<unsigned long>(std::bit_width(limit_ - low_));
+        unsigned long end = high_;
+        for (unsigned long i = 0; i < kAhead && end < limit_ && HasChangingShapes(text_.characterAtIndex(end - 1));
+             ++i) {
+            end = EndFrom(end + 1);
+            if (measurements_ + needed >= allowed || end >= limit_) {
+                return false;
+            }
+            if (Measure(end)) {
+                low_ = end;
+                high_ = limit_;
+                return true;
+            }
+        }
+        return false;
+    }
+
+    /// Between low and high lie blanks, then one character's units but the last: the longest of those prefixes that
+    /// fits, or low.
+    unsigned long LongestAtEdge() {
+        unsigned long blanks = low_;
+        while (blanks + 1 < high_ && IsBlank(text_.characterAtIndex(blanks))) {
+            ++blanks;
+        }
+        unsigned long tooLong = high_;
+        while (tooLong - blanks > kLongestRun) {
+            const unsigned long middle = blanks + ((tooLong - blanks) / 2);
+            (Measure(middle) ? blanks : tooLong) = middle;
+        }
+        for (unsigned long length = tooLong - 1; length > blanks; --length) {
+            if (Measure(length)) {
+                return length;
+            }
+        }
+        while (low_ < blanks) {
+            const unsigned long middle = low_ + ((blanks - low_ + 1) / 2);
+            if (Measure(middle)) {
+                low_ = middle;
+            } else {
+                blanks = middle - 1;
+            }
+        }
+        return low_;
+    }
+
+    ns::String text_;
+    const Fits &fits_;
+    unsigned long whole_;
+    unsigned long low_ = 0;   ///< fits
+    unsigned long high_ = 0;  ///< does not
+    unsigned long limit_ = 0; ///< the prefix that did not fit first
+    unsigned long measurements_ = 0;
+};
+
 /// The whole text when it fits (an empty one does), else the longest shorter prefix that fits, as if each were measured
 /// from the longest down; when none fits, the first unit. Measures at most 2 * log2(length) + 4 prefixes and those that
-/// end within one grapheme cluster.
-TitleFit FitTitle(const Utf16Text &text, PrefixFits fits);
+/// end within one character.
+template <class Fits> TitleFit FitTitle(ns::String text, const Fits &fits) {
+    return TitleSearch<Fits>(text, fits).Run();
+}
 
 } // namespace corvel

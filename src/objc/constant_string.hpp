@@ -69,4 +69,34 @@ template <FixedString Text> id ConstantString() {
 #endif
 }
 
+/// A constant string for tables that stand before any code has run; get() gives the string.
+class StringLiteral {
+  public:
+    constexpr StringLiteral() = default;
+    template <FixedString Text> static constexpr StringLiteral Of() {
+#if defined(__APPLE__)
+        return StringLiteral(&detail::constantString<Text>);
+#else
+        return StringLiteral(&ConstantString<Text>);
+#endif
+    }
+    /// Nil for a literal that was never given.
+    id get() const {
+#if defined(__APPLE__)
+        return reinterpret_cast<id>(source_);
+#else
+        return source_ != nullptr ? source_() : nullptr;
+#endif
+    }
+
+  private:
+#if defined(__APPLE__)
+    using Source = detail::ConstantStringLayout *;
+#else
+    using Source = id (*)();
+#endif
+    constexpr explicit StringLiteral(Source source) : source_(source) {}
+    Source source_ = nullptr;
+};
+
 } // namespace objc

@@ -1,11 +1,10 @@
 #include "overlay/capture_button.hpp"
 
-#include "overlay/action_target.hpp"
-#include "overlay/float_gestures.hpp"
+#include "overlay/float_drag.hpp"
+#include "overlay/round_button.hpp"
 #include "overlay/state.hpp"
 #include "overlay/windows.hpp"
-#include "settings/preference_keys.hpp"
-#include "settings/preferences.hpp"
+#include "preferences/preferences.hpp"
 
 namespace corvel {
 
@@ -13,20 +12,14 @@ void RebuildCaptureButton() {
     OverlayState &overlay = Overlay();
     overlay.captureButton->removeFromSuperview();
     overlay.captureButton = nullptr;
-    if (!ReadBoolPreference(keys::ShowCaptureButton())) {
+    if (!kShowCaptureButton.Read()) {
         return;
     }
-    const auto button = ui::Button::buttonWithType(ui::ButtonType::kCustom);
-    button.setBackgroundColor(ui::Color::orangeColor());
-    button.layer().setCornerRadius(25);
-    button.setTitle(u"截"_ns, ui::kStateNormal);
-    button.addTarget(ActionTarget(), objc::Selector<"dm_cap">(), ui::kTouchUpInside);
+    const auto button = MakeRoundButton(u"截"_ns, ui::Color::orangeColor(), objc::Selector<"dm_cap">());
     AddDragRecognizer(button);
-    button.setFrame({{0, 0}, {50, 50}});
     if (overlay.floatButton) {
         button.setCenter(CaptureButtonCenter(overlay.floatButton->center()));
     }
-    button.setAlpha(ReadFloatPreference(keys::FloatButtonAlpha(), 1.0));
     overlay.captureButton = button;
     overlay.window->addSubview(button);
     RaiseFloatButtons();

@@ -1,11 +1,9 @@
 #pragma once
 // The round button that opens everything else.
 
-#include "startup/host_platform.hpp"
-
 namespace corvel {
 
 /// Makes the float button in the host's colour, at its stored place, and adds it to the overlay window.
-void BuildFloatButton(HostPlatform host);
+void BuildFloatButton();
 
 } // namespace corvel

@@ -1,15 +1,16 @@
 #include "overlay/init_ui.hpp"
 
+#include "adapters/hosts.hpp"
+#include "adapters/wechat/plugin_switch.hpp"
 #include "apple/foundation/notifications.hpp"
 #include "apple/foundation/user_defaults.hpp"
 #include "diagnostics/debug_log.hpp"
 #include "overlay/capture_button.hpp"
 #include "overlay/danmu_window.hpp"
 #include "overlay/float_button.hpp"
+#include "overlay/panel.hpp"
 #include "overlay/state.hpp"
 #include "overlay/windows.hpp"
-#include "startup/finder_switch.hpp"
-#include "startup/host_platform.hpp"
 
 namespace corvel {
 namespace {
@@ -45,14 +46,21 @@ template <class T> void Remove(objc::Ref<T> &view) {
 
 void TearDown() {
     OverlayState &overlay = Overlay();
-    Remove(overlay.matrixPanel);
-    overlay.matrixContainer = nullptr;
-    Remove(overlay.settingsPanel);
+    RemovePanels();
     Remove(overlay.captureButton);
     Remove(overlay.floatButton);
     overlay.window->setHidden(true);
     overlay.window = nullptr;
     overlay.built = false;
+}
+
+/// Runs InitUI when the switch is not what it was last. For every change of the user defaults.
+void RefreshFinderSwitch() {
+    const bool on = IsFinderSwitchOn();
+    if (on != Overlay().lastFinderSwitch) {
+        Overlay().lastFinderSwitch = on;
+        InitUI();
+    }
 }
 
 /// Follows WeChat's plugin switch from now on; once installed, the observer stays for good.
@@ -77,12 +85,11 @@ void Build() {
         return; // the next DanmuServiceReady tries again
     }
     overlay.built = true;
-    const HostPlatform host = DetectHostPlatform();
-    BuildFloatButton(host);
+    BuildFloatButton();
     RebuildCaptureButton();
     RaiseFloatButtons();
-    DebugLog("[UI] Init complete platform=%@"_ns, HostPlatformName(host));
-    if (host == HostPlatform::kFinder) {
+    DebugLog("[UI] Init complete platform=%@"_ns, PresentHost().name.get());
+    if (DetectHostPlatform() == HostPlatform::kWeChat) {
         ObserveFinderSwitch();
     }
 }

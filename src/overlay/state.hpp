@@ -2,7 +2,6 @@
 // What the overlay holds, for the whole process. Main thread only.
 
 #include "apple/uikit/button.hpp"
-#include "apple/uikit/effects.hpp"
 #include "apple/uikit/window.hpp"
 #include "objc/ref.hpp"
 
@@ -13,10 +12,6 @@ struct OverlayState {
     objc::Ref<ui::Window> window;
     objc::Ref<ui::Button> floatButton;
     objc::Ref<ui::Button> captureButton;
-    objc::Ref<ui::VisualEffectView> matrixPanel;
-    /// The view inside the matrix panel that holds its title and cells; comes and goes with the panel.
-    objc::Ref<ui::View> matrixContainer;
-    objc::Ref<ui::VisualEffectView> settingsPanel;
     /// Made by the first toast, then kept.
     objc::Ref<ui::Label> toastLabel;
     /// The float button set stands.

@@ -1,13 +1,15 @@
 #include "settings/color_choice.hpp"
 
-#include "apple/foundation/user_defaults.hpp"
-#include "matrix/panel.hpp"
+#include "matrix/matrix_panel.hpp"
 #include "overlay/action_target.hpp"
+#include "overlay/panel.hpp"
 #include "overlay/presentation.hpp"
-#include "overlay/state.hpp"
 #include "settings/color_components.hpp"
 #include "settings/settings_panel.hpp"
 #include "settings/settings_rows.hpp"
+
+#include <algorithm>
+#include <iterator>
 
 namespace corvel {
 namespace {
@@ -30,17 +32,15 @@ void HandleColorButton(objc::Class, objc::SEL, ui::Button button) {
 
 void HandleColorPicked(objc::Class, objc::SEL, ui::ColorPickerViewController picker) {
     const auto key = objc::GetAssociated<ns::String>(picker, kPickerPreferenceKey);
-    if (!key) {
+    const auto *const row =
+        std::ranges::find_if(kColors, [&](const ColorRow &each) { return each.preference.Is(key); });
+    if (row == std::end(kColors)) {
         return;
     }
-    const auto store = ns::UserDefaults::standardUserDefaults();
-    store.setObject(HexText(picker.selectedColor()).get(), key);
-    store.synchronize();
+    row->preference.Write(HexText(picker.selectedColor()));
     LayoutMatrix();
     // In this order there is nothing left to rebuild: the panel closes once a colour has been chosen. That is wanted.
-    OverlayState &overlay = Overlay();
-    overlay.settingsPanel->removeFromSuperview();
-    overlay.settingsPanel = nullptr;
+    SettingsPanel().Remove();
     RebuildSettingsPanel();
 }
 

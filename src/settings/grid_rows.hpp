@@ -3,13 +3,12 @@
 
 #include "apple/uikit/segmented_control.hpp"
 #include "apple/uikit/text_field.hpp"
-#include "settings/settings_rows.hpp"
+#include "settings/settings_views.hpp"
 
 namespace corvel {
 
-/// A settings row: the title, the two segmented controls, and for the custom grid the fields of its size. The row's key
-/// holds the preset index.
-void AddGridRows(ui::View container, double &y, const SettingsRow &row);
+/// Adds the title, the two segmented controls, and for the custom grid the fields of its size; moves y below them.
+void AddGridRows(Column &column);
 
 /// `dm_gc:`: a segment of either control was chosen. Stores the preset and rebuilds the matrix and the settings panel.
 void HandleGridChoice(objc::Class, objc::SEL, ui::SegmentedControl control);

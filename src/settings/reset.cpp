@@ -1,35 +1,26 @@
 #include "settings/reset.hpp"
 
-#include "apple/uikit/alert_controller.hpp"
-#include "matrix/panel.hpp"
+#include "matrix/matrix_panel.hpp"
 #include "overlay/capture_button.hpp"
-#include "overlay/presentation.hpp"
-#include "overlay/state.hpp"
+#include "overlay/panel.hpp"
 #include "overlay/toast.hpp"
-#include "settings/own_keys.hpp"
+#include "preferences/own_keys.hpp"
+#include "settings/alert.hpp"
 
 namespace corvel {
 
 void HandleReset(objc::Class, objc::SEL) {
-    const auto alert = ui::AlertController::alertControllerWithTitle(u"清除配置"_ns, u"确定清除所有插件配置？"_ns,
-                                                                     ui::AlertControllerStyle::kAlert);
-    alert.addAction(ui::AlertAction::actionWithTitle(u"取消"_ns, ui::AlertActionStyle::kCancel, nullptr));
-    alert.addAction(ui::AlertAction::actionWithTitle(
-        u"确定清除"_ns, ui::AlertActionStyle::kDestructive,
-        objc::MakeBlock<void(ui::AlertAction)>([](ui::AlertAction) { ResetConfiguration(); })));
-    PresentOnTop(alert, nullptr);
+    Alert(u"清除配置"_ns, u"确定清除所有插件配置？"_ns)
+        .Cancel(u"取消"_ns)
+        .Answer(u"确定清除"_ns, ui::AlertActionStyle::kDestructive, [] { ResetConfiguration(); })
+        .Present();
 }
 
 void ResetConfiguration() {
     const auto store = ns::UserDefaults::standardUserDefaults();
     VisitOwnKeys(store, [&](ns::String key) { store.removeObjectForKey(key); });
     store.synchronize();
-    OverlayState &overlay = Overlay();
-    overlay.matrixPanel->removeFromSuperview();
-    overlay.matrixPanel = nullptr;
-    overlay.matrixContainer = nullptr;
-    overlay.settingsPanel->removeFromSuperview();
-    overlay.settingsPanel = nullptr;
+    RemovePanels();
     RebuildCaptureButton(); // which leaves none: its switch is off by default
     LayoutMatrix();
     ShowToast(u"已清除"_ns);

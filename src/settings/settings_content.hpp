@@ -1,5 +1,5 @@
 #pragma once
-// What stands in the settings panel. A new row or button is a new line in a table of the source file.
+// What stands in the settings panel, block by block; the rows themselves are in settings_table.hpp.
 // Each function adds its views to the container and gives their height in points.
 
 #include "apple/uikit/view.hpp"

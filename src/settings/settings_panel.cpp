@@ -1,10 +1,11 @@
 #include "settings/settings_panel.hpp"
 
-#include "matrix/panel.hpp"
+#include "apple/uikit/scroll_view.hpp"
 #include "overlay/gesture_proxy.hpp"
+#include "overlay/haptic.hpp"
+#include "overlay/panel.hpp"
 #include "overlay/recognizers.hpp"
 #include "overlay/state.hpp"
-#include "overlay/windows.hpp"
 #include "settings/settings_sections.hpp"
 #include "settings/settings_views.hpp"
 
@@ -27,47 +28,25 @@ void AddTitleBar(ui::View content) {
     AddSystemButton(content, {{260, 5}, {35, 35}}, u"✕"_ns, ui::Color::redColor(), objc::Selector<"dm_cm">());
 }
 
-/// A panel with all it holds, in no window yet.
-objc::Ref<ui::VisualEffectView> MakePanel(cg::Rect frame) {
-    const auto panel = objc::Ref<ui::VisualEffectView>::Adopt(ns::Alloc<ui::VisualEffectView>().initWithEffect(
-        ui::BlurEffect::effectWithStyle(ui::BlurStyle::kSystemMaterial)));
-    panel->setFrame(frame);
-    panel->layer().setCornerRadius(14);
-    panel->setClipsToBounds(true);
-    AddRecognizers(panel);
-    AddTitleBar(panel->contentView());
-    const auto scrollView =
-        MakeView<ui::ScrollView>({{0, kTitleHeight}, {kSettingsWidth, kPanelSize.height - kTitleHeight}});
-    panel->contentView().addSubview(scrollView);
-    AddSettingsContent(panel, scrollView);
-    return panel;
-}
-
-/// Puts a new panel into the overlay window, in the place of any other. False without such a window.
+/// Puts a new panel into the overlay window, in the place of any other (one that fades out still). False without such a
+/// window.
 bool PlacePanel(cg::Rect frame) {
-    OverlayState &overlay = Overlay();
-    overlay.settingsPanel->removeFromSuperview(); // one that fades out still
-    overlay.settingsPanel = nullptr;
+    SettingsPanel().Remove();
     StoreMissingFoldStates();
     // A change of the store may have taken the overlay down: WeChat's switch is looked at then.
-    if (!overlay.window) {
+    if (!Overlay().window) {
         return false;
     }
-    overlay.settingsPanel = MakePanel(frame);
-    overlay.window->addSubview(overlay.settingsPanel);
+    const auto view = MakePanelView(ui::BlurStyle::kSystemMaterial, frame, 14);
+    AddRecognizers(view);
+    AddTitleBar(view->contentView());
+    const auto scrollView =
+        ui::MakeView<ui::ScrollView>({{0, kTitleHeight}, {kSettingsWidth, kPanelSize.height - kTitleHeight}});
+    view->contentView().addSubview(scrollView);
+    AddSettingsContent(view, scrollView);
+    SettingsPanel().Show(view, scrollView.get());
     LayoutSettingsSections();
     return true;
-}
-
-void SpringIn(ui::View view) {
-    const objc::Ref<ui::View> panel = view;
-    panel->setAlpha(0);
-    panel->setTransform(cg::AffineTransform::Scale(0.8, 0.8));
-    ui::View::animateWithDuration(0.3, 0, 0.7, 0.5, 0, objc::MakeBlock<void()>([=] {
-                                      panel->setAlpha(1);
-                                      panel->setTransform(cg::AffineTransform::Identity());
-                                  }),
-                                  nullptr);
 }
 
 cg::Rect CenteredAt(cg::Point center) {
@@ -76,25 +55,48 @@ cg::Rect CenteredAt(cg::Point center) {
 
 } // namespace
 
+Panel &SettingsPanel() {
+    [[clang::no_destroy]] static constinit Panel panel(0.8);
+    return panel;
+}
+
 void BuildSettingsPanel() {
     const cg::Rect screen = ui::Screen::mainScreen().bounds();
     const cg::Point middle{screen.origin.x + screen.size.width / 2, screen.origin.y + screen.size.height / 2};
     if (PlacePanel(CenteredAt(middle))) {
-        SpringIn(Overlay().settingsPanel);
-        RaisePanel(Overlay().settingsPanel);
+        SettingsPanel().SpringIn(0.3, 1);
+        SettingsPanel().Raise();
     }
 }
 
 void RebuildSettingsPanel() {
-    const OverlayState &overlay = Overlay();
-    if (!overlay.settingsPanel) {
-        return;
-    }
+    const ui::View view = SettingsPanel().view();
     // Told by the centre: the frame of a panel that springs in or fades out is a shrunk one.
-    const cg::Rect kept = CenteredAt(overlay.settingsPanel->center());
-    if (PlacePanel(kept)) {
-        RaisePanel(overlay.settingsPanel);
+    if (view && PlacePanel(CenteredAt(view.center()))) {
+        SettingsPanel().Raise();
     }
+}
+
+void HandleFloatLongPress(objc::Class, objc::SEL, ui::GestureRecognizer recognizer) {
+    if (recognizer.state() != ui::GestureState::kBegan) {
+        return; // one press toggles once, when it is recognised
+    }
+    PlayImpactHaptic();
+    constexpr double kOpenAlpha = 0.1; // one that is fainter is about to go
+    const ui::View view = SettingsPanel().view();
+    if (view && view.alpha() > kOpenAlpha) {
+        SettingsPanel().Close();
+    } else {
+        BuildSettingsPanel();
+    }
+}
+
+void HandleSettingsPanelTap(objc::Class, objc::SEL) {
+    SettingsPanel().Raise();
+}
+
+void HandleSettingsClose(objc::Class, objc::SEL) {
+    SettingsPanel().Close();
 }
 
 } // namespace corvel

@@ -1,39 +1,47 @@
 #pragma once
-// The rows of the settings panel: what a row is, and the builders of each kind.
+// Building the rows of the settings panel, and what their plain controls do. Main thread only.
 
+#include "apple/uikit/slider.hpp"
+#include "apple/uikit/switch.hpp"
+#include "settings/settings_table.hpp"
 #include "settings/settings_views.hpp"
 
 namespace corvel {
 
-/// On every control of a row: the preference key that it edits.
+/// On every control of a row: the key of the preference that it edits.
 inline constexpr objc::AssociationKey kRowPreferenceKey{"cfg_key"};
 
-/// One row as data. A new row is one line in a table of these.
-struct SettingsRow {
-    /// Adds the row's views to the container at y, in points, and moves y below them.
-    void (*add)(ui::View container, double &y, const SettingsRow &row);
-    ns::String title;
-    ns::String key;
-    /// The range of a slider.
-    double minimum = 0;
-    double maximum = 0;
-};
+// Each adds a row's views to the column and moves its y below them.
 
 /// A title and a switch that shows and stores a bool.
-void AddSwitchRow(ui::View container, double &y, const SettingsRow &row);
+void AddRow(Column &column, const SwitchRow &row);
 /// A title and below it a slider that shows and stores a float.
-void AddSliderRow(ui::View container, double &y, const SettingsRow &row);
+void AddRow(Column &column, const SliderRow &row);
 /// A title and a button in the stored colour that opens the colour picker.
-void AddColorRow(ui::View container, double &y, const SettingsRow &row);
+void AddRow(Column &column, const ColorRow &row);
 
 /// Adds the rows of a table in order.
-template <std::size_t N> void AddRows(ui::View container, double &y, const SettingsRow (&rows)[N]) {
-    for (const SettingsRow &row : rows) {
-        row.add(container, y, row);
+template <class Row, std::size_t N> void AddRows(Column &column, const Row (&rows)[N]) {
+    for (const Row &row : rows) {
+        AddRow(column, row);
     }
 }
 
-/// A wide button that runs a handler. Leaves the vertical steps to the caller.
-ui::Button AddActionButton(ui::View container, double y, ns::String title, ui::Color background, objc::SEL action);
+/// The row of the table whose preference the control edits; null when it has none there.
+template <class Row, std::size_t N> const Row *RowOf(const Row (&rows)[N], ns::Object control) {
+    const auto key = objc::GetAssociated<ns::String>(control, kRowPreferenceKey);
+    for (const Row &row : rows) {
+        if (row.preference.Is(key)) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
+/// `dm_sw:`: stores the switch's bool and refreshes what depends on it.
+void HandleSwitchChange(objc::Class, objc::SEL, ui::Switch control);
+
+/// `dm_sl:`: stores the slider's number, at each step of a drag, and rebuilds the matrix.
+void HandleSliderChange(objc::Class, objc::SEL, ui::Slider slider);
 
 } // namespace corvel

@@ -1,17 +1,18 @@
 #include "settings/settings_sections.hpp"
 
-#include "apple/foundation/user_defaults.hpp"
-#include "overlay/state.hpp"
-#include "settings/preference_keys.hpp"
-#include "settings/preferences.hpp"
+#include "overlay/panel.hpp"
+#include "preferences/preferences.hpp"
 #include "settings/settings_content.hpp"
+#include "settings/settings_panel.hpp"
 #include "settings/settings_views.hpp"
+
+#include <algorithm>
+#include <iterator>
 
 namespace corvel {
 namespace {
 
 /// On the panel: its parts.
-constexpr objc::AssociationKey kScrollView{"scroll_view"};
 constexpr objc::AssociationKey kFixedBlock{"fixed_block"};
 constexpr objc::AssociationKey kSectionRecords{"sections"};
 constexpr objc::AssociationKey kFooter{"footer"};
@@ -23,11 +24,15 @@ constexpr double kHeaderStep = 44;
 
 /// A section that folds.
 struct Section {
-    ns::String title;
-    /// Bool: the section is folded.
-    ns::String key;
+    ns::Literal title;
+    const BoolPreference &folded;
     /// Adds what stands below the header; gives its height.
     double (*addContent)(ui::View container);
+};
+
+constexpr Section kSections[] = {
+    {u"插件配置"_literal, kConfigSectionCollapsed, &AddConfigurationButtons},
+    {u"延迟优化(实验)"_literal, kLatencySectionCollapsed, &AddLatencyRows},
 };
 
 /// The header's title with the arrow that tells the fold state.
@@ -43,21 +48,20 @@ cg::Rect HeaderFrame(double y) {
 }
 
 ui::Button AddHeader(ui::View container, const Section &section) {
-    const auto header =
-        AddSystemButton(container, HeaderFrame(0), HeaderTitle(ReadBoolPreference(section.key), section.title),
-                        ui::Color::labelColor(), objc::Selector<"dm_tog:">());
+    const auto header = AddSystemButton(container, HeaderFrame(0), HeaderTitle(section.folded.Read(), section.title),
+                                        ui::Color::labelColor(), objc::Selector<"dm_tog:">());
     header.setBackgroundColor(ui::Color::systemGrayColor().colorWithAlphaComponent(0.08));
     header.layer().setCornerRadius(10);
     header.titleLabel().setFont(ui::Font::boldSystemFontOfSize(14));
     header.setContentHorizontalAlignment(ui::HorizontalAlignment::kLeft);
     header.setTitleEdgeInsets({.left = 8});
-    objc::SetAssociated(header, kFoldKey, section.key);
+    objc::SetAssociated(header, kFoldKey, section.folded.key());
     return header;
 }
 
 /// Adds a view as wide as the card and as high as what it is filled with.
 ui::View AddBlock(ui::View container, double (*addContent)(ui::View)) {
-    const auto block = MakeView<ui::View>({{0, 0}, {kSettingsWidth, 0}});
+    const auto block = ui::MakeView<ui::View>({{0, 0}, {kSettingsWidth, 0}});
     const double height = addContent(block);
     block->setFrame({{0, 0}, {kSettingsWidth, height}});
     container.addSubview(block);
@@ -69,7 +73,7 @@ void AddSection(ui::View container, ns::MutableArray records, const Section &sec
     const ui::Button header = AddHeader(container, section);
     const auto content = AddBlock(container, section.addContent);
     const auto record = ns::New<ns::MutableDictionary>();
-    record->setObject(section.key, "key"_ns);
+    record->setObject(section.folded.key(), "key"_ns);
     record->setObject(header, "header"_ns);
     record->setObject(content, "content"_ns);
     records.addObject(record.get());
@@ -103,26 +107,16 @@ void LayoutSection(ns::Dictionary record, double &y) {
 } // namespace
 
 void StoreMissingFoldStates() {
-    const auto store = ns::UserDefaults::standardUserDefaults();
-    // The style key has no section; it is stored like the others all the same.
-    for (const ns::String key :
-         {keys::StyleSectionCollapsed(), keys::ConfigSectionCollapsed(), keys::LatencySectionCollapsed()}) {
-        if (!store.objectForKey(key)) {
-            store.setBool(true, key);
-        }
-    }
-    store.synchronize();
+    kStyleSectionCollapsed.StoreInitial();
+    kConfigSectionCollapsed.StoreInitial();
+    kLatencySectionCollapsed.StoreInitial();
+    ns::UserDefaults::standardUserDefaults().synchronize();
 }
 
 void AddSettingsContent(ui::View panel, ui::ScrollView scrollView) {
-    const Section sections[] = {
-        {u"插件配置"_ns, keys::ConfigSectionCollapsed(), &AddConfigurationButtons},
-        {u"延迟优化(实验)"_ns, keys::LatencySectionCollapsed(), &AddLatencyRows},
-    };
-    objc::SetAssociated(panel, kScrollView, scrollView);
     objc::SetAssociated(panel, kFixedBlock, AddBlock(scrollView, &AddFixedRows));
     const auto records = ns::New<ns::MutableArray>();
-    for (const Section &section : sections) {
+    for (const Section &section : kSections) {
         AddSection(scrollView, records, section);
     }
     objc::SetAssociated(panel, kSectionRecords, records.get());
@@ -130,9 +124,8 @@ void AddSettingsContent(ui::View panel, ui::ScrollView scrollView) {
 }
 
 void LayoutSettingsSections() {
-    const ui::View panel = Overlay().settingsPanel;
-    const auto scrollView = objc::GetAssociated<ui::ScrollView>(panel, kScrollView);
-    if (!scrollView) {
+    const ui::View panel = SettingsPanel().view();
+    if (!panel) {
         return;
     }
     double y = 10;
@@ -142,17 +135,17 @@ void LayoutSettingsSections() {
         LayoutSection(record, y);
     }
     PlaceBlock(objc::GetAssociated<ui::View>(panel, kFooter), y);
-    scrollView.setContentSize({kSettingsWidth, y + 20});
+    objc::As<ui::ScrollView>(SettingsPanel().content()).setContentSize({kSettingsWidth, y + 20});
 }
 
 void HandleSectionHeader(objc::Class, objc::SEL, ui::Button header) {
     const auto key = objc::GetAssociated<ns::String>(header, kFoldKey);
-    if (!key) {
+    const auto *const section =
+        std::ranges::find_if(kSections, [&](const Section &each) { return each.folded.Is(key); });
+    if (section == std::end(kSections)) {
         return;
     }
-    const auto store = ns::UserDefaults::standardUserDefaults();
-    store.setBool(!ReadBoolPreference(key), key);
-    store.synchronize();
+    section->folded.Write(!section->folded.Read());
     LayoutSettingsSections();
 }
 

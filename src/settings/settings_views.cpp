@@ -5,7 +5,7 @@
 namespace corvel {
 
 ui::Label AddLabel(ui::View container, cg::Rect frame, ns::String text, ui::Font font, ui::Color color) {
-    const auto label = MakeView<ui::Label>(frame);
+    const auto label = ui::MakeView<ui::Label>(frame);
     label->setText(text);
     label->setFont(font);
     label->setTextColor(color);

@@ -2,6 +2,7 @@
 // The small views that the settings panel is put together from.
 
 #include "apple/uikit/button.hpp"
+#include "apple/uikit/label.hpp"
 
 namespace corvel {
 
@@ -10,10 +11,11 @@ inline constexpr double kSettingsWidth = 300;
 inline constexpr double kSettingsMargin = 20;
 inline constexpr double kSettingsRowWidth = 260;
 
-/// A new view of T's class with the frame.
-template <class T> objc::Ref<T> MakeView(cg::Rect frame) {
-    return objc::Ref<T>::Adopt(objc::As<T>(ns::Alloc<T>().initWithFrame(frame)));
-}
+/// Views one under the other: y, in points, is where the next one goes.
+struct Column {
+    ui::View container;
+    double y = 0;
+};
 
 /// Adds a label to the container, which owns it from then on.
 ui::Label AddLabel(ui::View container, cg::Rect frame, ns::String text, ui::Font font, ui::Color color);

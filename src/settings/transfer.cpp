@@ -1,12 +1,12 @@
 #include "settings/transfer.hpp"
 
 #include "apple/uikit/pasteboard.hpp"
-#include "matrix/panel.hpp"
+#include "matrix/matrix_panel.hpp"
 #include "objc/guard.hpp"
 #include "overlay/capture_button.hpp"
 #include "overlay/toast.hpp"
-#include "settings/own_keys.hpp"
-#include "settings/storable.hpp"
+#include "preferences/own_keys.hpp"
+#include "preferences/storable.hpp"
 #include "settings/transfer_text.hpp"
 
 namespace corvel {

@@ -1,13 +1,14 @@
 // What happens when the library is loaded: the only code that runs by itself.
 
-#include "adapters/installers.hpp"
+#include "adapters/douyin/douyin.hpp"
+#include "adapters/hosts.hpp"
+#include "adapters/wechat/plugin_switch.hpp"
 #include "apple/dispatch/queue.hpp"
 #include "apple/foundation/notifications.hpp"
 #include "overlay/danmu_window.hpp"
 #include "overlay/gesture_proxy.hpp"
-#include "overlay/handlers.hpp"
 #include "overlay/init_ui.hpp"
-#include "startup/finder_switch.hpp"
+#include "startup/handlers.hpp"
 
 namespace corvel {
 namespace {
@@ -35,10 +36,9 @@ __attribute__((constructor)) static void Load() {
 
     ScheduleStartUp();
     ScheduleLatencyHooks();
-    InstallDouyinHooks();
-    InstallXiaohongshuHooks();
-    InstallKuaishouHooks();
-    InstallWeChatHooks();
+    for (const HostApp &host : HostApps()) {
+        host.installHooks();
+    }
 }
 
 } // namespace corvel

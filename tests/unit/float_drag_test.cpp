@@ -1,10 +1,10 @@
 // Dragging the float button: the callbacks on the way cost no memory and no write of preferences.
 
-#include "overlay/float_gestures.hpp"
+#include "overlay/float_drag.hpp"
+
 #include "overlay/state.hpp"
+#include "preferences/preferences.hpp"
 #include "runtime_support.hpp"
-#include "settings/preference_keys.hpp"
-#include "settings/preferences.hpp"
 
 #include <gtest/gtest.h>
 
@@ -120,7 +120,7 @@ void DragTo(ui::PanGestureRecognizer recognizer, cg::Point translation) {
 
 TEST(FloatDrag, OnTheWayAllocatesAndStoresNothing) {
     const Pool pool;
-    ns::UserDefaults::standardUserDefaults().removeObjectForKey(keys::FloatButtonX());
+    ns::UserDefaults::standardUserDefaults().removeObjectForKey(kFloatButtonX.key());
     const objc::Ref<ns::Object> view = StandIn();
     Overlay().floatButton = objc::As<ui::Button>(view);
     Overlay().captureButton = objc::As<ui::Button>(Follower());
@@ -140,7 +140,7 @@ TEST(FloatDrag, OnTheWayAllocatesAndStoresNothing) {
     EXPECT_EQ(allocations, seen);
     EXPECT_EQ(moved.center, (cg::Point{601, -48}));
     EXPECT_EQ(followed, (cg::Point{601, 12}));
-    EXPECT_FALSE(ns::UserDefaults::standardUserDefaults().objectForKey(keys::FloatButtonX()));
+    EXPECT_FALSE(ns::UserDefaults::standardUserDefaults().objectForKey(kFloatButtonX.key()));
 }
 
 } // namespace

@@ -14,12 +14,6 @@ namespace {
 
 using objc::MethodNamed;
 
-// The slots of hooks that one test each installs.
-PreviousMethod missingClass;
-PreviousMethod missingMethod;
-PreviousMethod takeAll;
-PreviousMethod explode;
-
 /// Which functions ran, in order.
 std::vector<std::string> calls;
 
@@ -41,7 +35,7 @@ class MethodHookTest : public testing::Test {
 
     void SetUp() override {
         calls.clear();
-        first = second = PreviousMethod{};
+        first = second = nullptr;
         root = Define("Root", "NSObject", {MethodNamed<"greet", &RootGreet>(), MethodNamed<"ping", &RootPing>()});
         middle = Define("Middle", class_getName(root), {MethodNamed<"greet", &MiddleGreet>()});
         leaf = Define("Leaf", class_getName(middle), {MethodNamed<"unrelated", &RootPing>()});
@@ -69,15 +63,15 @@ class MethodHookTest : public testing::Test {
     }
     static Word First(objc::id self, objc::SEL selector) {
         calls.emplace_back("first");
-        return first(self, selector);
+        return reinterpret_cast<Word (*)(objc::id, objc::SEL)>(first)(self, selector);
     }
     static Word Second(objc::id self, objc::SEL selector) {
         calls.emplace_back("second");
-        return second(self, selector);
+        return reinterpret_cast<Word (*)(objc::id, objc::SEL)>(second)(self, selector);
     }
 
     static void Hook(objc::Class cls, const char *selector) {
-        InstallMethodHook(cls, sel_registerName(selector), reinterpret_cast<objc::IMP>(&First), &first.implementation);
+        InstallMethodHook(cls, sel_registerName(selector), reinterpret_cast<objc::IMP>(&First), &first);
     }
 
     /// Sends greet to a new instance and tells what ran on the way.
@@ -88,8 +82,8 @@ class MethodHookTest : public testing::Test {
     }
 
     using Trace = std::vector<std::string>;
-    static PreviousMethod first;
-    static PreviousMethod second;
+    static objc::IMP first;
+    static objc::IMP second;
     test::Pool pool;
     objc::Class root = nullptr;
     objc::Class middle = nullptr;
@@ -97,12 +91,12 @@ class MethodHookTest : public testing::Test {
     objc::Class sibling = nullptr;
 };
 
-PreviousMethod MethodHookTest::first;
-PreviousMethod MethodHookTest::second;
+objc::IMP MethodHookTest::first;
+objc::IMP MethodHookTest::second;
 
 TEST_F(MethodHookTest, ReplacesTheClassesOwnMethodForItAndItsHeirs) {
     Hook(middle, "greet");
-    EXPECT_EQ(first.implementation, reinterpret_cast<objc::IMP>(&MiddleGreet));
+    EXPECT_EQ(first, reinterpret_cast<objc::IMP>(&MiddleGreet));
     EXPECT_EQ(GreetingOf(middle), (Trace{"first", "Middle greet"}));
     EXPECT_EQ(GreetingOf(leaf), (Trace{"first", "Middle greet"}));
     EXPECT_EQ(GreetingOf(root), Trace{"Root greet"}) << "an ancestor with a method of its own";
@@ -110,7 +104,7 @@ TEST_F(MethodHookTest, ReplacesTheClassesOwnMethodForItAndItsHeirs) {
 
 TEST_F(MethodHookTest, OverridesAnInheritedMethodAndLeavesTheFamilyAlone) {
     Hook(leaf, "greet");
-    EXPECT_EQ(first.implementation, reinterpret_cast<objc::IMP>(&MiddleGreet)) << "the nearest definition counts";
+    EXPECT_EQ(first, reinterpret_cast<objc::IMP>(&MiddleGreet)) << "the nearest definition counts";
     EXPECT_EQ(GreetingOf(leaf), (Trace{"first", "Middle greet"}));
     EXPECT_EQ(GreetingOf(middle), Trace{"Middle greet"});
     EXPECT_EQ(GreetingOf(sibling), Trace{"Middle greet"});
@@ -120,7 +114,7 @@ TEST_F(MethodHookTest, OverridesAnInheritedMethodAndLeavesTheFamilyAlone) {
 
 TEST_F(MethodHookTest, FindsADefinitionAnyNumberOfLevelsUp) {
     Hook(leaf, "ping");
-    EXPECT_EQ(first.implementation, reinterpret_cast<objc::IMP>(&RootPing));
+    EXPECT_EQ(first, reinterpret_cast<objc::IMP>(&RootPing));
     EXPECT_EQ(objc::As<Host>(test::NewInstance(leaf).get()).ping(), 2);
     EXPECT_EQ(calls, (Trace{"first", "Root ping"}));
     calls.clear();
@@ -130,31 +124,44 @@ TEST_F(MethodHookTest, FindsADefinitionAnyNumberOfLevelsUp) {
 
 TEST_F(MethodHookTest, WithoutClassOrMethodNothingHappens) {
     Hook(nullptr, "greet");
-    EXPECT_EQ(first.implementation, nullptr);
+    EXPECT_EQ(first, nullptr);
     Hook(leaf, "aSelectorThatNobodyDefines");
-    EXPECT_EQ(first.implementation, nullptr);
+    EXPECT_EQ(first, nullptr);
     EXPECT_FALSE(test::NewInstance(leaf)->respondsToSelector(sel_registerName("aSelectorThatNobodyDefines")));
     EXPECT_EQ(GreetingOf(leaf), Trace{"Middle greet"});
 }
 
 TEST_F(MethodHookTest, HooksOnAnHeirAndItsAncestorDoNotMeet) {
     // The heir's slot holds what the ancestor had when the heir was hooked.
-    InstallMethodHook(leaf, sel_registerName("greet"), reinterpret_cast<objc::IMP>(&Second), &second.implementation);
+    InstallMethodHook(leaf, sel_registerName("greet"), reinterpret_cast<objc::IMP>(&Second), &second);
     Hook(middle, "greet");
     EXPECT_EQ(GreetingOf(leaf), (Trace{"second", "Middle greet"}));
     EXPECT_EQ(GreetingOf(sibling), (Trace{"first", "Middle greet"}));
 }
 
+struct Missing : ns::Object {
+    using ns::Object::Object;
+    static constexpr const char *kClassName = "AClassThatNoHostHas";
+};
+struct Hooked : ns::Object {
+    using ns::Object::Object;
+    static constexpr const char *kClassName = "MethodHookTestHooked";
+};
+
 TEST_F(MethodHookTest, ATableIsInstalledInItsOrderAndSkipsWhatTheHostLacks) {
+    constexpr auto kBefore = [](Hooked) { calls.emplace_back("before"); };
+    constexpr auto kAfter = [](Hooked) { calls.emplace_back("after"); };
+    constexpr auto kNever = [](ns::Object) { calls.emplace_back("never"); };
+    const objc::MethodEntry methods[] = {MethodNamed<"greet", &RootGreet>()};
+    const objc::Class cls = test::RegisterClass(Hooked::kClassName, "NSObject", methods);
     InstallMethodHooks({
-        HookOf<"greet", missingClass, &First>("AClassThatNoHostHas"),
-        HookOf<"missing", missingMethod, &First>(class_getName(middle)),
-        HookOf<"greet", first, &First>(class_getName(middle)),
-        HookOf<"greet", second, &Second>(class_getName(middle)),
+        After<Missing, "greet", kNever>(),
+        After<Hooked, "missing", kNever>(),
+        After<Hooked, "greet", kAfter>(),
+        Before<Hooked, "greet", kBefore>(),
     });
-    EXPECT_EQ(missingClass.implementation, nullptr);
-    EXPECT_EQ(missingMethod.implementation, nullptr);
-    EXPECT_EQ(GreetingOf(middle), (Trace{"second", "first", "Middle greet"})) << "the later row wraps the earlier";
+    EXPECT_EQ(GreetingOf(cls), (Trace{"before", "Root greet", "after"}));
+    EXPECT_EQ(objc::As<Host>(test::NewInstance(cls).get()).greet(), 1);
 }
 
 /// What a method with arguments of several kinds received.
@@ -182,11 +189,18 @@ bool TakeAll(ns::Object self, objc::SEL selector, ns::Object object, long intege
     return flag;
 }
 
-TEST_F(MethodHookTest, APassThroughHandsOnEveryArgumentAndTheResultUntouched) {
-    const objc::Class cls = Define("Taker", "NSObject", {MethodNamed<"take:count:flag:block:mask:", &TakeAll>()});
+struct Taker : ns::Object {
+    using ns::Object::Object;
+    static constexpr const char *kClassName = "MethodHookTestTaker";
+};
+objc::id firstArgument;
+
+TEST_F(MethodHookTest, EveryArgumentAndTheResultPassUntouched) {
+    const objc::MethodEntry methods[] = {MethodNamed<"take:count:flag:block:mask:", &TakeAll>()};
+    const objc::Class cls = test::RegisterClass(Taker::kClassName, "NSObject", methods);
+    constexpr auto kTaken = [](Taker, objc::Object first) { firstArgument = first.pointer; };
     InstallMethodHooks(
-        {PassThroughOf<"take:count:flag:block:mask:", takeAll, Word, Word, Word, Word, Word>(class_getName(cls))});
-    ASSERT_NE(takeAll.implementation, nullptr);
+        {PassThrough<Taker, "take:count:flag:block:mask:">(), After<Taker, "take:count:flag:block:mask:", kTaken>()});
 
     const objc::Ref<ns::Object> taker = test::NewInstance(cls);
     auto twice = objc::MakeBlock<long(long)>([](long n) { return 2 * n; });
@@ -204,6 +218,7 @@ TEST_F(MethodHookTest, APassThroughHandsOnEveryArgumentAndTheResultUntouched) {
         EXPECT_EQ(received.flag, flag);
         EXPECT_EQ(received.block, block.pointer);
         EXPECT_EQ(received.wide, ~0UL);
+        EXPECT_EQ(firstArgument, "text"_ns.pointer);
     }
 }
 
@@ -212,10 +227,16 @@ void Explode(ns::Object, objc::SEL) {
     test::Raise("out of order"_ns);
 }
 
+struct Raiser : ns::Object {
+    using ns::Object::Object;
+    static constexpr const char *kClassName = "MethodHookTestRaiser";
+};
+
 TEST_F(MethodHookTest, WhatTheHostRaisesReachesTheHostsCaller) {
-    const objc::Class cls = Define("Raiser", "NSObject", {MethodNamed<"explode", &Explode>()});
-    InstallMethodHooks({PassThroughOf<"explode", explode>(class_getName(cls))});
-    ASSERT_NE(explode.implementation, nullptr);
+    const objc::MethodEntry methods[] = {MethodNamed<"explode", &Explode>()};
+    const objc::Class cls = test::RegisterClass(Raiser::kClassName, "NSObject", methods);
+    constexpr auto kNever = [](Raiser) { calls.emplace_back("never"); };
+    InstallMethodHooks({After<Raiser, "explode", kNever>()});
 
     const objc::Ref<ns::Object> raiser = test::NewInstance(cls);
     std::string reason;

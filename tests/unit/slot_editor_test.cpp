@@ -11,34 +11,21 @@
 namespace corvel {
 namespace {
 
-class SlotEditorViews : public testing::Test {
-  protected:
-    static void SetUpTestSuite() {
-        if (objc_getClass("UIView") == nullptr) {
-            sim::RegisterUIKit();
-        }
+TEST(SlotEditorViews, GoOnceTheyAreUntied) {
+    if (objc_getClass("UIView") == nullptr) {
+        sim::RegisterUIKit();
     }
-
-    /// Whether box and text view are gone after the editor was let go of.
-    static bool AreGone(bool untied) {
-        std::optional<objc::WeakRef<ui::View>> box;
-        std::optional<objc::WeakRef<ui::TextView>> textView;
-        {
-            const test::Pool pool;
-            const SlotEditor editor = BuildSlotEditor(3, "x"_ns);
-            box.emplace(editor.box.get());
-            textView.emplace(editor.textView.get());
-            if (untied) {
-                UntieSlotEditor(editor.controller);
-            }
-        }
-        return !box->Lock() && !textView->Lock();
+    std::optional<objc::WeakRef<ui::View>> box;
+    std::optional<objc::WeakRef<ui::TextView>> textView;
+    {
+        const test::Pool pool;
+        const SlotEditor editor = BuildSlotEditor(3, "x"_ns);
+        box.emplace(editor.box.get());
+        textView.emplace(editor.textView.get());
+        UntieSlotEditor(editor.controller);
     }
-};
-
-TEST_F(SlotEditorViews, HoldTheirControllerUntilTheyAreUntied) {
-    EXPECT_FALSE(AreGone(false));
-    EXPECT_TRUE(AreGone(true));
+    EXPECT_FALSE(box->Lock());
+    EXPECT_FALSE(textView->Lock());
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include "matrix/title_fitting.hpp"
 
+#include "runtime_support.hpp"
+
 #include <gtest/gtest.h>
 #include <pango/pangocairo.h>
 
@@ -19,10 +21,8 @@
 namespace corvel {
 namespace {
 
-Utf16Text TextOf(std::u16string_view text) {
-    return {text.data(),
-            [](const void *units, unsigned long index) { return static_cast<const char16_t *>(units)[index]; },
-            text.size()};
+ns::String StringOf(std::u16string_view text) {
+    return ns::String::stringWithCharacters(text.data(), text.size());
 }
 
 std::string Utf8(std::u16string_view text) {
@@ -96,37 +96,31 @@ TitleFit FitOneByOne(unsigned long length, const Fits &fits) {
     return {1, true};
 }
 
-unsigned long LongestCluster(const Utf16Text &text) {
+unsigned long LongestCharacter(ns::String text) {
     unsigned long longest = 0;
-    unsigned long start = 0;
-    for (unsigned long i = 1; i <= text.length; ++i) {
-        if (IsGraphemeBoundary(text, i)) {
-            longest = std::max(longest, i - start);
-            start = i;
-        }
+    for (unsigned long i = 0; i < text.length();) {
+        const ns::Range character = text.rangeOfComposedCharacterSequenceAtIndex(i);
+        longest = std::max(longest, character.length);
+        i = character.location + character.length;
     }
     return longest;
 }
 
 /// FitTitle's answer; the number of its measurements is held to the promised bound.
 TitleFit FitCounted(std::u16string_view text, const Fits &fits, unsigned long *used = nullptr) {
-    struct Counter {
-        const Fits &fits;
-        unsigned long count = 0;
-    } counter{fits};
-    const Utf16Text units = TextOf(text);
-    const TitleFit fit = FitTitle(units, {&counter, [](void *context, unsigned long length) {
-                                              auto &self = *static_cast<Counter *>(context);
-                                              ++self.count;
-                                              return self.fits(length);
-                                          }});
+    const test::Pool pool;
+    unsigned long count = 0;
+    const TitleFit fit = FitTitle(StringOf(text), [&](unsigned long length) {
+        ++count;
+        return fits(length);
+    });
     if (!text.empty()) {
-        const double bound =
-            2 * std::log2(static_cast<double>(text.size())) + 4 + static_cast<double>(LongestCluster(units));
-        EXPECT_LE(static_cast<double>(counter.count), bound) << Escaped(text);
+        const double bound = (2 * std::log2(static_cast<double>(text.size()))) + 4 +
+                             static_cast<double>(LongestCharacter(StringOf(text)));
+        EXPECT_LE(static_cast<double>(count), bound) << Escaped(text);
     }
     if (used != nullptr) {
-        *used = counter.count;
+        *used = count;
     }
     return fit;
 }

@@ -2,7 +2,6 @@
 // What the Douyin adapter holds, for the whole process. Main thread only.
 
 #include "adapters/douyin/host_classes.hpp"
-#include "adapters/method_hook.hpp"
 
 namespace corvel::douyin {
 
@@ -15,17 +14,6 @@ struct AdapterState {
     objc::Ref<ns::String> roomId;
     /// Mounts and store setups so far; never reset.
     std::int64_t bindCount = 0;
-
-    struct {
-        PreviousMethod componentMount;
-        PreviousMethod sendCommentFive;
-        PreviousMethod sendCommentThree;
-        PreviousMethod commentSucceed;
-        PreviousMethod commentBegan;
-        PreviousMethod fragmentDealloc;
-        PreviousMethod storeSetup;
-        PreviousMethod storeDealloc;
-    } previous;
 };
 
 extern AdapterState state;

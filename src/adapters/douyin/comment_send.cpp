@@ -1,12 +1,11 @@
 // Sending a comment through Douyin's comment store or, failing that, its comment fragment.
 
 #include "adapters/douyin/adapter_state.hpp"
+#include "adapters/douyin/douyin.hpp"
 #include "adapters/douyin/room_identity_probe.hpp"
-#include "adapters/send_frame.hpp"
-#include "adapters/send_functions.hpp"
+#include "adapters/send_paths.hpp"
 #include "apple/foundation/number.hpp"
-#include "settings/preference_keys.hpp"
-#include "settings/preferences.hpp"
+#include "preferences/preferences.hpp"
 
 namespace corvel::douyin {
 namespace {
@@ -17,8 +16,8 @@ struct Target {
     objc::Ref<ns::String> roomId;
 };
 
-/// The captured fragment's present store comes before the captured one, with what it says of its room even if that is
-/// nothing. The captured references stay as they are.
+/// The held fragment's present store comes before the held one, with what it says of its room even if that is nothing.
+/// The held references stay as they are.
 Target ChooseTarget(CommentFragment fragment) {
     if (const auto store = ReadGuarded([&] { return objc::Ref<CommentStore>(StoreOf(fragment)); })) {
         return {.store = store, .roomId = ProbeRoomIdentity(store.get())};
@@ -68,7 +67,7 @@ bool SendViaFragment(CommentFragment fragment, ns::String text, ns::String roomI
     const objc::Ref<CommentContext> context = NewContext();
     FillContext(context, text, roomId);
     // Urgency is asked for on this path only.
-    if (context && ReadBoolPreference(keys::FastCommentPath())) {
+    if (context && kFastCommentPath.Read()) {
         SetOrSkip(context, "isUrgent"_ns, ns::Number::numberWithBool(true));
         SetOrSkip(context, "priority"_ns, ns::Number::numberWithInt(0));
     }
@@ -81,14 +80,15 @@ bool SendViaFragment(CommentFragment fragment, ns::String text, ns::String roomI
 }
 
 void Send(ns::String text) {
-    const objc::Ref<CommentFragment> fragment = state.fragment; // held: the send itself may make another one captured
+    const objc::Ref<CommentFragment> fragment = state.fragment; // kept: the send may put another one in its place
     const Target target = ChooseTarget(fragment);
     LogSendLine(u"[DY] send=\"%@\" store=%p frag=%p roomId=%@ bindCount=%ld"_ns, text, target.store.get().pointer,
                 fragment.get().pointer, target.roomId ? target.roomId.get() : "nil"_ns, state.bindCount);
-    const bool sent = (target.store && TrySendPath(u"[DY] ❌ store: %@"_ns,
-                                                   [&] { return SendViaStore(target.store, text, target.roomId); })) ||
-                      (fragment && TrySendPath(u"[DY] ❌ fragment: %@"_ns,
-                                               [&] { return SendViaFragment(fragment, text, target.roomId); }));
+    const bool sent =
+        SendByFirstOf(Through(target.store, u"[DY] ❌ store: %@"_ns,
+                              [&](CommentStore store) { return SendViaStore(store, text, target.roomId); }),
+                      Through(fragment, u"[DY] ❌ fragment: %@"_ns,
+                              [&](CommentFragment present) { return SendViaFragment(present, text, target.roomId); }));
     if (!sent) {
         DebugLog(u"[DY] ❌ No store or fragment available"_ns);
     }

@@ -1,12 +1,13 @@
 // Douyin's latency options: getters of the host's live player are replaced so that every instance reports forced
 // values. That happens once, soon after the host starts; what is forced stays forced until the host ends.
 
-#include "adapters/installers.hpp"
+#include "adapters/douyin/douyin.hpp"
 #include "apple/dispatch/queue.hpp"
 #include "apple/foundation/thread.hpp"
 #include "diagnostics/debug_log.hpp"
-#include "settings/preference_keys.hpp"
-#include "settings/preferences.hpp"
+#include "preferences/preferences.hpp"
+
+#include <algorithm>
 
 namespace corvel {
 namespace {
@@ -14,94 +15,108 @@ namespace {
 /// Time for the host to bring its player up.
 constexpr double kApplyDelaySeconds = 3.0;
 
-ns::String SelectorName(objc::SEL selector) {
-    return ns::String::stringWithUTF8String(sel_getName(selector));
+/// A class of the player, and how log lines call it.
+struct PlayerClass {
+    ns::Literal name;
+    ns::Literal label;
+};
+constexpr PlayerClass kItems{"TVLPlayerItemPreferences"_literal, "PlayerItemPrefs"_literal};
+constexpr PlayerClass kConfiguration{"VeLivePlayerConfiguration"_literal, "VeLiveConfig"_literal};
+
+enum class Kind : unsigned char { kInteger, kBool };
+
+struct ForcedGetter {
+    objc::SEL (*selector)();
+    Kind kind;
+    std::int64_t value;
+};
+template <objc::FixedString Name> constexpr ForcedGetter Integer(std::int64_t value) {
+    return {&objc::Selector<Name>, Kind::kInteger, value};
+}
+template <objc::FixedString Name> constexpr ForcedGetter Bool(bool value) {
+    return {&objc::Selector<Name>, Kind::kBool, value ? 1 : 0};
 }
 
-/// Makes a getter answer the value, in the class that defines it even if that is a superclass. Whether there is such
-/// a getter.
-template <class T> bool ForceGetter(objc::Class cls, objc::SEL selector, T value) {
-    const objc::Method getter = class_getInstanceMethod(cls, selector);
-    if (getter == nullptr) {
-        return false;
-    }
+/// The getters of one class that a switch forces; counted as a feature when the class is there.
+struct LatencyOption {
+    const BoolPreference &preference;
+    const PlayerClass &player;
+    ForcedGetter getters[7]; // those without a selector are none
+};
+
+/// In the order in which they are applied. The first switch has a row for each of the two classes, so the features that
+/// the log counts can come to five of four. That is wanted.
+constexpr LatencyOption kOptions[] = {
+    {kStrictDanmakuBuffer, kItems, {Integer<"startPlayBufferWaitTime">(0), Integer<"finalUseFastOpenDuration">(0)}},
+    {kStrictDanmakuBuffer,
+     kConfiguration,
+     {Integer<"retryMaxCount">(1), Integer<"retryIntervalTimeMs">(200), Integer<"networkTimeoutMs">(3000)}},
+    {kForceCachalot,
+     kItems,
+     {Bool<"enableLiveIOSupprotQuic">(true), Bool<"LSSSuggestQuic">(true), Bool<"enablePreNodeSelection">(true),
+      Bool<"enableDNSIPReOrder">(true), Bool<"isLowLatencyFLV">(true)}},
+    {kStreamDataFirst,
+     kItems,
+     {Bool<"enableLiveIOOriginConfig">(true), Bool<"enableLiveIODemuxerOriginConfig">(true),
+      Bool<"enableLiveIODemuxer">(true), Bool<"enableLiveIORtmVmtp">(true),
+      Bool<"enableRtmP2pAsyncLiveIOPrepare">(true), Bool<"enableDtlsInRtmP2p">(true),
+      Bool<"disableABRAlgorithm">(true)}},
+    {kPlayerOptimization,
+     kItems,
+     {Bool<"enableLatencyNetworkAdaptOnRetry">(true), Bool<"enableLiveIOCheckNodeOptimizer">(true),
+      Integer<"startPlayBufferWaitTime">(0), Bool<"isSVCEnabled">(false), Bool<"enableRetryWithAbrRes">(true)}},
+};
+
+/// Makes a getter answer the value, in the class that defines it even if that is a superclass.
+template <class T> void ForceGetter(objc::Method getter, T value) {
     auto answer = objc::MakeBlock<T(objc::id)>([value](objc::id) { return value; });
     method_setImplementation(getter, imp_implementationWithBlock(objc::Block<T(objc::id)>(answer).pointer));
-    return true;
 }
 
-void ForceIntegerGetter(objc::Class cls, objc::SEL selector, std::int64_t value, ns::String label) {
-    if (ForceGetter(cls, selector, value)) {
-        DebugLog(u"[DY] ⚡ %@.%@ → %lld"_ns, label, SelectorName(selector), value);
+/// Forces one getter and says so; one that the host lacks is skipped.
+void Force(objc::Class cls, ns::String label, const ForcedGetter &forced) {
+    const objc::Method getter = class_getInstanceMethod(cls, forced.selector());
+    if (getter == nullptr) {
+        return;
+    }
+    const ns::String name = ns::String::stringWithUTF8String(sel_getName(forced.selector()));
+    if (forced.kind == Kind::kInteger) {
+        ForceGetter<std::int64_t>(getter, forced.value);
+        DebugLog(u"[DY] ⚡ %@.%@ → %lld"_ns, label, name, forced.value);
+    } else {
+        ForceGetter<bool>(getter, forced.value != 0);
+        DebugLog(forced.value != 0 ? u"[DY] ⚡ %@.%@ → forced YES"_ns : u"[DY] ⚡ %@.%@ → forced NO"_ns, label, name);
     }
 }
 
-void ForceBoolGetter(objc::Class cls, objc::SEL selector, bool value = true) {
-    if (ForceGetter(cls, selector, value)) {
-        DebugLog(value ? u"[DY] ⚡ %@.%@ → forced YES"_ns : u"[DY] ⚡ %@.%@ → forced NO"_ns, "PlayerItemPrefs"_ns,
-                 SelectorName(selector));
-    }
+ns::String PresenceMark(const PlayerClass &player) {
+    return NSClassFromString(player.name) != nullptr ? "YES"_ns : "MISSING"_ns;
 }
 
-template <objc::FixedString... Names> void ForceBoolGetters(objc::Class cls) {
-    (ForceBoolGetter(cls, objc::Selector<Names>()), ...);
-}
-
-void ForceItemInteger(objc::Class items, objc::SEL selector, std::int64_t value) {
-    ForceIntegerGetter(items, selector, value, "PlayerItemPrefs"_ns);
-}
-
-void ForceConfigurationInteger(objc::Class configuration, objc::SEL selector, std::int64_t value) {
-    ForceIntegerGetter(configuration, selector, value, "VeLiveConfig"_ns);
-}
-
-/// Applies what is switched on to the classes that are there; a getter that the host lacks is skipped.
+/// Applies what is switched on to the classes that are there.
 void ApplyLatencyHooks() {
-    const objc::Class items = NSClassFromString("TVLPlayerItemPreferences"_ns);
-    const objc::Class configuration = NSClassFromString("VeLivePlayerConfiguration"_ns);
     int count = 0;
-
-    if (ReadBoolPreference(keys::StrictDanmakuBuffer())) {
-        // Counts once for each of the two classes, so the sum below can come to five of four.
-        if (items != nullptr) {
-            ForceItemInteger(items, objc::Selector<"startPlayBufferWaitTime">(), 0);
-            ForceItemInteger(items, objc::Selector<"finalUseFastOpenDuration">(), 0);
-            ++count;
+    for (const LatencyOption &option : kOptions) {
+        const objc::Class cls = NSClassFromString(option.player.name);
+        if (cls == nullptr || !option.preference.Read()) {
+            continue;
         }
-        if (configuration != nullptr) {
-            ForceConfigurationInteger(configuration, objc::Selector<"retryMaxCount">(), 1);
-            ForceConfigurationInteger(configuration, objc::Selector<"retryIntervalTimeMs">(), 200);
-            ForceConfigurationInteger(configuration, objc::Selector<"networkTimeoutMs">(), 3000);
-            ++count;
+        for (const ForcedGetter &forced : option.getters) {
+            if (forced.selector != nullptr) {
+                Force(cls, option.player.label, forced);
+            }
         }
-    }
-    if (ReadBoolPreference(keys::ForceCachalot()) && items != nullptr) {
-        ForceBoolGetters<"enableLiveIOSupprotQuic", "LSSSuggestQuic", "enablePreNodeSelection", "enableDNSIPReOrder",
-                         "isLowLatencyFLV">(items);
         ++count;
     }
-    if (ReadBoolPreference(keys::StreamDataFirst()) && items != nullptr) {
-        ForceBoolGetters<"enableLiveIOOriginConfig", "enableLiveIODemuxerOriginConfig", "enableLiveIODemuxer",
-                         "enableLiveIORtmVmtp", "enableRtmP2pAsyncLiveIOPrepare", "enableDtlsInRtmP2p",
-                         "disableABRAlgorithm">(items);
-        ++count;
-    }
-    if (ReadBoolPreference(keys::PlayerOptimization()) && items != nullptr) {
-        ForceBoolGetters<"enableLatencyNetworkAdaptOnRetry", "enableLiveIOCheckNodeOptimizer">(items);
-        ForceItemInteger(items, objc::Selector<"startPlayBufferWaitTime">(), 0);
-        ForceBoolGetter(items, objc::Selector<"isSVCEnabled">(), false);
-        ForceBoolGetters<"enableRetryWithAbrRes">(items);
-        ++count;
-    }
-    DebugLog(u"[DY] ⚡ Latency hooks applied: %d/4 features (prefs=%@ veConfig=%@)"_ns, count,
-             items != nullptr ? "YES"_ns : "MISSING"_ns, configuration != nullptr ? "YES"_ns : "MISSING"_ns);
+    DebugLog(u"[DY] ⚡ Latency hooks applied: %d/4 features (prefs=%@ veConfig=%@)"_ns, count, PresenceMark(kItems),
+             PresenceMark(kConfiguration));
 }
 
 } // namespace
 
 void ScheduleLatencyHooks() {
-    const bool wanted = ReadBoolPreference(keys::StrictDanmakuBuffer()) || ReadBoolPreference(keys::ForceCachalot()) ||
-                        ReadBoolPreference(keys::StreamDataFirst()) || ReadBoolPreference(keys::PlayerOptimization());
+    const bool wanted =
+        std::ranges::any_of(kOptions, [](const LatencyOption &option) { return option.preference.Read(); });
     if (wanted) {
         dispatch::AsyncInBackground([] {
             ns::Thread::sleepForTimeInterval(kApplyDelaySeconds);

@@ -8,10 +8,11 @@
 namespace corvel::douyin {
 namespace {
 
-using KeyList = std::span<objc::id (*const)()>;
+using KeyList = std::span<const ns::Literal>;
 
 /// Names in the order in which they are tried; the order decides which identifier wins when there are several.
-template <objc::FixedString... Names> inline constexpr objc::id (*kKeys[])() = {&objc::ConstantString<Names>...};
+template <objc::FixedString... Names>
+constexpr ns::Literal kKeys[] = {ns::Literal{objc::StringLiteral::Of<Names>()}...};
 
 // The short generic names are trusted only where a room is all that they can mean.
 constexpr KeyList kRoomModelKeys =
@@ -52,8 +53,8 @@ objc::Ref<ns::String> FirstIdentifier(ns::Object receiver, KeyList keys) {
     if (!receiver) {
         return nullptr;
     }
-    for (const auto key : keys) {
-        if (auto identifier = IdentifierOf(ValueOf(receiver, ns::String{key()}))) {
+    for (const ns::String key : keys) {
+        if (auto identifier = IdentifierOf(ValueOf(receiver, key))) {
             return identifier;
         }
     }
@@ -69,8 +70,8 @@ objc::Ref<ns::String> FromContext(ns::Object object) {
     if (auto identifier = FirstIdentifier(context, kContextKeys)) {
         return identifier;
     }
-    for (const auto container : kContainers) {
-        if (auto identifier = FirstIdentifier(ValueOf(context, ns::String{container()}), kContainerKeys)) {
+    for (const ns::String container : kContainers) {
+        if (auto identifier = FirstIdentifier(ValueOf(context, container), kContainerKeys)) {
             return identifier;
         }
     }

@@ -2,7 +2,6 @@
 // What the Kuaishou adapter holds, for the whole process. Main thread only.
 
 #include "adapters/kuaishou/host_classes.hpp"
-#include "adapters/method_hook.hpp"
 
 namespace corvel::kuaishou {
 
@@ -13,16 +12,6 @@ struct AdapterState {
     objc::Ref<CommentService> commentService;
     /// The last preview component loaded or shown.
     objc::Ref<PreviewComponent> previewComponent;
-
-    struct {
-        PreviousMethod serviceOnCreate;
-        PreviousMethod bindTarget;
-        PreviousMethod barComment;
-        PreviousMethod serviceComment;
-        PreviousMethod componentDidLoad;
-        PreviousMethod componentDidAppear;
-        PreviousMethod previewSendComment;
-    } previous;
 };
 
 extern AdapterState state;

@@ -1,30 +1,20 @@
 // Sending a comment through Kuaishou's comment bar service, its comment service or its preview component.
 
 #include "adapters/kuaishou/adapter_state.hpp"
-#include "adapters/send_frame.hpp"
-#include "adapters/send_functions.hpp"
+#include "adapters/kuaishou/kuaishou.hpp"
+#include "adapters/send_paths.hpp"
 
 namespace corvel::kuaishou {
 namespace {
 
 void Send(ns::String text) {
-    // Held: the send itself may make other ones captured.
-    const objc::Ref<CommentBarService> bar = state.commentBarService;
-    const objc::Ref<CommentService> service = state.commentService;
-    const objc::Ref<PreviewComponent> preview = state.previewComponent;
-    LogSendLine(u"[KS] send=\"%@\" bar=%@ svc=%@"_ns, text, CapturedMark(bar), CapturedMark(service));
-    const bool sent = (bar && TrySendPath(u"[KS] ❌ %@"_ns,
-                                          [&] {
-                                              bar->comment(text);
-                                              return true;
-                                          })) ||
-                      (service && TrySendPath(u"[KS] ❌ %@"_ns, [&] {
-                           service->comment(text, nullptr);
-                           return true;
-                       }));
-    if (!sent && preview) {
-        objc::Guard([&] { preview->sendComment(text, 0); });
-    }
+    LogSendLine(u"[KS] send=\"%@\" bar=%@ svc=%@"_ns, text, HeldMark(state.commentBarService),
+                HeldMark(state.commentService));
+    SendByFirstOf(
+        Through(state.commentBarService, u"[KS] ❌ %@"_ns, [&](CommentBarService bar) { bar.comment(text); }),
+        Through(state.commentService, u"[KS] ❌ %@"_ns,
+                [&](CommentService service) { service.comment(text, nullptr); }),
+        Through(state.previewComponent, nullptr, [&](PreviewComponent preview) { preview.sendComment(text, 0); }));
 }
 
 } // namespace
@@ -32,7 +22,6 @@ void Send(ns::String text) {
 
 bool KS_IsReady() {
     using corvel::kuaishou::state;
-    // The preview component does not count, although a send can use it.
     return state.commentBarService || state.commentService;
 }
 

@@ -1,8 +1,7 @@
 #pragma once
-// What the WeChat Channels adapter holds, for the whole process. Main thread only.
+// What the WeChat adapter holds, for the whole process. Main thread only.
 
-#include "adapters/method_hook.hpp"
-#include "adapters/wechat/comment_view.hpp"
+#include "adapters/wechat/host_classes.hpp"
 
 namespace corvel::wechat {
 
@@ -11,11 +10,6 @@ struct AdapterState {
     objc::Ref<CommentView> commentView;
     /// What that view called its task then; kept for whoever looks into a process, no send uses it.
     objc::Ref<ns::Object> taskId;
-
-    struct {
-        PreviousMethod didMoveToWindow;
-        PreviousMethod didCommitText;
-    } previous;
 };
 
 extern AdapterState state;

@@ -1,9 +1,10 @@
-// The hooks that capture the comment view of WeChat Channels.
+// The hooks that hold WeChat's comment view.
 
 #include "adapters/host_access.hpp"
-#include "adapters/installers.hpp"
+#include "adapters/method_hook.hpp"
 #include "adapters/service_ready.hpp"
 #include "adapters/wechat/adapter_state.hpp"
+#include "adapters/wechat/wechat.hpp"
 #include "diagnostics/debug_log.hpp"
 
 namespace corvel::wechat {
@@ -12,17 +13,14 @@ namespace corvel::wechat {
 
 namespace {
 
-Word DidMoveToWindow(objc::id self, objc::SEL selector) {
-    const Word result = state.previous.didMoveToWindow(self, selector);
-    const CommentView view{self};
+void MovedToWindow(CommentView view) {
     if (ReadGuarded([&] { return view.window(); })) {
-        Capture(state.commentView, view);
+        Hold(state.commentView, view);
         // By key, because the host may keep a number there. A view that raises leaves the old one in place.
-        objc::Guard([&] { Capture(state.taskId, view.valueForKey("taskId"_ns)); });
+        objc::Guard([&] { Hold(state.taskId, view.valueForKey("taskId"_ns)); });
         DebugLog(u"[FC] ✅ CommentView"_ns);
         PostDanmuServiceReady();
     }
-    return result;
 }
 
 } // namespace
@@ -30,9 +28,8 @@ Word DidMoveToWindow(objc::id self, objc::SEL selector) {
 
 void corvel::InstallWeChatHooks() {
     using namespace wechat;
-
     InstallMethodHooks({
-        HookOf<"didMoveToWindow", state.previous.didMoveToWindow, &DidMoveToWindow>(CommentView::kClassName),
-        PassThroughOf<"didCommitText:", state.previous.didCommitText, Word>(CommentView::kClassName),
+        After<CommentView, "didMoveToWindow", &MovedToWindow>(),
+        PassThrough<CommentView, "didCommitText:">(),
     });
 }

@@ -1,22 +1,19 @@
-// Sending a comment through the comment view of WeChat Channels.
+// Sending a comment through WeChat's comment view.
 
-#include "adapters/send_frame.hpp"
-#include "adapters/send_functions.hpp"
+#include "adapters/send_paths.hpp"
 #include "adapters/wechat/adapter_state.hpp"
+#include "adapters/wechat/wechat.hpp"
 
 namespace corvel::wechat {
 namespace {
 
 void Send(ns::String text) {
-    const objc::Ref<CommentView> view = state.commentView; // held: the send itself may make another one captured
-    LogSendLine(u"[FC] send=\"%@\" view=%@"_ns, text, CapturedMark(view));
-    if (view) {
-        TrySendPath(u"[FC] ❌ %@"_ns, [&] {
-            const bool taken = view->didCommitText(text);
-            DebugLog(u"[FC] %@"_ns, taken ? u"✅"_ns : u"❌"_ns);
-            return taken;
-        });
-    }
+    LogSendLine(u"[FC] send=\"%@\" view=%@"_ns, text, HeldMark(state.commentView));
+    SendByFirstOf(Through(state.commentView, u"[FC] ❌ %@"_ns, [&](CommentView view) {
+        const bool taken = view.didCommitText(text);
+        DebugLog(u"[FC] %@"_ns, taken ? u"✅"_ns : u"❌"_ns);
+        return taken;
+    }));
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #pragma once
 // What the Xiaohongshu adapter holds, for the whole process. Main thread only.
 
-#include "adapters/method_hook.hpp"
 #include "adapters/xiaohongshu/host_classes.hpp"
 
 namespace corvel::xiaohongshu {
@@ -14,17 +13,6 @@ struct AdapterState {
     /// The last engine that joined a group, and that group.
     objc::Ref<ImEngine> imEngine;
     objc::Ref<ns::Object> groupId;
-
-    struct {
-        PreviousMethod decorateDidMoveToSuperview;
-        PreviousMethod sendFasterChatMsg;
-        PreviousMethod barDidMoveToWindow;
-        PreviousMethod attachToViewController;
-        PreviousMethod sendButtonTapped;
-        PreviousMethod commentBarWillSend;
-        PreviousMethod joinWithGroupId;
-        PreviousMethod joinWithGroupIdAndRole;
-    } previous;
 };
 
 extern AdapterState state;

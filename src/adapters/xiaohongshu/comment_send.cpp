@@ -1,9 +1,9 @@
 // Sending a comment through Xiaohongshu's decorate view, its comment bar or its messaging engine.
 
 #include "adapters/host_access.hpp"
-#include "adapters/send_frame.hpp"
-#include "adapters/send_functions.hpp"
+#include "adapters/send_paths.hpp"
 #include "adapters/xiaohongshu/adapter_state.hpp"
+#include "adapters/xiaohongshu/xiaohongshu.hpp"
 #include "apple/foundation/number.hpp"
 
 namespace corvel::xiaohongshu {
@@ -24,7 +24,7 @@ bool SendViaBar(CommentBar bar, ns::String text) {
 }
 
 void SendViaEngine(ImEngine engine, ns::Object groupId, ns::String text) {
-    if (objc::ClassOf<ImMessage>() == nullptr) {
+    if (!groupId || objc::ClassOf<ImMessage>() == nullptr) {
         return;
     }
     auto message = ns::Alloc<ImMessage>();
@@ -40,21 +40,12 @@ void SendViaEngine(ImEngine engine, ns::Object groupId, ns::String text) {
 }
 
 void Send(ns::String text) {
-    // Held: the send itself may make other ones captured.
-    const objc::Ref<DecorateView> view = state.decorateView;
-    const objc::Ref<CommentBar> bar = state.commentBar;
-    const objc::Ref<ImEngine> engine = state.imEngine;
     const objc::Ref<ns::Object> groupId = state.groupId;
-    LogSendLine(u"[XHS] send=\"%@\" dv=%@ cb=%@"_ns, text, CapturedMark(view), CapturedMark(bar));
-    const bool sent = (view && TrySendPath(u"[XHS] ❌ %@"_ns,
-                                           [&] {
-                                               view->sendFasterChatMsg(text);
-                                               return true;
-                                           })) ||
-                      (bar && TrySendPath(u"[XHS] ❌ %@"_ns, [&] { return SendViaBar(bar, text); }));
-    if (!sent && engine && groupId) {
-        objc::Guard([&] { SendViaEngine(engine, groupId, text); });
-    }
+    LogSendLine(u"[XHS] send=\"%@\" dv=%@ cb=%@"_ns, text, HeldMark(state.decorateView), HeldMark(state.commentBar));
+    SendByFirstOf(
+        Through(state.decorateView, u"[XHS] ❌ %@"_ns, [&](DecorateView view) { view.sendFasterChatMsg(text); }),
+        Through(state.commentBar, u"[XHS] ❌ %@"_ns, [&](CommentBar bar) { return SendViaBar(bar, text); }),
+        Through(state.imEngine, nullptr, [&](ImEngine engine) { SendViaEngine(engine, groupId, text); }));
 }
 
 } // namespace

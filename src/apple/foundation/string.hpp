@@ -86,6 +86,16 @@ struct String : Object {
     }
 };
 
+/// A constant string in a table: a string wherever one is wanted.
+struct Literal : objc::StringLiteral {
+    constexpr Literal() = default;
+    constexpr explicit Literal(objc::StringLiteral literal) : objc::StringLiteral(literal) {}
+    // NOLINTNEXTLINE(google-explicit-constructor): a literal passes wherever its string does
+    operator String() const {
+        return String{get()};
+    }
+};
+
 struct MutableString : String {
     using String::String;
     static constexpr const char *kClassName = "NSMutableString";
@@ -110,4 +120,9 @@ inline objc::Ref<String> Formatted(String format, const objc::ArgumentSlot *argu
 /// The constant string of a literal: "plain"_ns for ASCII, u"弹"_ns for any other text.
 template <objc::FixedString Text> ns::String operator""_ns() {
     return ns::String{objc::ConstantString<Text>()};
+}
+
+/// The same for tables that are made at compile time.
+template <objc::FixedString Text> constexpr ns::Literal operator""_literal() {
+    return ns::Literal{objc::StringLiteral::Of<Text>()};
 }

@@ -122,4 +122,9 @@ struct View : Responder {
     }
 };
 
+/// A new view of T's class with the frame.
+template <class T> objc::Ref<T> MakeView(cg::Rect frame) {
+    return objc::Ref<T>::Adopt(objc::As<T>(ns::Alloc<T>().initWithFrame(frame)));
+}
+
 } // namespace ui

@@ -1,0 +1,22 @@
+#pragma once
+// Douyin's adapter, as start-up and the table of hosts see it.
+
+#include "objc/runtime.hpp"
+
+namespace corvel {
+
+/// Hooks Douyin's comment fragment and comment store.
+void InstallDouyinHooks();
+/// Arranges that the latency options are applied three seconds from now, when at least one is switched on.
+void ScheduleLatencyHooks();
+
+} // namespace corvel
+
+#pragma GCC visibility push(default)
+extern "C" {
+/// Whether Douyin's comment store or comment fragment is held. Main thread, like the next.
+bool DY_IsReady();
+/// Sends a comment in Douyin; see HostApp::send.
+void DY_SendMessage(objc::id text);
+}
+#pragma GCC visibility pop

@@ -1,0 +1,21 @@
+#pragma once
+// Kuaishou's adapter, as the table of hosts sees it.
+
+#include "objc/runtime.hpp"
+
+namespace corvel {
+
+/// Hooks Kuaishou's comment services and preview component.
+void InstallKuaishouHooks();
+
+} // namespace corvel
+
+#pragma GCC visibility push(default)
+extern "C" {
+/// Whether Kuaishou's comment bar service or comment service is held; the preview component does not count, although a
+/// send can use it. Main thread, like the next.
+bool KS_IsReady();
+/// Sends a comment in Kuaishou; see HostApp::send.
+void KS_SendMessage(objc::id text);
+}
+#pragma GCC visibility pop

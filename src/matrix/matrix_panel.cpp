@@ -1,0 +1,118 @@
+#include "matrix/matrix_panel.hpp"
+
+#include "matrix/cell.hpp"
+#include "matrix/colors.hpp"
+#include "overlay/haptic.hpp"
+#include "overlay/panel.hpp"
+#include "overlay/recognizers.hpp"
+#include "overlay/state.hpp"
+#include "overlay/windows.hpp"
+#include "preferences/preferences.hpp"
+
+namespace corvel {
+namespace {
+
+constexpr long kTitleTag = 999;
+
+void AddRecognizers(ui::View panel) {
+    AddRecognizer<ui::PanGestureRecognizer>(panel, objc::Selector<"dm_pM:">());
+    // The cells are to get their taps.
+    AddRecognizer<ui::TapGestureRecognizer>(panel, objc::Selector<"dm_bM">()).setCancelsTouchesInView(false);
+}
+
+void AddTitle(ui::View container) {
+    const auto title = ui::MakeView<ui::Label>({{0, 8}, {310, 20}});
+    title->setTag(kTitleTag);
+    title->setText("Corvel"_ns);
+    title->setTextAlignment(ui::TextAlignment::kCenter);
+    container.addSubview(title);
+}
+
+void BuildPanel() {
+    const auto view = MakePanelView(ui::BlurStyle::kDark, {{50, 150}, {310, 350}}, 18);
+    view->setAlpha(0);
+    AddRecognizers(view);
+    const auto container = ui::MakeView<ui::View>(view->bounds());
+    view->contentView().addSubview(container);
+    AddTitle(container);
+    MatrixPanel().Show(view, container);
+}
+
+void OpenPanel() {
+    Panel &panel = MatrixPanel();
+    if (!panel.view()) {
+        BuildPanel();
+    }
+    panel.view().setTransform(cg::AffineTransform::Identity()); // one that is closing still is shrunk
+    LayoutMatrix();
+    panel.SpringIn(0.25, kMatrixAlpha.Read());
+    panel.Raise();
+}
+
+void LayoutPanel(const GridGeometry &geometry, double scale) {
+    const ui::View view = MatrixPanel().view();
+    const ui::View container = MatrixPanel().content();
+    view.setFrame({view.frame().origin, geometry.panelSize()});
+    container.setFrame({{0, 0}, geometry.panelSize()});
+    const auto title = objc::As<ui::Label>(container.viewWithTag(kTitleTag));
+    title.setFrame(geometry.TitleFrame());
+    title.setTextColor(ui::Color::colorWithWhite(1, 0.6));
+    title.setFont(ui::Font::boldSystemFontOfSize(13 * scale));
+}
+
+void LayoutCells(ui::View container, GridSize grid, const GridGeometry &geometry, double scale) {
+    const CellStyle style(scale);
+    for (int index = 0; index < grid.count(); ++index) {
+        const ui::View cell = container.viewWithTag(kCellTagBase + index);
+        UpdateCell(cell ? objc::As<ui::Button>(cell) : AddCell(container, index), index, geometry, style);
+    }
+}
+
+/// Cells that the grid has no place for are kept for when it grows again.
+void HideCellsFrom(ui::View container, int count) {
+    for (const ui::View view : container.subviews()) {
+        if (view.tag() >= kCellTagBase + count && view.isKindOfClass(objc::ClassOf<ui::Button>())) {
+            view.setHidden(true);
+        }
+    }
+}
+
+} // namespace
+
+Panel &MatrixPanel() {
+    [[clang::no_destroy]] static constinit Panel panel(0.9);
+    return panel;
+}
+
+void LayoutMatrix() {
+    const Panel &panel = MatrixPanel();
+    if (!panel.view()) {
+        return;
+    }
+    if (panel.IsOpen()) {
+        panel.view().setAlpha(kMatrixAlpha.Read());
+    }
+    const double buttonAlpha = kFloatButtonAlpha.Read();
+    Overlay().floatButton->setAlpha(buttonAlpha);
+    Overlay().captureButton->setAlpha(buttonAlpha);
+    panel.view().contentView().setBackgroundColor(ColorFromHex(kMatrixBackgroundColor.Read(), 0.5));
+    const double scale = kMatrixScale.Read();
+    const GridSize grid = StoredGridSize();
+    const GridGeometry geometry(grid, scale);
+    LayoutPanel(geometry, scale);
+    LayoutCells(panel.content(), grid, geometry, scale);
+    HideCellsFrom(panel.content(), grid.count());
+}
+
+void HandleFloatTap(objc::Class, objc::SEL) {
+    PlayImpactHaptic();
+    if (Overlay().window && !CloseOpenPanels()) {
+        OpenPanel();
+    }
+}
+
+void HandlePanelTap(objc::Class, objc::SEL) {
+    MatrixPanel().Raise();
+}
+
+} // namespace corvel

@@ -1,0 +1,20 @@
+#include "overlay/round_button.hpp"
+
+#include "overlay/action_target.hpp"
+#include "preferences/preferences.hpp"
+
+namespace corvel {
+
+ui::Button MakeRoundButton(ns::String title, ui::Color background, objc::SEL action) {
+    constexpr double kDiameter = 50;
+    const auto button = ui::Button::buttonWithType(ui::ButtonType::kCustom);
+    button.setFrame({{0, 0}, {kDiameter, kDiameter}});
+    button.setBackgroundColor(background);
+    button.layer().setCornerRadius(kDiameter / 2);
+    button.setTitle(title, ui::kStateNormal);
+    button.addTarget(ActionTarget(), action, ui::kTouchUpInside);
+    button.setAlpha(kFloatButtonAlpha.Read());
+    return button;
+}
+
+} // namespace corvel
