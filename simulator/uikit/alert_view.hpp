@@ -7,9 +7,6 @@
 
 namespace sim {
 
-/// After UIScrollView's and UIButton's registration.
-void RegisterAlertView();
-
 /// A view to fill the window with.
 objc::Ref<ui::View> MakeAlertView();
 

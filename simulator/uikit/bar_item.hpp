@@ -16,12 +16,10 @@ struct BarItemState {
 
 struct BarButtonItemState {
     TargetAction action;
-    long style = 0;       // UIBarButtonItemStyle
+    ui::BarButtonItemStyle style{};
     long systemItem = -1; // UIBarButtonSystemItem; -1 for an item with a title
     double width = 0;     // of a fixed space, points
 };
-
-void RegisterBarItem();
 
 BarItemState &BarItemStateOf(ui::BarButtonItem item);
 BarButtonItemState &BarButtonItemStateOf(ui::BarButtonItem item);

@@ -5,6 +5,8 @@
 #include "uikit/event.hpp"
 #include "uikit/target_action.hpp"
 
+#include <map>
+
 namespace sim {
 
 /// UIControlEvents.
@@ -28,7 +30,6 @@ inline constexpr unsigned long kStateSelected = 1 << 2;
 
 struct ControlTarget {
     TargetAction action;
-    bool hasTarget = true; // without one, the action goes up the responder chain
     unsigned long events = 0;
 };
 
@@ -43,9 +44,16 @@ struct ControlState {
     long verticalAlignment = 0;
 };
 
-void RegisterControl();
-
 ControlState &ControlStateOf(ui::Control control);
+
+/// What is set for a control's state, else what is set for the normal state, else nil.
+template <class T> T ForState(const std::map<unsigned long, objc::Ref<T>> &values, unsigned long state) {
+    auto found = values.find(state);
+    if (found == values.end()) {
+        found = values.find(ui::kStateNormal);
+    }
+    return found == values.end() ? T{} : found->second.get();
+}
 
 /// Sends the control's actions for each of the events; the event may be nil.
 void SendControlEvents(ui::Control control, unsigned long events, ui::Event event);

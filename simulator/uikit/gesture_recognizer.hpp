@@ -22,11 +22,6 @@ struct RecognizerState {
     bool waiting = false;                      // for another touch, though none is down
 };
 
-void RegisterGestureRecognizer();
-void RegisterTapGestureRecognizer();
-void RegisterLongPressGestureRecognizer();
-void RegisterPanGestureRecognizer();
-
 RecognizerState &RecognizerStateOf(ui::GestureRecognizer recognizer);
 
 /// Whether the gesture is over: ended, cancelled or failed.
@@ -41,6 +36,13 @@ void SetGestureState(ui::GestureRecognizer recognizer, ui::GestureState next);
 
 /// Ends whatever the recogniser is in the middle of.
 void CancelRecognizer(ui::GestureRecognizer recognizer);
+
+/// Gives a view a recogniser of T's kind, whose action is a method of the view itself.
+template <class T> objc::Ref<T> AddRecognizer(ui::View view, objc::SEL action) {
+    const auto recognizer = objc::Ref<T>::Adopt(objc::As<T>(ns::Alloc<T>().initWithTarget(view, action)));
+    view.addGestureRecognizer(recognizer);
+    return recognizer;
+}
 
 /// Notes the view to which a recogniser is attached; nil for none.
 void SetRecognizerView(ui::GestureRecognizer recognizer, ui::View view);

@@ -2,6 +2,7 @@
 
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/font.hpp"
 
 #include <algorithm>
@@ -13,11 +14,11 @@ namespace {
 constexpr double kDefaultPointSize = 12; // of text without a font attribute, unlike a label's
 
 FontFace FaceIn(ns::Dictionary attributes) {
-    const ns::Object font = attributes.objectForKey(NSFontAttributeName);
-    return font ? FaceOf(ui::Font{font.pointer}) : FontFace{kDefaultPointSize, false};
+    const auto font = objc::As<ui::Font>(attributes.objectForKey(NSFontAttributeName));
+    return font ? FaceOf(font) : FontFace{kDefaultPointSize, false};
 }
 
-cg::Rect BoundingRect(ns::String self, objc::SEL, cg::Size size, long options, ns::Dictionary attributes, ns::Object) {
+cg::Rect BoundingRect(ns::String self, cg::Size size, long options, ns::Dictionary attributes, ns::Object) {
     const FontFace face = FaceIn(attributes);
     const double lineHeight = MetricsOf(face).lineHeight;
     const std::u16string text = UnitsOf(self);
@@ -34,7 +35,7 @@ cg::Rect BoundingRect(ns::String self, objc::SEL, cg::Size size, long options, n
     return {{}, {extent.width, lines * lineHeight}};
 }
 
-cg::Size SizeWithAttributes(ns::String self, objc::SEL, ns::Dictionary attributes) {
+cg::Size SizeWithAttributes(ns::String self, ns::Dictionary attributes) {
     const FontFace face = FaceIn(attributes);
     const TextExtent extent = MeasureText(UnitsOf(self), {face, Wrapping::kNone, 0});
     return {extent.width, static_cast<double>(extent.lines) * MetricsOf(face).lineHeight};
@@ -42,13 +43,10 @@ cg::Size SizeWithAttributes(ns::String self, objc::SEL, ns::Dictionary attribute
 
 } // namespace
 
-void RegisterTextMeasuring() {
-    SetTextAttributeNames();
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"boundingRectWithSize:options:attributes:context:", &BoundingRect>(),
-        objc::MethodNamed<"sizeWithAttributes:", &SizeWithAttributes>(),
-    };
-    ExtendClass("NSString", methods);
+void DefineTextMeasuring() {
+    auto string = Class<>::Existing("NSString");
+    string.Method<"boundingRectWithSize:options:attributes:context:", &BoundingRect>();
+    string.Method<"sizeWithAttributes:", &SizeWithAttributes>();
 }
 
 std::u16string UnitsOf(ns::String text) {

@@ -3,6 +3,7 @@
 #include "runtime/clock.hpp"
 #include "uikit/application.hpp"
 #include "uikit/gesture_recognizer.hpp"
+#include "uikit/scoped_flag.hpp"
 #include "uikit/view.hpp"
 #include "uikit/view_geometry.hpp"
 
@@ -177,20 +178,6 @@ void Settle() {
     ReadyRecognizers();
 }
 
-/// Marks the delivery as running for the extent of a scope, also when an exception leaves it.
-class Running {
-  public:
-    Running() : before_(std::exchange(Shared().running, true)) {}
-    Running(const Running &) = delete;
-    Running &operator=(const Running &) = delete;
-    ~Running() {
-        Shared().running = before_;
-    }
-
-  private:
-    bool before_;
-};
-
 /// Forgets a lifted touch, also when an exception leaves its last event.
 class LastEvent {
   public:
@@ -223,7 +210,7 @@ void DeliverEvent(ui::Window window, ui::Event event) {
     if (!(state.window.get() == window)) {
         return;
     }
-    const Running running;
+    const ScopedFlag running(Shared().running);
     {
         const LastEvent last(touch);
         if (state.phase == TouchPhase::kBegan) {
@@ -275,7 +262,7 @@ void Engage(GestureRecognizer recognizer) {
 
 void SettleRecognizers() {
     if (!Shared().running) { // else the delivery under way settles them at its end
-        const Running running;
+        const ScopedFlag running(Shared().running);
         Settle();
     }
 }

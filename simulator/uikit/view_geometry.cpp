@@ -79,6 +79,10 @@ bool Contains(cg::Rect rect, cg::Point point) {
            point.y < rect.origin.y + rect.size.height;
 }
 
+cg::Rect Grown(cg::Rect rect, double by) {
+    return {{rect.origin.x - by, rect.origin.y - by}, {rect.size.width + 2 * by, rect.size.height + 2 * by}};
+}
+
 cg::Rect FrameOf(const ViewValues &values) {
     const cg::Size size = values.bounds.size;
     if (values.transform == cg::AffineTransform::Identity()) { // exactly, without the way through the corners

@@ -22,6 +22,12 @@ struct Responder : ns::Object {
     bool becomeFirstResponder() const {
         return objc::Send<"becomeFirstResponder", bool>(*this);
     }
+    bool resignFirstResponder() const {
+        return objc::Send<"resignFirstResponder", bool>(*this);
+    }
+    Responder nextResponder() const {
+        return objc::Send<"nextResponder", Responder>(*this);
+    }
 };
 
 struct View : Responder {
@@ -121,5 +127,10 @@ struct View : Responder {
             void>(duration, delay, damping, velocity, options, animations, completion);
     }
 };
+
+/// A new view of T's class with the frame.
+template <class T> objc::Ref<T> MakeView(cg::Rect frame) {
+    return objc::Ref<T>::Adopt(objc::As<T>(ns::Alloc<T>().initWithFrame(frame)));
+}
 
 } // namespace ui
