@@ -112,7 +112,7 @@ AlertActionState &AlertActionStateOf(AlertAction action) {
 
 void ChooseAlertAction(AlertController alert, AlertAction action) {
     if (objc::Send<"isBeingDismissed", bool>(alert)) {
-        return; // one alert takes one answer
+        return; // a second tap while the alert goes must not answer again
     }
     const objc::Ref<AlertAction> chosen = action;
     alert.dismissViewControllerAnimated(true, objc::MakeBlock<void()>([chosen] {

@@ -28,9 +28,9 @@ constexpr double kButtonSize = 17;
 constexpr double kTitleSize = 17;
 constexpr double kMessageSize = 13;
 constexpr double kHairline = 0.5;
-/// Points that a card leaves free above and below itself.
+/// Free space (points) above and below the card.
 constexpr double kFree = 60;
-/// Points of the texts that stay in sight however many buttons there are.
+/// The least height (points) that the texts keep, however many buttons there are.
 constexpr double kLeastText = 66;
 constexpr double kLightDimming = 0.2;
 constexpr double kDarkDimming = 0.48;
@@ -69,7 +69,7 @@ objc::Ref<ui::Label> MakeText(ui::Font font) {
 }
 
 void Build(AlertView self) {
-    AlertViewState &state = StateOf<AlertViewState>(self);
+    auto &state = StateOf<AlertViewState>(self);
     state.card = ns::New<ui::View>();
     state.card->setBackgroundColor(ui::Color::systemBackgroundColor());
     state.card->layer().setCornerRadius(kCardRadius);
@@ -83,7 +83,7 @@ void Build(AlertView self) {
     self.addSubview(state.card);
 }
 
-/// The card is one step lighter than what it covers, as all that floats in the dark.
+/// In the dark appearance, what floats is one step lighter than what it covers.
 ui::Color CardColor() {
     return IsDarkAppearance() ? objc::SendClass<ui::Color, "tertiarySystemBackgroundColor", ui::Color>()
                               : ui::Color::secondarySystemBackgroundColor();
@@ -95,7 +95,7 @@ bool IsBold(ui::AlertController alert, AlertAction action) {
 }
 
 void AddButton(ui::View view, ui::AlertController alert, AlertAction action) {
-    AlertViewState &state = StateOf<AlertViewState>(view);
+    auto &state = StateOf<AlertViewState>(view);
     const auto button = objc::SendClass<ActionView, "buttonWithType:", ActionView>(ui::ButtonType::kSystem);
     StateOf<ActionViewState>(button) = {action, view};
     AlertActionStateOf(action).view = view;
@@ -124,7 +124,7 @@ double PlaceText(ui::Label label, double y, double width) {
     return height;
 }
 
-/// Places title and message and gives the height of both with their margins.
+/// Places title and message; the result is the height of both with their margins.
 double PlaceTexts(const AlertViewState &state) {
     const double width = kCardWidth - 2 * kSideMargin;
     double y = kTopMargin;
@@ -140,7 +140,7 @@ bool FitInOneRow(const AlertViewState &state) {
            });
 }
 
-/// The buttons as they stand: side by side the cancelling one is left, else it is the last.
+/// The buttons in the order in which they are shown: in a row the cancelling one comes first, in a column last.
 std::vector<ActionView> InOrder(const AlertViewState &state, bool row) {
     std::vector<ActionView> order(state.buttons.begin(), state.buttons.end());
     const auto cancelling = std::ranges::find_if(order, [](ActionView button) {
@@ -181,7 +181,7 @@ void PlaceButtons(AlertViewState &state, double top, bool row) {
 }
 
 void LayoutCard(AlertView self) {
-    AlertViewState &state = StateOf<AlertViewState>(self);
+    auto &state = StateOf<AlertViewState>(self);
     const cg::Size size = self.bounds().size;
     const bool row = FitInOneRow(state);
     const double rows = state.buttons.empty() ? 0 : row ? 1 : static_cast<double>(state.buttons.size());
@@ -225,7 +225,7 @@ objc::Ref<ui::View> MakeAlertView() {
 }
 
 void FillAlertView(ui::View view, ui::AlertController alert) {
-    AlertViewState &state = StateOf<AlertViewState>(view);
+    auto &state = StateOf<AlertViewState>(view);
     state.alert = alert;
     state.title->setText(objc::Send<"title", ns::String>(alert));
     state.message->setText(AlertStateOf(alert).message);

@@ -19,8 +19,8 @@ struct SceneSet : ns::Set {
     static constexpr const char *kClassName = "SimulatedSceneSet";
 };
 
-/// A set whose objects come out in the order in which they went in: the phone's own order is arbitrary but stable, and
-/// a simulated phone must do the same at every run.
+/// A set that keeps the order in which its objects were added. On the phone the order is arbitrary; here every run must
+/// show the same one.
 void DefineSceneSet() {
     auto set = Class<OrderedSetState>(SceneSet::kClassName, "NSSet");
     set.Method<"count">([](const OrderedSetState &state) { return state.objects->count(); });
@@ -38,7 +38,7 @@ void DefineSceneSet() {
     set.Method<"anyObject">([](const OrderedSetState &state) { return state.objects->firstObject(); });
 }
 
-/// UIApplicationState: 0 active, 1 inactive, 2 background; the best that any scene is in.
+/// UIApplicationState: 0 active, 1 inactive, 2 background; the most active one that any scene has.
 long ApplicationState(ui::Application) {
     long best = 2;
     for (const ui::WindowScene scene : ConnectedScenes()) {
@@ -63,7 +63,7 @@ bool SendActionTo(ui::Application, objc::SEL action, ns::Object target, ns::Obje
     if (!receiver || action == nullptr) {
         return false;
     }
-    receiver.performSelector(action, sender, event); // a method that takes fewer arguments leaves the rest alone
+    receiver.performSelector(action, sender, event); // a method with fewer parameters ignores the rest
     return true;
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// UIBarItem and UIBarButtonItem: what toolbars show, with whom a tap tells.
+// UIBarItem and UIBarButtonItem: what toolbars show, and where a tap on it goes.
 
 #include "apple/uikit/toolbar.hpp"
 #include "objc/ref.hpp"

@@ -49,7 +49,7 @@ void UpdateLabel(Button self) {
 }
 
 ui::Label TitleLabel(Button self) {
-    ButtonState &button = StateOf<ButtonState>(self);
+    auto &button = StateOf<ButtonState>(self);
     if (!button.label) {
         button.label = ns::New<ui::Label>();
         const double size = button.type == kCustomType ? kCustomFontSize : kSystemFontSize;
@@ -153,7 +153,7 @@ Alignment AlignmentOf(long contentAlignment) {
 }
 
 cg::Rect TitleRect(Button self, cg::Rect content) {
-    const ButtonState &state = StateOf<ButtonState>(self);
+    const auto &state = StateOf<ButtonState>(self);
     const cg::Rect room = Inset(content, state.titleInsets);
     const cg::Size fitted = state.label->sizeThatFits(room.size);
     const ControlState &control = ControlStateOf(self);

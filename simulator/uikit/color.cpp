@@ -53,7 +53,7 @@ Rgba Resolve(const ::CGColor &color) {
 }
 
 ::CGColor &Current(ui::Color color) {
-    ColorState &state = StateOf<ColorState>(color);
+    auto &state = StateOf<ColorState>(color);
     return darkAppearance ? state.dark : state.light;
 }
 
@@ -85,7 +85,7 @@ bool IsEqual(const ColorState &left, ns::Object other) {
     if (!other.isKindOfClass(objc::ClassOf<ui::Color>())) {
         return false;
     }
-    const ColorState &right = StateOf<ColorState>(other);
+    const auto &right = StateOf<ColorState>(other);
     return left.light == right.light && left.dark == right.dark;
 }
 
@@ -111,7 +111,7 @@ void DefineMaking(Class<ColorState> &color) {
     });
 }
 
-/// A named colour, which is one object that lives as long as the process, as UIKit's are.
+/// A named colour. As in UIKit, it is one object that lives as long as the process.
 template <objc::FixedString Name, ::CGColor Light, ::CGColor Dark = Light> void DefineNamed(Class<ColorState> &color) {
     color.ClassMethod<Name>([](ui::Color) -> ui::Color {
         static const auto named = MakeColor(Light, Dark);
@@ -139,7 +139,7 @@ void DefinePlainColors(Class<ColorState> &color) {
     DefineNamed<"brownColor", Rgb(0.6, 0.4, 0.2)>(color);
 }
 
-// Under the light and the dark appearance.
+// The light appearance's colour first, then the dark one's.
 
 void DefineSystemColors(Class<ColorState> &color) {
     DefineNamed<"systemRedColor", Hex(0xFF3B30), Hex(0xFF453A)>(color);

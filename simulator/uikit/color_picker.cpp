@@ -67,7 +67,7 @@ void LoadView(ColorPickerViewController self) {
     objc::Send<"setView:", void>(self, view.get());
 }
 
-/// Tells the delegate, if it wants to hear of that.
+/// Sends the delegate a message that it may leave unimplemented.
 template <objc::FixedString Name> void TellDelegate(ColorPickerViewController picker) {
     const objc::Ref<ns::Object> delegate = StateOf<PickerState>(picker).delegate.Lock();
     if (delegate->respondsToSelector(objc::Selector<Name>())) {
@@ -75,7 +75,7 @@ template <objc::FixedString Name> void TellDelegate(ColorPickerViewController pi
     }
 }
 
-/// The user is done: the sheet goes, then the delegate hears of it.
+/// The user is done: the sheet is dismissed, then the delegate is told.
 void Finish(ColorPickerViewController self) {
     const auto tell = [picker = objc::Ref<ColorPickerViewController>(self)] {
         TellDelegate<"colorPickerViewControllerDidFinish:">(picker);
@@ -99,7 +99,7 @@ ui::Color SwatchAt(int row, int column) {
     return ui::Color::colorWithRed(part(0), part(2.0 / 3), part(1.0 / 3), 1);
 }
 
-/// A finger chooses the colour on which it is lifted.
+/// The colour under a finger is chosen when the finger is lifted.
 void TouchesEnded(Swatches self, ns::Set, ui::Event event) {
     const cg::Point point = FromScreen(self, TouchStateOf(EventStateOf(event).changed).location);
     const double cell = self.bounds().size.width / kColumns;

@@ -13,7 +13,7 @@ namespace {
 
 using ui::Control;
 
-/// How far (points) outside its bounds a touch still counts as inside a control that tracks it.
+/// How far (points) outside its bounds a tracked touch still counts as inside the control.
 constexpr double kTrackingSlop = 70;
 
 bool IsInside(Control control, ui::Touch touch) {

@@ -9,7 +9,7 @@
 
 namespace sim {
 
-/// UIControlEvents.
+/// UIControlEvents beside those of the platform's view.
 inline constexpr unsigned long kTouchDown = 1 << 0;
 inline constexpr unsigned long kTouchDownRepeat = 1 << 1;
 inline constexpr unsigned long kTouchDragInside = 1 << 2;
@@ -18,10 +18,8 @@ inline constexpr unsigned long kTouchDragEnter = 1 << 4;
 inline constexpr unsigned long kTouchDragExit = 1 << 5;
 inline constexpr unsigned long kTouchUpOutside = 1 << 7;
 inline constexpr unsigned long kTouchCancel = 1 << 8;
-inline constexpr unsigned long kValueChanged = 1 << 12;
 inline constexpr unsigned long kEditingDidBegin = 1 << 16;
 inline constexpr unsigned long kEditingChanged = 1 << 17;
-inline constexpr unsigned long kEditingDidEnd = 1 << 18;
 
 /// UIControlState.
 inline constexpr unsigned long kStateHighlighted = 1 << 0;

@@ -27,7 +27,7 @@ void AddRounded(cairo_t *context, cg::Rect rect, double radius) {
     const auto [x, y] = rect.origin;
     const auto [width, height] = rect.size;
     const double most = std::max(0.0, std::min(width, height) / 2);
-    const double r = radius > 0 ? std::min(radius, most) : 0; // what is no number rounds nothing
+    const double r = radius > 0 ? std::min(radius, most) : 0; // NaN rounds nothing
     constexpr double kQuarter = std::numbers::pi / 2;
     cairo_new_sub_path(context);
     cairo_arc(context, x + width - r, y + r, r, -kQuarter, 0);

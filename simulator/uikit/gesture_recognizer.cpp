@@ -13,7 +13,7 @@ namespace {
 using ui::GestureRecognizer;
 using ui::GestureState;
 
-/// Asks the delegate a question that it may leave unimplemented.
+/// Asks the delegate; `otherwise` is the answer when it does not implement the question.
 template <objc::FixedString Name, class... A>
 bool AskDelegate(GestureRecognizer recognizer, bool otherwise, A... arguments) {
     const objc::Ref<ns::Object> delegate = RecognizerStateOf(recognizer).delegate.Lock();
@@ -22,7 +22,7 @@ bool AskDelegate(GestureRecognizer recognizer, bool otherwise, A... arguments) {
                : otherwise;
 }
 
-/// The other recognisers that were given one of this one's touches.
+/// The other recognisers that share a touch with this one.
 std::vector<objc::Ref<GestureRecognizer>> Competitors(GestureRecognizer recognizer) {
     std::vector<objc::Ref<GestureRecognizer>> others;
     for (const objc::Ref<ui::Touch> &touch : RecognizerStateOf(recognizer).touches) {
@@ -36,7 +36,7 @@ std::vector<objc::Ref<GestureRecognizer>> Competitors(GestureRecognizer recogniz
     return others;
 }
 
-/// Whether the one gesture, recognised, keeps the other from being so.
+/// Whether recognising one gesture prevents the other.
 bool Excludes(GestureRecognizer one, GestureRecognizer other) {
     constexpr objc::FixedString kSimultaneously{
         "gestureRecognizer:shouldRecognizeSimultaneouslyWithGestureRecognizer:"};
@@ -59,7 +59,7 @@ bool MayBegin(GestureRecognizer recognizer) {
     if (!AskDelegate<"gestureRecognizerShouldBegin:">(recognizer, true) || !ViewAllows(state.view, recognizer)) {
         return false;
     }
-    // The touched view has a say as well: a button keeps its taps from recognisers of the views around it.
+    // The touched view is asked as well: a button keeps its taps from recognisers of the views around it.
     const std::vector<objc::Ref<ui::Touch>> touches = state.touches;
     return std::ranges::all_of(touches, [&](const objc::Ref<ui::Touch> &touch) {
         const ui::View touched = TouchStateOf(touch).view;
@@ -109,7 +109,7 @@ cg::Point LocationOfTouch(GestureRecognizer self, unsigned long index, ui::View 
     return InView(self, exists ? TouchStateOf(touches[index]).location : RecognizerLocation(self), view);
 }
 
-/// What the kinds of gesture override.
+/// What subclasses override, each for its kind of gesture.
 void DefineKindsPart(Class<RecognizerState> &recognizer) {
     recognizer.Method<"canPreventGestureRecognizer:">([](GestureRecognizer, GestureRecognizer) { return true; });
     recognizer.Method<"canBePreventedByGestureRecognizer:">([](GestureRecognizer, GestureRecognizer) { return true; });
@@ -125,9 +125,8 @@ void DefineTouches(Class<RecognizerState> &recognizer) {
         [](GestureRecognizer self, ui::View view) { return InView(self, RecognizerLocation(self), view); });
     recognizer.Method<"locationOfTouch:inView:", &LocationOfTouch>();
     recognizer.Method<"numberOfTouches">([](const RecognizerState &state) { return state.touches.size(); });
-    recognizer.Method<"ignoreTouch:forEvent:">([](RecognizerState &state, ui::Touch touch, ui::Event) {
-        std::erase_if(state.touches, [touch](const auto &watched) { return watched.get() == touch; });
-    });
+    recognizer.Method<"ignoreTouch:forEvent:">(
+        [](RecognizerState &state, ui::Touch touch, ui::Event) { std::erase(state.touches, touch); });
 }
 
 } // namespace
@@ -219,7 +218,7 @@ std::size_t FingersDown(GestureRecognizer recognizer) {
 void SendActions(GestureRecognizer recognizer) {
     const std::vector<TargetAction> targets = RecognizerStateOf(recognizer).targets;
     for (const TargetAction &entry : targets) {
-        // A method without an argument leaves the recogniser alone.
+        // A method without a parameter ignores the recogniser.
         entry.target.Lock()->performSelector(entry.action, recognizer);
     }
 }

@@ -28,7 +28,7 @@ bool IsPossible(LongPress self) {
 }
 
 void TouchesBegan(LongPress self, ns::Set, ui::Event) {
-    LongPressState &state = StateOf<LongPressState>(self);
+    auto &state = StateOf<LongPressState>(self);
     const std::size_t fingers = RecognizerStateOf(self).touches.size();
     if (!IsPossible(self) || fingers < state.touchesRequired) {
         return;
@@ -47,7 +47,7 @@ void TouchesBegan(LongPress self, ns::Set, ui::Event) {
 }
 
 void TouchesMoved(LongPress self, ns::Set, ui::Event) {
-    const LongPressState &state = StateOf<LongPressState>(self);
+    const auto &state = StateOf<LongPressState>(self);
     if (!IsPossible(self)) {
         SetGestureState(self, GestureState::kChanged);
     } else if (Distance(state.landing, RecognizerLocation(self)) > state.allowableMovement) {

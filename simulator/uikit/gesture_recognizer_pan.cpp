@@ -17,7 +17,7 @@ using Pan = ui::PanGestureRecognizer;
 
 /// How far (points) the fingers must move before it is a pan.
 constexpr double kSlop = 10;
-/// The stretch of time (seconds) over which the velocity is taken.
+/// The time (seconds) over which the velocity is measured.
 constexpr double kVelocityWindow = 0.1;
 
 struct PanSample {
@@ -66,14 +66,12 @@ void AddSample(PanState &state) {
 
 void TouchesBegan(Pan self, ns::Set, ui::Event event) {
     RecognizerState &recognizer = RecognizerStateOf(self);
-    PanState &state = StateOf<PanState>(self);
+    auto &state = StateOf<PanState>(self);
     if (recognizer.touches.size() > state.maximumTouches) {
         if (recognizer.state == GestureState::kPossible) {
             SetGestureState(self, GestureState::kFailed);
-        } else { // a pan under way does not mind another finger
-            std::erase_if(recognizer.touches, [event](const objc::Ref<ui::Touch> &touch) {
-                return touch.get() == EventStateOf(event).changed.get();
-            });
+        } else { // a pan that has begun ignores another finger
+            std::erase(recognizer.touches, EventStateOf(event).changed.get());
         }
     }
     RecognizerLocation(self);
@@ -82,8 +80,8 @@ void TouchesBegan(Pan self, ns::Set, ui::Event event) {
 
 void TouchesMoved(Pan self, ns::Set, ui::Event event) {
     const RecognizerState &recognizer = RecognizerStateOf(self);
-    PanState &state = StateOf<PanState>(self);
-    // The middle of the fingers moves; a finger that lands or lifts does not move it.
+    auto &state = StateOf<PanState>(self);
+    // Only movement counts: a finger that lands or lifts shifts the middle of the fingers without moving anything.
     const TouchState &touch = TouchStateOf(EventStateOf(event).changed);
     const cg::Point step =
         Scaled(Difference(touch.location, touch.previousLocation), 1 / static_cast<double>(recognizer.touches.size()));

@@ -13,9 +13,9 @@ namespace {
 using ui::GestureState;
 using Tap = ui::TapGestureRecognizer;
 
-/// How far (points) a finger may stray from where it landed and still tap.
+/// How far (points) a finger may move from where it landed and still tap.
 constexpr double kAllowedMovement = 45;
-/// How soon (seconds) the next of several taps must land.
+/// The longest pause (seconds) between two of several taps.
 constexpr double kLongestPause = 0.35;
 
 struct TapState {
@@ -32,7 +32,7 @@ struct TapState {
 };
 
 void TouchesBegan(Tap self, ns::Set, ui::Event event) {
-    TapState &state = StateOf<TapState>(self);
+    auto &state = StateOf<TapState>(self);
     clock::Cancel(state.pause);
     RecognizerStateOf(self).waiting = false;
     if (++state.fingersLanded > state.touchesRequired) {
@@ -50,7 +50,7 @@ void TouchesMoved(Tap self, ns::Set, ui::Event event) {
 }
 
 void WaitForNextTap(Tap self) {
-    TapState &state = StateOf<TapState>(self);
+    auto &state = StateOf<TapState>(self);
     state.fingersLanded = 0;
     state.landings.clear();
     RecognizerStateOf(self).waiting = true;
@@ -62,7 +62,7 @@ void WaitForNextTap(Tap self) {
 }
 
 void TouchesEnded(Tap self, ns::Set, ui::Event) {
-    TapState &state = StateOf<TapState>(self);
+    auto &state = StateOf<TapState>(self);
     if (RecognizerStateOf(self).state != GestureState::kPossible || FingersDown(self) != 0) {
         return;
     }
@@ -81,7 +81,7 @@ void DefineTapGestureRecognizer() {
     auto tap = Class<TapState>("UITapGestureRecognizer", "UIGestureRecognizer");
     tap.Property<"numberOfTapsRequired", &TapState::tapsRequired>();
     tap.Property<"numberOfTouchesRequired", &TapState::touchesRequired>();
-    // A single tap leaves a double tap its chance.
+    // A single tap must not prevent a double tap.
     tap.Method<"canPreventGestureRecognizer:">([](const TapState &state, ui::GestureRecognizer other) {
         return !other.isKindOfClass(objc::ClassOf<Tap>()) ||
                StateOf<TapState>(other).tapsRequired <= state.tapsRequired;

@@ -26,7 +26,7 @@ cg::Size SizeOf(const ImageState &image) {
                         : cg::Size{};
 }
 
-/// One open image context; of an empty size it has no surface.
+/// An open image context. One of an empty size has no surface.
 struct ImageContext {
     Surface surface;
     Context context;
@@ -67,8 +67,8 @@ Surface CopyPixels(cairo_surface_t *surface) {
     return copy;
 }
 
-/// Answers whether anything could be drawn. What shows now is drawn in either case: pending updates need no
-/// waiting for, since views are drawn from their present state.
+/// Whether there is a context to draw into. The last argument makes no difference: views are always drawn from their
+/// present state.
 bool DrawViewHierarchy(ui::View self, cg::Rect rect, bool) {
     if (OpenContexts().empty() || !OpenContexts().back().context) {
         return false;
@@ -78,7 +78,7 @@ bool DrawViewHierarchy(ui::View self, cg::Rect rect, bool) {
     return true;
 }
 
-/// Tells whoever saved a picture, in a later turn, as image:didFinishSavingWithError:contextInfo: is told.
+/// Calls a completion of the form image:didFinishSavingWithError:contextInfo: in a later turn.
 void Complete(const objc::Ref<ns::Object> &target, objc::SEL completion, const objc::Ref<ui::Image> &image,
               void *context) {
     clock::Schedule(0, [=] {

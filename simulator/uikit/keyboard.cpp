@@ -46,11 +46,11 @@ struct Keyboard {
     double duration = 0.25;
     bool up = false;
     cg::Rect frame;                   // where it is going to be
-    objc::Ref<KeyboardWindow> window; // while anything of it can be seen
+    objc::Ref<KeyboardWindow> window; // while any of it can be seen
     objc::Ref<ui::View> panel;        // keys and accessory
     objc::Ref<Keys> keys;
     objc::Ref<ui::View> accessory;
-    long movement = 0; // grows with each movement: what an older one had in mind no longer holds
+    long movement = 0; // counts movements: an older one must not finish after a newer one
 };
 
 Keyboard &Shared() {
@@ -125,7 +125,7 @@ void Move(cg::Rect begin, cg::Rect end, ns::String will, ns::String did, const s
     Post(UIKeyboardWillChangeFrameNotification, info);
     Post(will, info);
     if (keyboard.movement != movement) {
-        return; // whoever heard of it wanted something else
+        return; // an observer has started another movement
     }
     const objc::Ref<ns::String> ended = did;
     Animate(

@@ -18,7 +18,7 @@ constexpr double kRowGap = 11;
 constexpr double kMargin = 3;
 constexpr double kTop = 10;
 constexpr double kTallestRow = 44;
-constexpr double kBelowKeys = 76; // points under the last row, where a phone without a home button has none
+constexpr double kBelowKeys = 76; // points without keys at the bottom, as on phones without a home button
 constexpr double kKeyRadius = 5;
 constexpr int kRows = 4;
 constexpr double kMostKeys = 10; // in a row; its keys are as wide as the room allows
@@ -49,7 +49,7 @@ class Keys {
         SetPaint(context_, look_.background);
         cairo_rectangle(context_, 0, 0, width_, height);
         cairo_fill(context_);
-        constexpr double kReadable = 12; // a keyboard too low for its keys shows none
+        constexpr double kReadable = 12; // a keyboard that is too low shows no keys
         if (rowHeight_ < kReadable || keyWidth_ < kReadable) {
             return;
         }
@@ -92,7 +92,7 @@ class Keys {
         return kTop + row * (rowHeight_ + kRowGap);
     }
 
-    /// A row of letters, in the middle.
+    /// A row of letters, centred.
     void Letters(std::u16string_view letters, int row) {
         const auto count = static_cast<double>(letters.size());
         double x = (width_ - count * keyWidth_ - (count - 1) * kKeyGap) / 2;

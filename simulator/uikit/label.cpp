@@ -28,7 +28,7 @@ struct LabelState {
     objc::Ref<ui::Font> font;       // nil is the system font, 17 points
     Alignment alignment = Alignment::kNatural;
     BreakMode breakMode = BreakMode::kTail;
-    long numberOfLines = 1; // 0 is as many as it takes
+    long numberOfLines = 1; // 0 is no limit
 };
 
 std::size_t LineLimit(const LabelState &state) {
@@ -49,7 +49,7 @@ cg::Size SizeThatFits(const LabelState &state, cg::Size size) {
     if (text.empty()) {
         return {};
     }
-    // A label of one line asks for all of it, however narrow the size.
+    // A label of one line asks for the width of its whole text, however narrow the size.
     const LineStyle style = StyleIn(state, state.numberOfLines == 1 ? 0 : size.width);
     const TextExtent extent = MeasureText(text, style, LineLimit(state));
     const double height = static_cast<double>(extent.lines) * MetricsOf(style.face).lineHeight;
@@ -73,8 +73,8 @@ Truncation TruncationOf(BreakMode mode) {
     }
 }
 
-/// What the last visible line shows when the text goes on: the rest of its paragraph, to be shortened or clipped,
-/// with an ellipsis of its own when only the paragraphs after it are missing. Wrapping modes just stop there.
+/// What the last visible line shows when the text goes on: the rest of its paragraph, which is then shortened or
+/// clipped. When only later paragraphs are missing, it ends with an ellipsis. Wrapping modes show just the line.
 std::u16string LastLine(std::u16string_view text, const TextLine &line, BreakMode mode) {
     if (mode == BreakMode::kWord || mode == BreakMode::kCharacter) {
         return std::u16string(text.substr(line.start, line.end - line.start));
@@ -93,7 +93,7 @@ std::u16string_view WithoutTrailingSpace(std::u16string_view line) {
 }
 
 void DrawLabel(ui::View view, cairo_t *context) {
-    const LabelState &state = StateOf<LabelState>(view);
+    const auto &state = StateOf<LabelState>(view);
     const std::u16string units = UnitsOf(state.text);
     const cg::Size size = PresentedValues(view).bounds.size;
     if (units.empty() || !(size.width > 0) || !(size.height > 0)) {

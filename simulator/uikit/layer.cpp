@@ -7,7 +7,7 @@
 namespace sim {
 namespace {
 
-/// A colour, which the layer keeps, and takes and gives out as a CGColor.
+/// A property that is a CGColor outside and a UIColor in the state.
 template <objc::FixedString Getter, auto Member> void DefineColor(Class<LayerState> &layer) {
     layer.Method<Getter>([](const LayerState &state) { return (state.*Member)->CGColor(); });
     layer.Method<SetterName<Getter>()>([](LayerState &state, CGColor *color) {

@@ -17,10 +17,10 @@ using ui::ViewController;
 constexpr long kPresentPageSheet = 1;
 constexpr long kPresentFormSheet = 2;
 
-/// Seconds that a presented view takes to come or go: moving, or fading as alerts do.
+/// How long (seconds) a presented view takes to come or go: by moving, or by fading as alerts do.
 constexpr double kMoveTime = 0.4;
 constexpr double kFadeTime = 0.25;
-/// Points of the presenter that a sheet leaves in sight above it.
+/// The height (points) that stays free above a sheet.
 constexpr double kSheetTop = 57;
 
 cg::Rect PresentedFrame(ViewController controller, ui::Window window) {
@@ -35,7 +35,7 @@ double TransitionTime(ViewController controller) {
     return StateOf<ControllerState>(controller).transitionStyle == kCoverVertical ? kMoveTime : kFadeTime;
 }
 
-/// Puts the view where its coming starts and its going ends: below the window, or in place but clear.
+/// Puts the view where it starts to come and ends to go: below the window, or in place with alpha 0.
 void Conceal(ViewController controller, ui::Window window) {
     const ui::View view = controller.view();
     if (StateOf<ControllerState>(controller).transitionStyle == kCoverVertical) {
@@ -71,12 +71,12 @@ void GiveKeyboardBack(ViewController presenter, ViewController controller) {
 }
 
 bool MayPresent(ViewController presenter, ViewController controller) {
-    const ControllerState &state = StateOf<ControllerState>(presenter);
+    const auto &state = StateOf<ControllerState>(presenter);
     return controller && WindowOf(presenter.view()) && !state.presented && !state.isBeingDismissed &&
            !StateOf<ControllerState>(controller).presenting;
 }
 
-/// As on the phone, a presenter that is out of sight, on its way out or presenting already presents nothing, and the
+/// As on the phone, a controller that is out of sight, being dismissed or presenting already presents nothing, and the
 /// completion is not called.
 void Present(ViewController self, ViewController controller, bool animated, objc::Block<void()> completion) {
     if (!MayPresent(self, controller)) {
@@ -119,7 +119,7 @@ void TakeAway(ViewController presenter, ViewController controller, bool animated
 void Dismiss(ViewController self, bool animated, objc::Block<void()> completion) {
     const objc::Ref<ViewController> controller = StateOf<ControllerState>(self).presented;
     if (!controller) {
-        // A presented controller that is told to go asks the one that presented it.
+        // A presented controller that is told to dismiss passes it on to the one that presented it.
         StateOf<ControllerState>(self).presenting.dismissViewControllerAnimated(animated, completion);
         return;
     }

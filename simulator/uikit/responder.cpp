@@ -8,7 +8,7 @@
 namespace sim {
 namespace {
 
-/// Not owned: a responder that dies stops being the first one.
+/// Not owned: a responder that is deallocated stops being the first one.
 ui::Responder &First() {
     static ui::Responder first;
     return first;
@@ -24,7 +24,7 @@ void SetFirst(ui::Responder responder) {
     }
 }
 
-/// Whether the first responder, if any, gave way.
+/// Takes the status from the first responder, if there is one; false when that refuses.
 bool TakeFromFirst() {
     const ScopedFlag scope(handingOver);
     return !First() || (objc::Send<"canResignFirstResponder", bool>(First()) && First().resignFirstResponder());

@@ -11,11 +11,11 @@
 namespace sim {
 namespace {
 
-/// How much of a finger's way the content follows beyond its end.
+/// The part of a finger's movement that the content follows beyond its end.
 constexpr double kRubberBand = 0.5;
-/// Seconds for which content goes on as fast as the finger left it: what the normal deceleration comes to.
+/// Released content moves on as far as its speed takes it in this time (seconds), as with the normal deceleration.
 constexpr double kCoast = 0.5;
-/// Seconds that content takes to come to rest, or to go where a program sends it.
+/// How long (seconds) content takes to come to rest, and to scroll where code sends it.
 constexpr double kRestTime = 0.6;
 constexpr double kProgramTime = 0.3;
 
@@ -83,7 +83,7 @@ void Drag(ui::View self, cg::Point way) {
                       Dragged(wanted.y, range.least.y, range.greatest.y, state.bounces, state.alwaysBounceVertical)});
 }
 
-/// The content goes on as the finger left it, and comes to rest within its ends.
+/// The content moves on at the finger's speed and comes to rest within its ends.
 void Release(ui::View self, cg::Point velocity) {
     const cg::Point now = self.bounds().origin;
     const cg::Point rest{now.x - velocity.x * kCoast, now.y - velocity.y * kCoast};
@@ -112,7 +112,7 @@ void HandlePan(ui::View self, ui::PanGestureRecognizer pan) {
     }
 }
 
-/// The nearest offset at which a stretch from start to end shows, in a view this long.
+/// The nearest offset at which a view of this length shows the part from start to end.
 double Reveal(double offset, double length, double start, double end) {
     const double least = std::min(end - length, start);
     return std::clamp(offset, least, std::max(least, start));

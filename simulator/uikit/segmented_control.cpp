@@ -66,7 +66,7 @@ SegmentedControl InitWithItems(SegmentedControl self, ns::Array items) {
 
 /// The finger selects the segment on which it is lifted.
 void EndTracking(SegmentedControl self, ui::Touch touch, ui::Event event) {
-    SegmentedState &state = StateOf<SegmentedState>(self);
+    auto &state = StateOf<SegmentedState>(self);
     const cg::Rect bounds = self.bounds();
     if (state.titles.empty() || !ControlStateOf(self).touchInside || !(bounds.size.width > 0)) {
         return;
@@ -76,7 +76,7 @@ void EndTracking(SegmentedControl self, ui::Touch touch, ui::Event event) {
     const auto index = static_cast<long>(std::clamp(std::floor(part * count), 0.0, count - 1));
     if (index != state.selected) {
         state.selected = index;
-        SendControlEvents(self, kValueChanged, event);
+        SendControlEvents(self, ui::kValueChanged, event);
     }
 }
 
@@ -97,7 +97,7 @@ void DrawTitle(cairo_t *context, const SegmentedState &state, ns::String title, 
 void DrawSegments(ui::View view, cairo_t *context) {
     constexpr double kRadius = 8;
     constexpr double kGap = 2;
-    const SegmentedState &state = StateOf<SegmentedState>(view);
+    const auto &state = StateOf<SegmentedState>(view);
     const cg::Size size = PresentedValues(view).bounds.size;
     SetPaint(context, objc::SendClass<ui::Color, "tertiarySystemFillColor", ui::Color>());
     FillRounded(context, {{0, 0}, size}, kRadius);

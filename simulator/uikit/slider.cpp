@@ -21,7 +21,7 @@ constexpr double kThumb = 28;
 constexpr double kTrackHeight = 4;
 constexpr double kTrackMargin = 2;
 constexpr double kHeight = 34;
-/// How far beside the thumb a finger still takes hold of it.
+/// How far beside the thumb a finger still grabs it.
 constexpr double kGrabSlop = 10;
 
 struct SliderState {
@@ -33,7 +33,7 @@ struct SliderState {
     bool moved = false;    // since the finger landed
 };
 
-/// The value moved into the range; what is no number becomes the least.
+/// The value moved into the range; NaN becomes the minimum.
 float Clamped(const SliderState &state, float value) {
     return value > state.minimum ? std::min(value, state.maximum) : state.minimum;
 }
@@ -44,7 +44,7 @@ void Clamp(SliderState &state) {
 
 // Geometry.
 
-/// The thumb's left edge at the least value, and how far right of it the greatest is.
+/// The thumb's left edge at the minimum, and how far right of it the maximum is.
 struct ThumbWay {
     double start;
     double length;
@@ -71,14 +71,14 @@ cg::Rect PresentThumb(Slider self) {
 }
 
 float ValueAt(Slider self, double thumbMiddle) {
-    const SliderState &state = StateOf<SliderState>(self);
+    const auto &state = StateOf<SliderState>(self);
     const ThumbWay way = WayOf(PresentTrack(self));
     const double part = way.length > 0 ? (thumbMiddle - kThumb / 2 - way.start) / way.length : 0;
     return Clamped(state,
                    static_cast<float>(state.minimum + part * (static_cast<double>(state.maximum) - state.minimum)));
 }
 
-// Touches. Only a finger on the thumb takes hold.
+// Touches. Only a finger on the thumb grabs it.
 
 bool BeginTracking(Slider self, ui::Touch touch, ui::Event) {
     const cg::Point point = FromScreen(self, TouchStateOf(touch).location);
@@ -89,22 +89,22 @@ bool BeginTracking(Slider self, ui::Touch touch, ui::Event) {
 }
 
 bool ContinueTracking(Slider self, ui::Touch touch, ui::Event event) {
-    SliderState &state = StateOf<SliderState>(self);
+    auto &state = StateOf<SliderState>(self);
     const float value = ValueAt(self, FromScreen(self, TouchStateOf(touch).location).x + state.grabOffset);
     if (value != state.value) {
         state.value = value;
         state.moved = true;
         if (state.continuous) {
-            SendControlEvents(self, kValueChanged, event);
+            SendControlEvents(self, ui::kValueChanged, event);
         }
     }
     return true;
 }
 
 void EndTracking(Slider self, ui::Touch, ui::Event event) {
-    const SliderState &state = StateOf<SliderState>(self);
+    const auto &state = StateOf<SliderState>(self);
     if (state.moved && !state.continuous) {
-        SendControlEvents(self, kValueChanged, event);
+        SendControlEvents(self, ui::kValueChanged, event);
     }
 }
 
@@ -131,7 +131,7 @@ void DefineValues(Class<SliderState> &slider) {
         Clamp(state);
     });
     slider.Property<"value", &SliderState::value, &Clamp>();
-    // The thumb is drawn where it belongs at once: nothing observes it on its way.
+    // Not animated: nobody looks at the thumb on its way.
     slider.Method<"setValue:animated:">([](Slider self, float value, bool) { self.setValue(value); });
     slider.Property<"isContinuous", &SliderState::continuous>();
 }

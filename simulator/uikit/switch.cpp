@@ -18,7 +18,7 @@ using ui::Switch;
 
 /// Every switch has this size (points), whatever frame it is given.
 constexpr cg::Size kSize{51, 31};
-/// How far (points) a finger goes to set the switch by its direction instead of turning it over.
+/// From this distance (points) on, a finger sets the switch by its direction instead of toggling it.
 constexpr double kDragDistance = 10;
 
 struct SwitchState {
@@ -31,22 +31,22 @@ double PlaceAcross(Switch self, ui::Touch touch) {
     return FromScreen(self, TouchStateOf(touch).location).x;
 }
 
-/// A tap turns the switch over; a finger drawn across it sets it on (to the right) or off.
+/// A tap toggles the switch; a finger dragged across it sets it on (to the right) or off.
 void EndTracking(Switch self, ui::Touch touch, ui::Event event) {
-    const SwitchState &state = StateOf<SwitchState>(self);
+    const auto &state = StateOf<SwitchState>(self);
     const double way = PlaceAcross(self, touch) - state.grabbedAt;
     const bool drawn = std::abs(way) > kDragDistance;
     const bool wanted = drawn ? way > 0 : state.on != ControlStateOf(self).touchInside;
     if (wanted != state.on) {
         objc::Send<"setOn:animated:", void>(self, wanted, true);
-        SendControlEvents(self, kValueChanged, event);
+        SendControlEvents(self, ui::kValueChanged, event);
     }
 }
 
 void DrawSwitch(ui::View view, cairo_t *context) {
     constexpr double kKnob = 27;
     constexpr double kGap = 2;
-    const SwitchState &state = StateOf<SwitchState>(view);
+    const auto &state = StateOf<SwitchState>(view);
     const double alpha = StateOf<ControlState>(view).enabled ? 1 : kDisabledAlpha;
     if (state.on) {
         SetPaint(context, state.onTintColor ? state.onTintColor.get() : ui::Color::systemGreenColor(), alpha);
@@ -74,7 +74,7 @@ void DefineSwitch() {
     toggle.Method<"sizeThatFits:">([](Switch, cg::Size) { return kSize; });
     toggle.Method<"intrinsicContentSize">([](Switch) { return kSize; });
     toggle.Property<"isOn", &SwitchState::on>();
-    // The knob is drawn where it belongs at once: nothing observes it on its way.
+    // Not animated: nobody looks at the knob on its way.
     toggle.Method<"setOn:animated:">([](SwitchState &state, bool on, bool) { state.on = on; });
     toggle.Property<"onTintColor", &SwitchState::onTintColor>();
     toggle.Method<"beginTrackingWithTouch:withEvent:">([](Switch self, ui::Touch touch, ui::Event) {

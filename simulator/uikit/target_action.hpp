@@ -1,5 +1,5 @@
 #pragma once
-// Whom a control, gesture recogniser or bar item tells, and how.
+// Targets and actions of controls, gesture recognisers and bar items.
 
 #include "apple/uikit/window.hpp"
 #include "runtime/native_class.hpp"
@@ -28,7 +28,7 @@ class WeakObject {
     std::shared_ptr<objc::WeakRef<ns::Object>> reference_;
 };
 
-/// A delegate, or another object that a property does not retain.
+/// Properties of objects that are not retained, such as delegates.
 template <> struct Stored<WeakObject> {
     using Value = ns::Object;
     static Value Read(const WeakObject &member) {
@@ -52,7 +52,7 @@ struct TargetAction {
         return (!otherTarget || target.Lock().get() == otherTarget) &&
                (otherAction == nullptr || sel_isEqual(action, otherAction) != 0);
     }
-    /// Whether the target is gone. Unlike that of a missing target, its action goes nowhere.
+    /// Whether there was a target that is gone. Its action then goes nowhere, not up the responder chain.
     bool IsOrphaned() const {
         return target.IsSet() && !target.Lock();
     }

@@ -87,7 +87,7 @@ void DefineEditing(Class<TextFieldState> &field) {
         const bool was = FirstResponder() == self;
         const bool resigned = objc::SendSuper<"resignFirstResponder", bool>(ui::Control{self});
         if (resigned && was) {
-            SendControlEvents(self, kEditingDidEnd, nullptr);
+            SendControlEvents(self, ui::kEditingDidEnd, nullptr);
         }
         return resigned;
     });
@@ -164,7 +164,7 @@ void DrawSelection(cairo_t *context, const FieldLine &line, ns::Range selection)
 }
 
 void DrawField(ui::View view, cairo_t *context) {
-    const TextFieldState &state = StateOf<TextFieldState>(view);
+    const auto &state = StateOf<TextFieldState>(view);
     const cg::Rect bounds{{0, 0}, PresentedValues(view).bounds.size};
     if (state.borderStyle != kNoBorder) {
         DrawBorder(context, state.borderStyle, bounds);
@@ -200,7 +200,7 @@ void DefineTextField() {
     field.Property<"borderStyle", &TextFieldState::borderStyle>();
     field.Property<"textAlignment", &TextFieldState::textAlignment>();
     field.Property<"inputAccessoryView", &TextFieldState::accessory>();
-    // An optional method of that protocol: the class itself does not declare it.
+    // UITextField itself does not declare it.
     field.Adopting("UITextInputTraits").Property<"keyboardType", &TextFieldState::keyboardType>();
     DefineEditing(field);
     field.Method<"textRectForBounds:", &TextRect>();

@@ -31,7 +31,7 @@ const TextInput *TextInputOf(ui::Responder view) {
 
 ui::View EditedView() {
     const ui::Responder first = FirstResponder();
-    return TextInputOf(first) != nullptr ? ui::View{first.pointer} : ui::View{};
+    return TextInputOf(first) != nullptr ? objc::As<ui::View>(first) : ui::View{};
 }
 
 void TypeText(ns::String text) {

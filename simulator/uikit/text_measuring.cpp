@@ -11,7 +11,7 @@
 namespace sim {
 namespace {
 
-constexpr double kDefaultPointSize = 12; // of text without a font attribute, unlike a label's
+constexpr double kDefaultPointSize = 12; // of text without a font attribute; a label's differs
 
 FontFace FaceIn(ns::Dictionary attributes) {
     const auto font = objc::As<ui::Font>(attributes.objectForKey(NSFontAttributeName));
@@ -28,7 +28,7 @@ cg::Rect BoundingRect(ns::String self, cg::Size size, long options, ns::Dictiona
     }
     const TextExtent extent = MeasureText(text, {face, Wrapping::kWord, size.width});
     auto lines = static_cast<double>(extent.lines);
-    // Lines that the height has no room for are left out. A length that is not above zero is no limit.
+    // Lines beyond the height are left out. A height that is not above zero is no limit.
     if (size.height > 0) {
         lines = std::clamp(std::floor(size.height / lineHeight), 1.0, lines);
     }

@@ -54,12 +54,12 @@ struct TextPlace {
     double TopOf(std::size_t line) const {
         return top + static_cast<double>(line) * metrics.lineHeight;
     }
-    /// The line on which a place between units lies: at a wrapped line's end, that is the next line.
+    /// The line of a place between two units; the end of a wrapped line belongs to the next line.
     std::size_t LineAt(std::size_t unit) const {
         const auto after = std::ranges::upper_bound(lines, unit, {}, &TextLine::start);
         return after == lines.begin() ? 0 : static_cast<std::size_t>(after - lines.begin()) - 1;
     }
-    /// How far right of its line's start a place between units is.
+    /// The distance from a line's start to a place between two units.
     double AdvanceTo(std::size_t line, std::size_t unit) const {
         const TextLine &place = lines[line];
         const std::size_t end = std::clamp(unit, place.start, place.end);
@@ -74,7 +74,7 @@ struct TextPlace {
 };
 
 TextPlace PlaceText(ui::View self, cg::Size size) {
-    const TextViewState &state = StateOf<TextViewState>(self);
+    const auto &state = StateOf<TextViewState>(self);
     TextPlace place;
     place.units = UnitsOf(state.text.text());
     place.face = FaceOfText(state);
@@ -95,7 +95,7 @@ void FitContent(ui::View self) {
     objc::As<ui::ScrollView>(self).setContentSize({size.width, HeightOf(self, PlaceText(self, size))});
 }
 
-/// After the keyboard: the content has its new height and the caret is in sight.
+/// After typing: the content gets its new height and the caret is brought in sight.
 void Edited(ui::View self) {
     FitContent(self);
     const ns::Range selection = StateOf<TextViewState>(self).text.selection();
@@ -152,7 +152,7 @@ void DrawSelection(cairo_t *context, const TextPlace &place, std::size_t line, n
 }
 
 void DrawTextView(ui::View view, cairo_t *context) {
-    const TextViewState &state = StateOf<TextViewState>(view);
+    const auto &state = StateOf<TextViewState>(view);
     const cg::Rect bounds = PresentedValues(view).bounds;
     if (!(bounds.size.width > 0) || !(bounds.size.height > 0)) {
         return;

@@ -41,7 +41,7 @@ ns::ArrayOf<BarButtonItem> ItemsOf(ui::View self) {
     return StateOf<ToolbarState>(self).items.get();
 }
 
-/// Makes items belong to this bar, or to none.
+/// Sets which bar the items of this one belong to.
 void SetBar(ui::View self, ui::View bar) {
     for (const BarButtonItem item : ItemsOf(self)) {
         BarItemStateOf(item).bar = bar;
@@ -61,7 +61,7 @@ bool IsSpace(BarButtonItem item) {
 }
 
 void SetItems(Toolbar self, ns::Array items) {
-    ToolbarState &state = StateOf<ToolbarState>(self);
+    auto &state = StateOf<ToolbarState>(self);
     SetBar(self, nullptr);
     for (const objc::Ref<ItemButton> &button : state.buttons) {
         button->removeFromSuperview();
@@ -90,7 +90,7 @@ void ShowItem(ItemButton button) {
 
 /// Items stand from left to right; flexible spaces share what is left.
 void LayoutItems(Toolbar self) {
-    const ToolbarState &state = StateOf<ToolbarState>(self);
+    const auto &state = StateOf<ToolbarState>(self);
     const cg::Size size = self.bounds().size;
     double used = 0;
     std::vector<double> widths;

@@ -17,7 +17,7 @@ using Recognizers = std::vector<objc::Ref<GestureRecognizer>>;
 using Touches = std::vector<objc::Ref<ui::Touch>>;
 
 struct Delivery {
-    Touches down;         // every touch that has begun and whose last event is not yet through
+    Touches down;         // every touch whose last event has not been delivered yet
     Recognizers engaged;  // every recogniser with something to settle
     bool running = false; // an event is being delivered, or recognisers are being settled
 };
@@ -31,7 +31,7 @@ ns::Set SetOf(ui::Touch touch) {
     return objc::SendClass<ns::Set, "setWithObject:", ns::Set>(touch);
 }
 
-/// The message of UIResponder and UIGestureRecognizer alike that a touch's phase stands for.
+/// Sends the message for a touch's phase; responders and recognisers have the same four.
 template <objc::Handle Receiver> void Tell(Receiver receiver, ui::Touch touch, TouchPhase phase, ui::Event event) {
     switch (phase) {
     case TouchPhase::kBegan:
@@ -145,8 +145,8 @@ void TakeTouchesFromViews() {
     }
 }
 
-/// Readies the recognisers whose gesture is over and whose fingers have all been lifted.
-void ReadyRecognizers() {
+/// Resets the recognisers whose gesture is over and whose fingers have all been lifted.
+void ResetRecognizers() {
     for (const objc::Ref<GestureRecognizer> &recognizer : Recognizers(Shared().engaged)) {
         RecognizerState &state = RecognizerStateOf(recognizer);
         if (IsOver(state.state)) {
@@ -161,7 +161,7 @@ void ReadyRecognizers() {
         state.state = ui::GestureState::kPossible;
         state.recognized = false;
         state.touches.clear();
-        std::erase_if(Shared().engaged, [&](const auto &other) { return other.get() == recognizer.get(); });
+        std::erase(Shared().engaged, recognizer.get());
     }
 }
 
@@ -175,7 +175,7 @@ void Settle() {
         SendDueActions();
         TakeTouchesFromViews();
     } while (AnyActionDue());
-    ReadyRecognizers();
+    ResetRecognizers();
 }
 
 /// Forgets a lifted touch, also when an exception leaves its last event.
@@ -188,12 +188,11 @@ class LastEvent {
         if (!IsLifted(TouchStateOf(touch_))) {
             return;
         }
-        std::erase_if(Shared().down, [&](const auto &other) { return other.get() == touch_.get(); });
+        std::erase(Shared().down, touch_.get());
         for (const objc::Ref<GestureRecognizer> &recognizer : TouchStateOf(touch_).recognizers) {
-            std::erase_if(RecognizerStateOf(recognizer).touches,
-                          [&](const auto &watched) { return watched.get() == touch_.get(); });
+            std::erase(RecognizerStateOf(recognizer).touches, touch_.get());
         }
-        // The touch and its recognisers would hold one another through events that someone keeps.
+        // Else the touch and its recognisers would keep one another alive while somebody keeps an event.
         TouchStateOf(touch_).recognizers.clear();
     }
 
@@ -261,7 +260,7 @@ void Engage(GestureRecognizer recognizer) {
 }
 
 void SettleRecognizers() {
-    if (!Shared().running) { // else the delivery under way settles them at its end
+    if (!Shared().running) { // else the running delivery settles them at its end
         const ScopedFlag running(Shared().running);
         Settle();
     }

@@ -10,7 +10,7 @@ namespace {
 using ui::ViewController;
 
 void SetView(ViewController self, ui::View view) {
-    ControllerState &state = StateOf<ControllerState>(self);
+    auto &state = StateOf<ControllerState>(self);
     if (state.view) {
         ViewStateOf(state.view).controller = nullptr;
     }

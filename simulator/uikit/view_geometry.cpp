@@ -85,7 +85,7 @@ cg::Rect Grown(cg::Rect rect, double by) {
 
 cg::Rect FrameOf(const ViewValues &values) {
     const cg::Size size = values.bounds.size;
-    if (values.transform == cg::AffineTransform::Identity()) { // exactly, without the way through the corners
+    if (values.transform == cg::AffineTransform::Identity()) { // exact: no rounding on the way through the corners
         return {{values.center.x - size.width / 2, values.center.y - size.height / 2}, size};
     }
     const cg::Rect around = Apply(values.transform, cg::Rect{{-size.width / 2, -size.height / 2}, size});

@@ -40,7 +40,7 @@ void SetNeedsLayout(ui::View view) {
 void LayoutIfNeeded(ui::View view) {
     const objc::Ref<ui::View> keep = view;
     ViewState &state = ViewStateOf(view);
-    // A layout may ask for another; one that never rests would hang the phone, here it is left after some rounds.
+    // A layout may ask for another one. One that always does would hang a phone; here it stops after some rounds.
     constexpr int kMostRounds = 8;
     for (int round = 0; state.needsLayout && round < kMostRounds; ++round) {
         state.needsLayout = false;

@@ -89,7 +89,7 @@ void InsertBeside(ui::View self, ui::View child, ui::View sibling, long offset) 
     if (child == sibling) {
         return;
     }
-    // Places count without the child itself, which leaves its old one.
+    // The index counts without the child, which leaves its old place.
     long index = 0;
     for (const objc::Ref<ui::View> &other : subviews) {
         if (other.get() == sibling) {

@@ -25,7 +25,7 @@ namespace sim {
 namespace {
 
 ui::Window &ApplicationKey() {
-    static ui::Window window; // not owned: a dying window gives the status up
+    static ui::Window window; // not owned: a window gives the status up when it goes
     return window;
 }
 
@@ -33,7 +33,7 @@ bool IsVisible(ui::Window window) {
     return !ViewStateOf(window).hidden;
 }
 
-/// What the key window of the window's scene (of the application, without a scene) is.
+/// The key window of a scene; without a scene, the application's.
 ui::Window KeyAmong(ui::WindowScene scene) {
     return scene ? SceneStateOf(scene).keyWindow : ApplicationKey();
 }
@@ -68,7 +68,7 @@ void ResizeRoot(ui::Window window) {
     }
 }
 
-/// A hidden or dying key window hands the status to the window of its scene that had it before, if that is visible.
+/// Takes key status from a window that is hidden or goes, for the visible window of its scene that had it before.
 void PassKeyOn(ui::Window window) {
     if (!(KeyAmong(WindowStateOf(window).scene) == window)) {
         return;
@@ -211,7 +211,7 @@ std::vector<ui::Window> WindowsOf(ui::WindowScene scene) {
             windows.push_back(window);
         }
     }
-    // Windows never shown keep the order of their making, which the list has them in.
+    // Windows that were never shown keep the order in which they were made.
     const auto rank = [](ui::Window window) {
         const WindowState &state = WindowStateOf(window);
         const auto made = std::ranges::find(AllWindows(), window) - AllWindows().begin();
