@@ -8,7 +8,7 @@ struct _cairo;
 
 namespace sim {
 
-/// How much of a disabled control's colours is left.
+/// The part of its colours' alpha that a disabled control keeps.
 inline constexpr double kDisabledAlpha = 0.5;
 
 /// Sets what is painted next; alpha multiplies the colour's own.

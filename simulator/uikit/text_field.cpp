@@ -28,8 +28,6 @@ constexpr long kRoundedRect = 3;
 // Points.
 constexpr double kHeight = 34;
 constexpr double kBorderedInset = 7;
-constexpr double kCaretWidth = 2;
-constexpr double kSelectionAlpha = 0.2;
 
 struct TextFieldState {
     EditableText text;

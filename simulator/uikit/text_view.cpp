@@ -23,8 +23,6 @@ using ui::TextView;
 
 /// Points between the container's sides and the text, in every text view.
 constexpr double kLinePadding = 5;
-constexpr double kCaretWidth = 2;
-constexpr double kSelectionAlpha = 0.2;
 
 struct TextViewState {
     EditableText text;
