@@ -23,9 +23,6 @@ struct AlertState {
     objc::Ref<ui::AlertAction> preferred;
 };
 
-/// After UIViewController's and UIButton's registration.
-void RegisterAlertController();
-
 AlertState &AlertStateOf(ui::AlertController alert);
 AlertActionState &AlertActionStateOf(ui::AlertAction action);
 

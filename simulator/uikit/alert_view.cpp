@@ -1,10 +1,12 @@
 #include "uikit/alert_view.hpp"
 
 #include "apple/uikit/button.hpp"
+#include "apple/uikit/scroll_view.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/alert_controller.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/color.hpp"
-#include "uikit/scroll_view.hpp"
+#include "uikit/view.hpp"
 
 #include <algorithm>
 #include <cairo.h>
@@ -26,9 +28,9 @@ constexpr double kButtonSize = 17;
 constexpr double kTitleSize = 17;
 constexpr double kMessageSize = 13;
 constexpr double kHairline = 0.5;
-/// Points that a card leaves free above and below itself.
+/// Free space (points) above and below the card.
 constexpr double kFree = 60;
-/// Points of the texts that stay in sight however many buttons there are.
+/// The least height (points) that the texts keep, however many buttons there are.
 constexpr double kLeastText = 66;
 constexpr double kLightDimming = 0.2;
 constexpr double kDarkDimming = 0.48;
@@ -43,15 +45,10 @@ struct ActionView : ui::Button {
     static constexpr const char *kClassName = "_UIAlertControllerActionView";
 };
 
-struct ScrollView : ui::View {
-    using ui::View::View;
-    static constexpr const char *kClassName = "UIScrollView";
-};
-
 struct AlertViewState {
     ui::AlertController alert; // not owned: it owns this view
     objc::Ref<ui::View> card;
-    objc::Ref<ScrollView> texts;
+    objc::Ref<ui::ScrollView> texts;
     objc::Ref<ui::Label> title;
     objc::Ref<ui::Label> message;
     std::vector<objc::Ref<ActionView>> buttons;
@@ -63,19 +60,8 @@ struct ActionViewState {
     ui::View alertView; // not owned: it owns this view
 };
 
-AlertViewState &StateOfAlertView(ui::View view) {
-    return StateOf<AlertViewState>(view);
-}
-
-void Pressed(ActionView self, objc::SEL, ActionView) {
-    const ActionViewState &state = StateOf<ActionViewState>(self);
-    if (const ui::AlertController alert = StateOfAlertView(state.alertView).alert) {
-        ChooseAlertAction(alert, state.action);
-    }
-}
-
 objc::Ref<ui::Label> MakeText(ui::Font font) {
-    const auto label = objc::Ref<ui::Label>::Adopt(objc::As<ui::Label>(ns::Alloc<ui::Label>().initWithFrame({})));
+    auto label = ns::New<ui::Label>();
     label->setFont(font);
     label->setTextAlignment(ui::TextAlignment::kCenter);
     label->setNumberOfLines(0);
@@ -83,12 +69,12 @@ objc::Ref<ui::Label> MakeText(ui::Font font) {
 }
 
 void Build(AlertView self) {
-    AlertViewState &state = StateOfAlertView(self);
+    auto &state = StateOf<AlertViewState>(self);
     state.card = ns::New<ui::View>();
     state.card->setBackgroundColor(ui::Color::systemBackgroundColor());
     state.card->layer().setCornerRadius(kCardRadius);
     state.card->setClipsToBounds(true);
-    state.texts = objc::Ref<ScrollView>::Adopt(ScrollView{ns::Alloc<ScrollView>().initWithFrame({}).pointer});
+    state.texts = ns::New<ui::ScrollView>();
     state.title = MakeText(ui::Font::boldSystemFontOfSize(kTitleSize));
     state.message = MakeText(ui::Font::systemFontOfSize(kMessageSize));
     state.texts->addSubview(state.title);
@@ -97,7 +83,7 @@ void Build(AlertView self) {
     self.addSubview(state.card);
 }
 
-/// The card is one step lighter than what it covers, as all that floats in the dark.
+/// In the dark appearance, what floats is one step lighter than what it covers.
 ui::Color CardColor() {
     return IsDarkAppearance() ? objc::SendClass<ui::Color, "tertiarySystemBackgroundColor", ui::Color>()
                               : ui::Color::secondarySystemBackgroundColor();
@@ -109,7 +95,7 @@ bool IsBold(ui::AlertController alert, AlertAction action) {
 }
 
 void AddButton(ui::View view, ui::AlertController alert, AlertAction action) {
-    AlertViewState &state = StateOfAlertView(view);
+    auto &state = StateOf<AlertViewState>(view);
     const auto button = objc::SendClass<ActionView, "buttonWithType:", ActionView>(ui::ButtonType::kSystem);
     StateOf<ActionViewState>(button) = {action, view};
     AlertActionStateOf(action).view = view;
@@ -123,10 +109,9 @@ void AddButton(ui::View view, ui::AlertController alert, AlertAction action) {
 
 void ShowState(ActionView button) {
     const AlertActionState &action = AlertActionStateOf(StateOf<ActionViewState>(button).action);
-    const ui::Color color = !action.enabled ? ui::Color::systemGrayColor()
-                            : action.style == AlertActionStyle::kDestructive
-                                ? objc::SendClass<ui::Color, "systemRedColor", ui::Color>()
-                                : ui::Color::systemBlueColor();
+    const ui::Color color = !action.enabled                                  ? ui::Color::systemGrayColor()
+                            : action.style == AlertActionStyle::kDestructive ? ui::Color::systemRedColor()
+                                                                             : ui::Color::systemBlueColor();
     button.setTitleColor(color, ui::kStateNormal);
     objc::Send<"setEnabled:", void>(ui::Control{button}, action.enabled);
 }
@@ -139,7 +124,7 @@ double PlaceText(ui::Label label, double y, double width) {
     return height;
 }
 
-/// Places title and message and gives the height of both with their margins.
+/// Places title and message; the result is the height of both with their margins.
 double PlaceTexts(const AlertViewState &state) {
     const double width = kCardWidth - 2 * kSideMargin;
     double y = kTopMargin;
@@ -155,7 +140,7 @@ bool FitInOneRow(const AlertViewState &state) {
            });
 }
 
-/// The buttons as they stand: side by side the cancelling one is left, else it is the last.
+/// The buttons in the order in which they are shown: in a row the cancelling one comes first, in a column last.
 std::vector<ActionView> InOrder(const AlertViewState &state, bool row) {
     std::vector<ActionView> order(state.buttons.begin(), state.buttons.end());
     const auto cancelling = std::ranges::find_if(order, [](ActionView button) {
@@ -170,7 +155,7 @@ std::vector<ActionView> InOrder(const AlertViewState &state, bool row) {
 }
 
 void AddLine(AlertViewState &state, cg::Rect frame) {
-    const auto line = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame(frame));
+    const auto line = ui::MakeView<ui::View>(frame);
     line->setBackgroundColor(ui::Color::separatorColor());
     state.card->addSubview(line);
     state.lines.push_back(line);
@@ -195,8 +180,8 @@ void PlaceButtons(AlertViewState &state, double top, bool row) {
     }
 }
 
-void LayoutSubviews(AlertView self, objc::SEL) {
-    AlertViewState &state = StateOfAlertView(self);
+void LayoutCard(AlertView self) {
+    auto &state = StateOf<AlertViewState>(self);
     const cg::Size size = self.bounds().size;
     const bool row = FitInOneRow(state);
     const double rows = state.buttons.empty() ? 0 : row ? 1 : static_cast<double>(state.buttons.size());
@@ -207,7 +192,7 @@ void LayoutSubviews(AlertView self, objc::SEL) {
     state.card->setBackgroundColor(CardColor());
     state.card->setFrame({{(size.width - card.width) / 2, (size.height - card.height) / 2}, card});
     state.texts->setFrame({{}, {kCardWidth, texts}});
-    SetContentSize(state.texts, {kCardWidth, whole});
+    state.texts->setContentSize({kCardWidth, whole});
     PlaceButtons(state, texts, row);
 }
 
@@ -220,6 +205,19 @@ void DrawDimming(ui::View view, cairo_t *context) {
 
 } // namespace
 
+void DefineAlertView() {
+    auto button = Class<ActionViewState>(ActionView::kClassName, "UIButton");
+    button.Method<"_pressed:">([](const ActionViewState &state, ActionView) {
+        if (const ui::AlertController alert = StateOf<AlertViewState>(state.alertView).alert) {
+            ChooseAlertAction(alert, state.action);
+        }
+    });
+
+    auto view = Class<AlertViewState>(AlertView::kClassName, "UIView");
+    view.Method<"layoutSubviews", &LayoutCard>();
+    RegisterDrawing(AlertView::kClassName, &DrawDimming);
+}
+
 objc::Ref<ui::View> MakeAlertView() {
     const auto view = ns::New<AlertView>();
     Build(view);
@@ -227,7 +225,7 @@ objc::Ref<ui::View> MakeAlertView() {
 }
 
 void FillAlertView(ui::View view, ui::AlertController alert) {
-    AlertViewState &state = StateOfAlertView(view);
+    auto &state = StateOf<AlertViewState>(view);
     state.alert = alert;
     state.title->setText(objc::Send<"title", ns::String>(alert));
     state.message->setText(AlertStateOf(alert).message);
@@ -242,15 +240,7 @@ void FillAlertView(ui::View view, ui::AlertController alert) {
 }
 
 void ForgetAlert(ui::View view) {
-    StateOfAlertView(view).alert = nullptr;
-}
-
-void RegisterAlertView() {
-    const objc::MethodEntry buttonMethods[] = {objc::MethodNamed<"_pressed:", &Pressed>()};
-    RegisterClassWithState<ActionViewState>(ActionView::kClassName, "UIButton", buttonMethods);
-    const objc::MethodEntry methods[] = {objc::MethodNamed<"layoutSubviews", &LayoutSubviews>()};
-    RegisterClassWithState<AlertViewState>(AlertView::kClassName, "UIView", methods);
-    RegisterDrawing(AlertView::kClassName, &DrawDimming);
+    StateOf<AlertViewState>(view).alert = nullptr;
 }
 
 } // namespace sim

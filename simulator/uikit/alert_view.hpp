@@ -7,16 +7,13 @@
 
 namespace sim {
 
-/// After UIScrollView's and UIButton's registration.
-void RegisterAlertView();
-
 /// A view to fill the window with.
 objc::Ref<ui::View> MakeAlertView();
 
 /// Shows what the alert now has to say; the view does not keep the alert.
 void FillAlertView(ui::View view, ui::AlertController alert);
 
-/// Leaves the view without its alert, which is going.
+/// Tells the view that its alert is being deallocated.
 void ForgetAlert(ui::View view);
 
 } // namespace sim

@@ -21,13 +21,13 @@ struct AnimationGroup {
 
 namespace {
 
-/// The animation blocks being run, innermost last; null where changes are not animated.
+/// The animation blocks that run now, the innermost last; null for one in which changes are not animated.
 std::vector<std::shared_ptr<AnimationGroup>> &OpenBlocks() {
     static std::vector<std::shared_ptr<AnimationGroup>> blocks;
     return blocks;
 }
 
-/// A block stands open for the extent of a scope, also when an exception leaves it.
+/// Keeps a block open until the end of a scope, also when an exception leaves the scope.
 class OpenBlock {
   public:
     explicit OpenBlock(std::shared_ptr<AnimationGroup> group) {
@@ -43,7 +43,7 @@ class OpenBlock {
 void Finish(const std::shared_ptr<AnimationGroup> &group) {
     group->done = true;
     if (group->completion) {
-        // Taken out first: what it captures goes when it has run, not when the last view forgets the animation.
+        // Taken out first: its captures are freed once it has run, not when the last view forgets the animation.
         const auto completion = std::exchange(group->completion, nullptr);
         completion(group->finished);
     }
@@ -106,7 +106,7 @@ cg::Size Add(cg::Size to, cg::Size what, double times) {
     return {to.width + what.width * times, to.height + what.height * times};
 }
 
-/// Adds to the animation what the change from one set of values to the other leaves to be animated.
+/// Adds the difference between the two sets of values to the animation.
 void AddDifference(ViewAnimation &animation, const ViewValues &before, const ViewValues &after) {
     const auto difference = [](auto from, auto to, auto sum) { return Add(Add(sum, from, 1), to, -1); };
     animation.center = difference(before.center, after.center, animation.center);
@@ -120,7 +120,7 @@ void AddDifference(ViewAnimation &animation, const ViewValues &before, const Vie
     }
 }
 
-/// The colour at a fraction of the way; nil counts as the other colour made clear.
+/// The colour at a fraction of the way from one to the other; nil counts as the other colour with alpha 0.
 ui::Color Mix(ui::Color from, ui::Color to, double fraction) {
     if (!from && !to) {
         return {};
@@ -153,7 +153,7 @@ AnimationCurve AnimationCurve::Spring(double damping, double velocity, double du
     spring.damping_ = std::clamp(damping, 0.01, 1.0);
     spring.velocity_ = velocity;
     spring.duration_ = std::max(duration, 1e-6);
-    // The stiffer the spring, the sooner it rests: halve the range until it rests just when the time is over.
+    // A stiffer spring rests sooner: search for the one that rests just when the time is over.
     double low = 0.01 / spring.duration_;
     double high = 1e5 / spring.duration_;
     for (int i = 0; i < 100; ++i) {
@@ -225,7 +225,7 @@ void EndAnimations(ui::View view) {
             continue;
         }
         group.finished = false;
-        if (--group.parts == 0 && group.end != 0) { // without an end its block is still being run
+        if (--group.parts == 0 && group.end != 0) { // no end yet: its block is still running
             clock::Cancel(group.end);
             ScheduleFinish(animation.group, 0);
         }

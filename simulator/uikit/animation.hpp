@@ -72,7 +72,7 @@ void RecordAnimation(ui::View view, const ViewValues &before, const ViewValues &
 /// Ends the animations of one view at once; a block's completion gets NO when its last animation ends so.
 void EndAnimations(ui::View view);
 
-/// Whether an animation holds the view's touches off (it has not ended and did not allow user interaction).
+/// Whether the view gets no touches because of an animation that has not ended and does not allow user interaction.
 bool AnimationSuspendsInteraction(ui::View view);
 
 } // namespace sim

@@ -2,15 +2,13 @@
 
 #include "runtime/native_class.hpp"
 #include "uikit/array.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/responder.hpp"
 #include "uikit/scene_state.hpp"
 #include "uikit/touch_delivery.hpp"
 
 namespace sim {
 namespace {
-
-// A set whose objects come out in the order in which they went in: the phone's own order is arbitrary but stable, and a
-// simulated phone must do the same at every run.
 
 struct OrderedSetState {
     objc::Ref<ns::Array> objects;
@@ -21,57 +19,27 @@ struct SceneSet : ns::Set {
     static constexpr const char *kClassName = "SimulatedSceneSet";
 };
 
-ns::Array ObjectsOf(SceneSet set) {
-    return StateOf<OrderedSetState>(set).objects;
-}
-
-unsigned long Count(SceneSet self, objc::SEL) {
-    return ObjectsOf(self).count();
-}
-
-ns::Object Member(SceneSet self, objc::SEL, ns::Object object) {
-    const ns::Array objects = ObjectsOf(self);
-    for (unsigned long i = 0; i < objects.count(); ++i) {
-        if (objects.objectAtIndex(i).isEqual(object)) {
-            return objects.objectAtIndex(i);
+/// A set that keeps the order in which its objects were added. On the phone the order is arbitrary; here every run must
+/// show the same one.
+void DefineSceneSet() {
+    auto set = Class<OrderedSetState>(SceneSet::kClassName, "NSSet");
+    set.Method<"count">([](const OrderedSetState &state) { return state.objects->count(); });
+    set.Method<"member:">([](const OrderedSetState &state, ns::Object object) {
+        for (const ns::Object member : ns::ArrayOf<ns::Object>(state.objects)) {
+            if (member.isEqual(object)) {
+                return member;
+            }
         }
-    }
-    return {};
+        return ns::Object{};
+    });
+    set.Method<"objectEnumerator">(
+        [](const OrderedSetState &state) { return objc::Send<"objectEnumerator", ns::Object>(state.objects.get()); });
+    set.ReadOnly<"allObjects", &OrderedSetState::objects>();
+    set.Method<"anyObject">([](const OrderedSetState &state) { return state.objects->firstObject(); });
 }
 
-ns::Object ObjectEnumerator(SceneSet self, objc::SEL) {
-    return objc::Send<"objectEnumerator", ns::Object>(ObjectsOf(self));
-}
-
-ns::Array AllObjects(SceneSet self, objc::SEL) {
-    return ObjectsOf(self);
-}
-
-ns::Object AnyObject(SceneSet self, objc::SEL) {
-    return ObjectsOf(self).firstObject();
-}
-
-ui::Application SharedApplication(ui::Application, objc::SEL) {
-    static const auto &application = *new objc::Ref<ui::Application>(ns::New<ui::Application>());
-    return application;
-}
-
-ns::Set ConnectedScenesOf(ui::Application, objc::SEL) {
-    const SceneSet set{objc::Send<"autorelease", ns::Object>(objc::SendClass<SceneSet, "new", ns::Object>()).pointer};
-    StateOf<OrderedSetState>(set).objects = ArrayOf(ConnectedScenes());
-    return set;
-}
-
-ns::Array Windows(ui::Application, objc::SEL) {
-    return ArrayOf(WindowsOf(nullptr));
-}
-
-ui::Window KeyWindow(ui::Application, objc::SEL) {
-    return ApplicationKeyWindow();
-}
-
-/// UIApplicationState: 0 active, 1 inactive, 2 background; the best that any scene is in.
-long ApplicationState(ui::Application, objc::SEL) {
+/// UIApplicationState: 0 active, 1 inactive, 2 background; the most active one that any scene has.
+long ApplicationState(ui::Application) {
     long best = 2;
     for (const ui::WindowScene scene : ConnectedScenes()) {
         const long state = SceneStateOf(scene).activationState;
@@ -80,58 +48,52 @@ long ApplicationState(ui::Application, objc::SEL) {
     return best;
 }
 
-void SendEvent(ui::Application, objc::SEL, ui::Event event) {
-    for (const ui::Window window : WindowsTouchedBy(event)) {
-        objc::Send<"sendEvent:", void>(window, event);
+/// Where an action without a target goes: the first responder up the chain that answers to it, or nowhere.
+ns::Object TargetInChain(objc::SEL action, ns::Object sender) {
+    const bool inChain = sender.isKindOfClass(objc::ClassOf<ui::Responder>());
+    ui::Responder step = inChain ? objc::As<ui::Responder>(sender) : FirstResponder();
+    while (step && !step.respondsToSelector(action)) {
+        step = step.nextResponder();
     }
+    return step;
 }
 
-bool SendAction(ui::Application, objc::SEL, objc::SEL action, ns::Object target, ns::Object sender, ui::Event event) {
-    if (!target) {
-        // Without a target the action goes to the first responder up the chain that answers to it.
-        const bool inChain = sender.isKindOfClass(objc::ClassOf<ui::Responder>());
-        for (ui::Responder step = inChain ? ui::Responder{sender.pointer} : FirstResponder(); step;
-             step = objc::Send<"nextResponder", ui::Responder>(step)) {
-            if (step.respondsToSelector(action)) {
-                target = step;
-                break;
-            }
-        }
-    }
-    if (!target || action == nullptr) {
+bool SendActionTo(ui::Application, objc::SEL action, ns::Object target, ns::Object sender, ui::Event event) {
+    const ns::Object receiver = target ? target : TargetInChain(action, sender);
+    if (!receiver || action == nullptr) {
         return false;
     }
-    target.performSelector(action, sender, event); // a method that takes fewer arguments leaves the rest alone
+    receiver.performSelector(action, sender, event); // a method with fewer parameters ignores the rest
     return true;
 }
 
 } // namespace
 
-ui::View HitTestScreen(cg::Point point) {
-    return HitTestWindows(point, nullptr);
+void DefineApplication() {
+    DefineSceneSet();
+    auto application = Class("UIApplication", "UIResponder");
+    application.ClassMethod<"sharedApplication">([](ui::Application) -> ui::Application {
+        static const auto &shared = *new objc::Ref<ui::Application>(ns::New<ui::Application>());
+        return shared;
+    });
+    application.Method<"connectedScenes">([](ui::Application) {
+        const auto set = ns::New<SceneSet>();
+        StateOf<OrderedSetState>(set).objects = MakeArray(ConnectedScenes());
+        return set;
+    });
+    application.Method<"windows">([](ui::Application) { return MakeArray(WindowsOf(nullptr)); });
+    application.Method<"keyWindow">([](ui::Application) { return ApplicationKeyWindow(); });
+    application.Method<"applicationState", &ApplicationState>();
+    application.Method<"sendEvent:">([](ui::Application, ui::Event event) {
+        for (const ui::Window window : WindowsTouchedBy(event)) {
+            objc::Send<"sendEvent:", void>(window, event);
+        }
+    });
+    application.Method<"sendAction:to:from:forEvent:", &SendActionTo>();
 }
 
-void RegisterApplication() {
-    const objc::MethodEntry setMethods[] = {
-        objc::MethodNamed<"count", &Count>(),
-        objc::MethodNamed<"member:", &Member>(),
-        objc::MethodNamed<"objectEnumerator", &ObjectEnumerator>(),
-        objc::MethodNamed<"allObjects", &AllObjects>(),
-        objc::MethodNamed<"anyObject", &AnyObject>(),
-    };
-    RegisterClassWithState<OrderedSetState>(SceneSet::kClassName, "NSSet", setMethods);
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"connectedScenes", &ConnectedScenesOf>(),
-        objc::MethodNamed<"windows", &Windows>(),
-        objc::MethodNamed<"keyWindow", &KeyWindow>(),
-        objc::MethodNamed<"applicationState", &ApplicationState>(),
-        objc::MethodNamed<"sendEvent:", &SendEvent>(),
-        objc::MethodNamed<"sendAction:to:from:forEvent:", &SendAction>(),
-    };
-    const objc::MethodEntry classMethods[] = {
-        objc::MethodNamed<"sharedApplication", &SharedApplication>(),
-    };
-    RegisterClass("UIApplication", "UIResponder", methods, classMethods);
+ui::View HitTestScreen(cg::Point point) {
+    return HitTestWindows(point, nullptr);
 }
 
 } // namespace sim

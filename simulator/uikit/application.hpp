@@ -7,8 +7,6 @@
 
 namespace sim {
 
-void RegisterApplication();
-
 /// Sets the main screen's size (points) and scale (pixels a point). Before the first scene or window is made.
 void SetScreen(cg::Size size, double scale);
 

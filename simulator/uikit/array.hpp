@@ -8,7 +8,7 @@
 namespace sim {
 
 /// An autoreleased array of the vector's objects (views or references), none of which may be nil.
-template <class T> ns::Array ArrayOf(const std::vector<T> &objects) {
+template <class T> ns::Array MakeArray(const std::vector<T> &objects) {
     std::vector<objc::id> pointers;
     pointers.reserve(objects.size());
     for (const T &object : objects) {

@@ -1,5 +1,5 @@
 #pragma once
-// UIBarItem and UIBarButtonItem: what toolbars show, with whom a tap tells.
+// UIBarItem and UIBarButtonItem: what toolbars show, and where a tap on it goes.
 
 #include "apple/uikit/toolbar.hpp"
 #include "objc/ref.hpp"
@@ -16,12 +16,10 @@ struct BarItemState {
 
 struct BarButtonItemState {
     TargetAction action;
-    long style = 0;       // UIBarButtonItemStyle
+    ui::BarButtonItemStyle style{};
     long systemItem = -1; // UIBarButtonSystemItem; -1 for an item with a title
     double width = 0;     // of a fixed space, points
 };
-
-void RegisterBarItem();
 
 BarItemState &BarItemStateOf(ui::BarButtonItem item);
 BarButtonItemState &BarButtonItemStateOf(ui::BarButtonItem item);

@@ -1,7 +1,7 @@
-#include "uikit/button.hpp"
+// UIButton: a title that depends on the control's state, in a label of its own.
 
-#include "apple/uikit/edge_insets.hpp"
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/control.hpp"
 #include "uikit/view.hpp"
 
@@ -29,128 +29,80 @@ struct ButtonState {
     ui::EdgeInsets contentInsets;
 };
 
-ButtonState &StateOfButton(Button self) {
-    return StateOf<ButtonState>(self);
-}
-
-unsigned long ControlStateBits(Button self) {
-    return objc::Send<"state", unsigned long>(self);
-}
-
-/// What is set for the state, else what is set for the normal state, else nil.
-template <class T> T ForState(const std::map<unsigned long, objc::Ref<T>> &values, unsigned long state) {
-    auto found = values.find(state);
-    if (found == values.end()) {
-        found = values.find(ui::kStateNormal);
-    }
-    return found == values.end() ? T{} : found->second.get();
-}
-
-ui::Color ColorForState(Button self, unsigned long state) {
-    if (const ui::Color color = ForState(StateOfButton(self).titleColors, state)) {
+ui::Color ColorFor(const ButtonState &button, unsigned long state) {
+    if (const ui::Color color = ForState(button.titleColors, state)) {
         return color;
     }
-    return StateOfButton(self).type == kCustomType ? ui::Color::whiteColor() : ui::Color::systemBlueColor();
+    return button.type == kCustomType ? ui::Color::whiteColor() : ui::Color::systemBlueColor();
+}
+
+unsigned long PresentState(Button self) {
+    return objc::Send<"state", unsigned long>(self);
 }
 
 /// Brings the label in line with the present state.
 void UpdateLabel(Button self) {
-    if (const ui::Label label = StateOfButton(self).label) {
-        const unsigned long state = ControlStateBits(self);
-        label.setText(ForState(StateOfButton(self).titles, state));
-        label.setTextColor(ColorForState(self, state));
-    }
+    const auto &button = StateOf<ButtonState>(self);
+    button.label->setText(ForState(button.titles, PresentState(self)));
+    button.label->setTextColor(ColorFor(button, PresentState(self)));
     SetNeedsLayout(self);
 }
 
-ui::Label TitleLabel(Button self, objc::SEL) {
-    ButtonState &state = StateOfButton(self);
-    if (!state.label) {
-        state.label = ns::New<ui::Label>();
-        state.label->setFont(ui::Font::systemFontOfSize(state.type == kCustomType ? kCustomFontSize : kSystemFontSize));
-        state.label->setLineBreakMode(kTruncateMiddle);
-        self.addSubview(state.label);
+ui::Label TitleLabel(Button self) {
+    auto &button = StateOf<ButtonState>(self);
+    if (!button.label) {
+        button.label = ns::New<ui::Label>();
+        const double size = button.type == kCustomType ? kCustomFontSize : kSystemFontSize;
+        button.label->setFont(ui::Font::systemFontOfSize(size));
+        button.label->setLineBreakMode(kTruncateMiddle);
+        self.addSubview(button.label);
         UpdateLabel(self);
     }
-    return state.label;
+    return button.label;
 }
 
-Button ButtonWithType(Button self, objc::SEL, long type) {
-    const Button made{objc::Send<"alloc", Button>(self).initWithFrame({}).pointer};
-    StateOfButton(made).type = type;
-    return objc::Send<"autorelease", Button>(made);
+void DefineTitle(Class<ButtonState> &button) {
+    button.Method<"titleLabel", &TitleLabel>();
+    button.Method<"titleForState:">(
+        [](const ButtonState &self, unsigned long state) { return ForState(self.titles, state); });
+    button.Method<"setTitle:forState:">([](Button self, ns::String title, unsigned long state) {
+        if (title) {
+            StateOf<ButtonState>(self).titles[state] = CopyOf(title);
+            self.titleLabel();
+        } else {
+            StateOf<ButtonState>(self).titles.erase(state);
+        }
+        UpdateLabel(self);
+    });
+    button.Method<"currentTitle">(
+        [](Button self) { return ForState(StateOf<ButtonState>(self).titles, PresentState(self)); });
+    button.Method<"titleColorForState:", &ColorFor>();
+    button.Method<"setTitleColor:forState:">([](Button self, ui::Color color, unsigned long state) {
+        if (color) {
+            StateOf<ButtonState>(self).titleColors[state] = color;
+        } else {
+            StateOf<ButtonState>(self).titleColors.erase(state);
+        }
+        UpdateLabel(self);
+    });
+    button.Method<"currentTitleColor">(
+        [](Button self) { return ColorFor(StateOf<ButtonState>(self), PresentState(self)); });
 }
 
-long ButtonType(Button self, objc::SEL) {
-    return StateOfButton(self).type;
-}
-
-ns::String TitleForState(Button self, objc::SEL, unsigned long state) {
-    return ForState(StateOfButton(self).titles, state);
-}
-
-void SetTitle(Button self, objc::SEL, ns::String title, unsigned long state) {
-    if (title) {
-        StateOfButton(self).titles[state] = objc::Ref<ns::String>::Adopt(objc::Send<"copy", ns::String>(title));
-        self.titleLabel();
-    } else {
-        StateOfButton(self).titles.erase(state);
-    }
-    UpdateLabel(self);
-}
-
-ns::String CurrentTitle(Button self, objc::SEL) {
-    return ForState(StateOfButton(self).titles, ControlStateBits(self));
-}
-
-ui::Color TitleColorForState(Button self, objc::SEL, unsigned long state) {
-    return ColorForState(self, state);
-}
-
-void SetTitleColor(Button self, objc::SEL, ui::Color color, unsigned long state) {
-    if (color) {
-        StateOfButton(self).titleColors[state] = color;
-    } else {
-        StateOfButton(self).titleColors.erase(state);
-    }
-    UpdateLabel(self);
-}
-
-ui::Color CurrentTitleColor(Button self, objc::SEL) {
-    return ColorForState(self, ControlStateBits(self));
-}
-
-ui::EdgeInsets TitleEdgeInsets(Button self, objc::SEL) {
-    return StateOfButton(self).titleInsets;
-}
-
-void SetTitleEdgeInsets(Button self, objc::SEL, ui::EdgeInsets insets) {
-    StateOfButton(self).titleInsets = insets;
-    SetNeedsLayout(self);
-}
-
-ui::EdgeInsets ContentEdgeInsets(Button self, objc::SEL) {
-    return StateOfButton(self).contentInsets;
-}
-
-void SetContentEdgeInsets(Button self, objc::SEL, ui::EdgeInsets insets) {
-    StateOfButton(self).contentInsets = insets;
-    SetNeedsLayout(self);
-}
-
-void SetHighlighted(Button self, objc::SEL, bool highlighted) {
-    objc::SendSuper<"setHighlighted:", void>(ui::Control{self.pointer}, highlighted);
-    UpdateLabel(self);
-}
-
-void SetEnabled(Button self, objc::SEL, bool enabled) {
-    objc::SendSuper<"setEnabled:", void>(ui::Control{self.pointer}, enabled);
-    UpdateLabel(self);
-}
-
-void SetSelected(Button self, objc::SEL, bool selected) {
-    objc::SendSuper<"setSelected:", void>(ui::Control{self.pointer}, selected);
-    UpdateLabel(self);
+/// The states that the title depends on.
+void DefineStates(Class<ButtonState> &button) {
+    button.Method<"setHighlighted:">([](Button self, bool highlighted) {
+        objc::SendSuper<"setHighlighted:", void>(ui::Control{self}, highlighted);
+        UpdateLabel(self);
+    });
+    button.Method<"setEnabled:">([](Button self, bool enabled) {
+        objc::SendSuper<"setEnabled:", void>(ui::Control{self}, enabled);
+        UpdateLabel(self);
+    });
+    button.Method<"setSelected:">([](Button self, bool selected) {
+        objc::SendSuper<"setSelected:", void>(ui::Control{self}, selected);
+        UpdateLabel(self);
+    });
 }
 
 // Layout.
@@ -200,12 +152,8 @@ Alignment AlignmentOf(long contentAlignment) {
     }
 }
 
-cg::Rect ContentRectForBounds(Button self, objc::SEL, cg::Rect bounds) {
-    return Inset(bounds, StateOfButton(self).contentInsets);
-}
-
-cg::Rect TitleRectForContentRect(Button self, objc::SEL, cg::Rect content) {
-    const ButtonState &state = StateOfButton(self);
+cg::Rect TitleRect(Button self, cg::Rect content) {
+    const auto &state = StateOf<ButtonState>(self);
     const cg::Rect room = Inset(content, state.titleInsets);
     const cg::Size fitted = state.label->sizeThatFits(room.size);
     const ControlState &control = ControlStateOf(self);
@@ -214,54 +162,40 @@ cg::Rect TitleRectForContentRect(Button self, objc::SEL, cg::Rect content) {
     return {{room.origin.x + across.start, room.origin.y + down.start}, {across.length, down.length}};
 }
 
-void LayoutSubviews(Button self, objc::SEL) {
-    const ui::Label label = StateOfButton(self).label;
-    if (label) {
-        const cg::Rect content = objc::Send<"contentRectForBounds:", cg::Rect>(self, self.bounds());
-        label.setFrame(objc::Send<"titleRectForContentRect:", cg::Rect>(self, content));
-    }
-}
-
-cg::Size SizeThatFits(Button self, objc::SEL, cg::Size size) {
-    const ButtonState &state = StateOfButton(self);
-    const cg::Size fitted = state.label ? state.label->sizeThatFits(size) : cg::Size{};
-    const ui::EdgeInsets by = state.contentInsets;
-    return {fitted.width + by.left + by.right, fitted.height + by.top + by.bottom};
-}
-
-bool GestureRecognizerShouldBegin(Button self, objc::SEL, ui::GestureRecognizer recognizer) {
-    return TapControlAllows(self, recognizer);
+void DefineLayout(Class<ButtonState> &button) {
+    button.Property<"titleEdgeInsets", &ButtonState::titleInsets, &SetNeedsLayout>();
+    button.Property<"contentEdgeInsets", &ButtonState::contentInsets, &SetNeedsLayout>();
+    button.Method<"contentRectForBounds:">(
+        [](const ButtonState &state, cg::Rect bounds) { return Inset(bounds, state.contentInsets); });
+    button.Method<"titleRectForContentRect:", &TitleRect>();
+    button.Method<"layoutSubviews">([](Button self) {
+        if (const ui::Label label = StateOf<ButtonState>(self).label) {
+            const auto content = objc::Send<"contentRectForBounds:", cg::Rect>(self, self.bounds());
+            label.setFrame(objc::Send<"titleRectForContentRect:", cg::Rect>(self, content));
+        }
+    });
+    button.Method<"sizeThatFits:">([](const ButtonState &state, cg::Size size) -> cg::Size {
+        const cg::Size fitted = state.label->sizeThatFits(size);
+        const ui::EdgeInsets by = state.contentInsets;
+        return {fitted.width + by.left + by.right, fitted.height + by.top + by.bottom};
+    });
 }
 
 } // namespace
 
-void RegisterButton() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"buttonType", &ButtonType>(),
-        objc::MethodNamed<"titleLabel", &TitleLabel>(),
-        objc::MethodNamed<"titleForState:", &TitleForState>(),
-        objc::MethodNamed<"setTitle:forState:", &SetTitle>(),
-        objc::MethodNamed<"currentTitle", &CurrentTitle>(),
-        objc::MethodNamed<"titleColorForState:", &TitleColorForState>(),
-        objc::MethodNamed<"setTitleColor:forState:", &SetTitleColor>(),
-        objc::MethodNamed<"currentTitleColor", &CurrentTitleColor>(),
-        objc::MethodNamed<"titleEdgeInsets", &TitleEdgeInsets>(),
-        objc::MethodNamed<"setTitleEdgeInsets:", &SetTitleEdgeInsets>(),
-        objc::MethodNamed<"contentEdgeInsets", &ContentEdgeInsets>(),
-        objc::MethodNamed<"setContentEdgeInsets:", &SetContentEdgeInsets>(),
-        objc::MethodNamed<"setHighlighted:", &SetHighlighted>(),
-        objc::MethodNamed<"setEnabled:", &SetEnabled>(),
-        objc::MethodNamed<"setSelected:", &SetSelected>(),
-        objc::MethodNamed<"contentRectForBounds:", &ContentRectForBounds>(),
-        objc::MethodNamed<"titleRectForContentRect:", &TitleRectForContentRect>(),
-        objc::MethodNamed<"layoutSubviews", &LayoutSubviews>(),
-        objc::MethodNamed<"sizeThatFits:", &SizeThatFits>(),
-        objc::MethodNamed<"gestureRecognizerShouldBegin:", &GestureRecognizerShouldBegin>(),
-    };
-    const objc::MethodEntry classMethods[] = {
-        objc::MethodNamed<"buttonWithType:", &ButtonWithType>(),
-    };
-    RegisterClassWithState<ButtonState>("UIButton", "UIControl", methods, classMethods);
+void DefineButton() {
+    auto button = Class<ButtonState>("UIButton", "UIControl");
+    button.ClassMethod<"buttonWithType:">([](Button self, long type) {
+        const auto made =
+            objc::Ref<Button>::Adopt(objc::As<Button>(objc::Send<"alloc", Button>(self).initWithFrame({})));
+        StateOf<ButtonState>(made).type = type;
+        return made;
+    });
+    button.ReadOnly<"buttonType", &ButtonState::type>();
+    DefineTitle(button);
+    DefineStates(button);
+    DefineLayout(button);
+    button.Method<"gestureRecognizerShouldBegin:", &TapControlAllows>();
 }
 
 } // namespace sim

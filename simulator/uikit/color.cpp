@@ -1,7 +1,7 @@
 #include "uikit/color.hpp"
 
-#include "runtime/autorelease.hpp"
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -26,19 +26,19 @@ struct ColorState {
 
 bool darkAppearance = false;
 
-double UnitInterval(double value) {
+constexpr double UnitInterval(double value) {
     return value > 0 ? std::min(value, 1.0) : 0; // NaN gives 0 too
 }
 
-::CGColor White(double white, double alpha) {
+constexpr ::CGColor White(double white, double alpha = 1) {
     return {2, {white, UnitInterval(alpha)}};
 }
 
-::CGColor Rgb(double red, double green, double blue, double alpha) {
+constexpr ::CGColor Rgb(double red, double green, double blue, double alpha = 1) {
     return {4, {red, green, blue, UnitInterval(alpha)}};
 }
 
-::CGColor Hex(std::uint32_t rgb, double alpha) {
+constexpr ::CGColor Hex(std::uint32_t rgb, double alpha = 1) {
     return Rgb((rgb >> 16 & 0xFF) / 255.0, (rgb >> 8 & 0xFF) / 255.0, (rgb & 0xFF) / 255.0, alpha);
 }
 
@@ -52,65 +52,22 @@ Rgba Resolve(const ::CGColor &color) {
     return color.count == 2 ? Rgba{c[0], c[0], c[0], c[1]} : Rgba{c[0], c[1], c[2], c[3]};
 }
 
-ColorState &StateOfColor(ui::Color color) {
-    return StateOf<ColorState>(color);
-}
-
 ::CGColor &Current(ui::Color color) {
-    ColorState &state = StateOfColor(color);
+    auto &state = StateOf<ColorState>(color);
     return darkAppearance ? state.dark : state.light;
 }
 
 objc::Ref<ui::Color> MakeColor(const ::CGColor &light, const ::CGColor &dark) {
     objc::Ref<ui::Color> color = ns::New<ui::Color>();
-    StateOfColor(color) = {light, dark};
+    StateOf<ColorState>(color) = {light, dark};
     return color;
 }
 
-ui::Color Plain(const ::CGColor &color) {
-    return Autoreleased(MakeColor(color, color));
+objc::Ref<ui::Color> Plain(const ::CGColor &color) {
+    return MakeColor(color, color);
 }
 
-ui::Color ColorWithRed(objc::Object, objc::SEL, double red, double green, double blue, double alpha) {
-    return Plain(Rgb(red, green, blue, alpha));
-}
-
-ui::Color ColorWithWhite(objc::Object, objc::SEL, double white, double alpha) {
-    return Plain(White(white, alpha));
-}
-
-ui::Color ColorWithCGColor(objc::Object, objc::SEL, ::CGColor *color) {
-    return color != nullptr ? Plain(*color) : ui::Color{};
-}
-
-// The named colours are each one object that lives as long as the process, as UIKit's are.
-
-template <double Value, double Opacity = 1.0> ui::Color NamedGrey(objc::Object, objc::SEL) {
-    static const auto color = MakeColor(White(Value, Opacity), White(Value, Opacity));
-    return color;
-}
-
-template <double Red, double Green, double Blue> ui::Color NamedRgb(objc::Object, objc::SEL) {
-    static const auto color = MakeColor(Rgb(Red, Green, Blue, 1), Rgb(Red, Green, Blue, 1));
-    return color;
-}
-
-template <std::uint32_t Light, std::uint32_t Dark, double LightAlpha = 1.0, double DarkAlpha = LightAlpha>
-ui::Color Adaptive(objc::Object, objc::SEL) {
-    static const auto color = MakeColor(Hex(Light, LightAlpha), Hex(Dark, DarkAlpha));
-    return color;
-}
-
-ui::Color ColorWithAlphaComponent(ui::Color self, objc::SEL, double alpha) {
-    const ColorState &state = StateOfColor(self);
-    return Autoreleased(MakeColor(WithAlpha(state.light, alpha), WithAlpha(state.dark, alpha)));
-}
-
-::CGColor *CGColorOf(ui::Color self, objc::SEL) {
-    return &Current(self);
-}
-
-bool GetRed(ui::Color self, objc::SEL, double *red, double *green, double *blue, double *alpha) {
+bool GetRed(ui::Color self, double *red, double *green, double *blue, double *alpha) {
     const Rgba color = Resolve(Current(self));
     const auto give = [](double *to, double value) {
         if (to != nullptr) {
@@ -124,93 +81,125 @@ bool GetRed(ui::Color self, objc::SEL, double *red, double *green, double *blue,
     return true;
 }
 
-bool IsEqual(ui::Color self, objc::SEL, ns::Object other) {
-    if (!other || !other.isKindOfClass(objc::ClassOf<ui::Color>())) {
+bool IsEqual(const ColorState &left, ns::Object other) {
+    if (!other.isKindOfClass(objc::ClassOf<ui::Color>())) {
         return false;
     }
-    const ColorState &left = StateOfColor(self);
-    const ColorState &right = StateOfColor(ui::Color{other.pointer});
+    const auto &right = StateOf<ColorState>(other);
     return left.light == right.light && left.dark == right.dark;
 }
 
-unsigned long Hash(ui::Color self, objc::SEL) {
+unsigned long Hash(const ColorState &state) {
     unsigned long hash = 0;
-    for (const double component : StateOfColor(self).light.components) {
+    for (const double component : state.light.components) {
         hash = hash * 31 + std::hash<double>{}(component);
     }
     return hash;
 }
 
+void DefineMaking(Class<ColorState> &color) {
+    color.ClassMethod<"colorWithRed:green:blue:alpha:">(
+        [](ui::Color, double red, double green, double blue, double alpha) {
+            return Plain(Rgb(red, green, blue, alpha));
+        });
+    color.ClassMethod<"colorWithWhite:alpha:">(
+        [](ui::Color, double white, double alpha) { return Plain(White(white, alpha)); });
+    color.ClassMethod<"colorWithCGColor:">(
+        [](ui::Color, ::CGColor *same) { return same != nullptr ? Plain(*same) : nullptr; });
+    color.Method<"colorWithAlphaComponent:">([](const ColorState &state, double alpha) {
+        return MakeColor(WithAlpha(state.light, alpha), WithAlpha(state.dark, alpha));
+    });
+}
+
+/// A named colour. As in UIKit, it is one object that lives as long as the process.
+template <objc::FixedString Name, ::CGColor Light, ::CGColor Dark = Light> void DefineNamed(Class<ColorState> &color) {
+    color.ClassMethod<Name>([](ui::Color) -> ui::Color {
+        static const auto named = MakeColor(Light, Dark);
+        return named;
+    });
+}
+
+void DefinePlainColors(Class<ColorState> &color) {
+    DefineNamed<"clearColor", White(0, 0)>(color);
+    DefineNamed<"blackColor", White(0)>(color);
+    DefineNamed<"darkGrayColor", White(1.0 / 3)>(color);
+    DefineNamed<"grayColor", White(0.5)>(color);
+    DefineNamed<"lightGrayColor", White(2.0 / 3)>(color);
+    DefineNamed<"whiteColor", White(1)>(color);
+    DefineNamed<"darkTextColor", White(0)>(color);
+    DefineNamed<"lightTextColor", White(1, 0.6)>(color);
+    DefineNamed<"redColor", Rgb(1, 0, 0)>(color);
+    DefineNamed<"greenColor", Rgb(0, 1, 0)>(color);
+    DefineNamed<"blueColor", Rgb(0, 0, 1)>(color);
+    DefineNamed<"cyanColor", Rgb(0, 1, 1)>(color);
+    DefineNamed<"magentaColor", Rgb(1, 0, 1)>(color);
+    DefineNamed<"yellowColor", Rgb(1, 1, 0)>(color);
+    DefineNamed<"orangeColor", Rgb(1, 0.5, 0)>(color);
+    DefineNamed<"purpleColor", Rgb(0.5, 0, 0.5)>(color);
+    DefineNamed<"brownColor", Rgb(0.6, 0.4, 0.2)>(color);
+}
+
+// The light appearance's colour first, then the dark one's.
+
+void DefineSystemColors(Class<ColorState> &color) {
+    DefineNamed<"systemRedColor", Hex(0xFF3B30), Hex(0xFF453A)>(color);
+    DefineNamed<"systemOrangeColor", Hex(0xFF9500), Hex(0xFF9F0A)>(color);
+    DefineNamed<"systemYellowColor", Hex(0xFFCC00), Hex(0xFFD60A)>(color);
+    DefineNamed<"systemGreenColor", Hex(0x34C759), Hex(0x30D158)>(color);
+    DefineNamed<"systemMintColor", Hex(0x00C7BE), Hex(0x63E6E2)>(color);
+    DefineNamed<"systemTealColor", Hex(0x30B0C7), Hex(0x40C8E0)>(color);
+    DefineNamed<"systemCyanColor", Hex(0x32ADE6), Hex(0x64D2FF)>(color);
+    DefineNamed<"systemBlueColor", Hex(0x007AFF), Hex(0x0A84FF)>(color);
+    DefineNamed<"systemIndigoColor", Hex(0x5856D6), Hex(0x5E5CE6)>(color);
+    DefineNamed<"systemPurpleColor", Hex(0xAF52DE), Hex(0xBF5AF2)>(color);
+    DefineNamed<"systemPinkColor", Hex(0xFF2D55), Hex(0xFF375F)>(color);
+    DefineNamed<"systemBrownColor", Hex(0xA2845E), Hex(0xAC8E68)>(color);
+    DefineNamed<"systemGrayColor", Hex(0x8E8E93)>(color);
+    DefineNamed<"systemGray2Color", Hex(0xAEAEB2), Hex(0x636366)>(color);
+    DefineNamed<"systemGray3Color", Hex(0xC7C7CC), Hex(0x48484A)>(color);
+    DefineNamed<"systemGray4Color", Hex(0xD1D1D6), Hex(0x3A3A3C)>(color);
+    DefineNamed<"systemGray5Color", Hex(0xE5E5EA), Hex(0x2C2C2E)>(color);
+    DefineNamed<"systemGray6Color", Hex(0xF2F2F7), Hex(0x1C1C1E)>(color);
+    DefineNamed<"tintColor", Hex(0x007AFF), Hex(0x0A84FF)>(color);
+    DefineNamed<"linkColor", Hex(0x007AFF), Hex(0x0984FF)>(color);
+}
+
+void DefineTextColors(Class<ColorState> &color) {
+    DefineNamed<"labelColor", Hex(0x000000), Hex(0xFFFFFF)>(color);
+    DefineNamed<"secondaryLabelColor", Hex(0x3C3C43, 0.6), Hex(0xEBEBF5, 0.6)>(color);
+    DefineNamed<"tertiaryLabelColor", Hex(0x3C3C43, 0.3), Hex(0xEBEBF5, 0.3)>(color);
+    DefineNamed<"quaternaryLabelColor", Hex(0x3C3C43, 0.18), Hex(0xEBEBF5, 0.16)>(color);
+    DefineNamed<"placeholderTextColor", Hex(0x3C3C43, 0.3), Hex(0xEBEBF5, 0.3)>(color);
+    DefineNamed<"separatorColor", Hex(0x3C3C43, 0.29), Hex(0x545458, 0.6)>(color);
+    DefineNamed<"opaqueSeparatorColor", Hex(0xC6C6C8), Hex(0x38383A)>(color);
+}
+
+void DefineGrounds(Class<ColorState> &color) {
+    DefineNamed<"systemFillColor", Hex(0x787880, 0.2), Hex(0x787880, 0.36)>(color);
+    DefineNamed<"secondarySystemFillColor", Hex(0x787880, 0.16), Hex(0x787880, 0.32)>(color);
+    DefineNamed<"tertiarySystemFillColor", Hex(0x767680, 0.12), Hex(0x767680, 0.24)>(color);
+    DefineNamed<"quaternarySystemFillColor", Hex(0x747480, 0.08), Hex(0x767680, 0.18)>(color);
+    DefineNamed<"systemBackgroundColor", Hex(0xFFFFFF), Hex(0x000000)>(color);
+    DefineNamed<"secondarySystemBackgroundColor", Hex(0xF2F2F7), Hex(0x1C1C1E)>(color);
+    DefineNamed<"tertiarySystemBackgroundColor", Hex(0xFFFFFF), Hex(0x2C2C2E)>(color);
+    DefineNamed<"systemGroupedBackgroundColor", Hex(0xF2F2F7), Hex(0x000000)>(color);
+    DefineNamed<"secondarySystemGroupedBackgroundColor", Hex(0xFFFFFF), Hex(0x1C1C1E)>(color);
+    DefineNamed<"tertiarySystemGroupedBackgroundColor", Hex(0xF2F2F7), Hex(0x2C2C2E)>(color);
+}
+
 } // namespace
 
-void RegisterColor() {
-    const objc::MethodEntry instanceMethods[] = {
-        objc::MethodNamed<"colorWithAlphaComponent:", &ColorWithAlphaComponent>(),
-        objc::MethodNamed<"CGColor", &CGColorOf>(),
-        objc::MethodNamed<"getRed:green:blue:alpha:", &GetRed>(),
-        objc::MethodNamed<"isEqual:", &IsEqual>(),
-        objc::MethodNamed<"hash", &Hash>(),
-    };
-    const objc::MethodEntry classMethods[] = {
-        objc::MethodNamed<"colorWithRed:green:blue:alpha:", &ColorWithRed>(),
-        objc::MethodNamed<"colorWithWhite:alpha:", &ColorWithWhite>(),
-        objc::MethodNamed<"colorWithCGColor:", &ColorWithCGColor>(),
-        objc::MethodNamed<"clearColor", &NamedGrey<0.0, 0.0>>(),
-        objc::MethodNamed<"blackColor", &NamedGrey<0.0>>(),
-        objc::MethodNamed<"darkGrayColor", &NamedGrey<1.0 / 3>>(),
-        objc::MethodNamed<"grayColor", &NamedGrey<0.5>>(),
-        objc::MethodNamed<"lightGrayColor", &NamedGrey<2.0 / 3>>(),
-        objc::MethodNamed<"whiteColor", &NamedGrey<1.0>>(),
-        objc::MethodNamed<"darkTextColor", &NamedGrey<0.0>>(),
-        objc::MethodNamed<"lightTextColor", &NamedGrey<1.0, 0.6>>(),
-        objc::MethodNamed<"redColor", &NamedRgb<1.0, 0.0, 0.0>>(),
-        objc::MethodNamed<"greenColor", &NamedRgb<0.0, 1.0, 0.0>>(),
-        objc::MethodNamed<"blueColor", &NamedRgb<0.0, 0.0, 1.0>>(),
-        objc::MethodNamed<"cyanColor", &NamedRgb<0.0, 1.0, 1.0>>(),
-        objc::MethodNamed<"magentaColor", &NamedRgb<1.0, 0.0, 1.0>>(),
-        objc::MethodNamed<"yellowColor", &NamedRgb<1.0, 1.0, 0.0>>(),
-        objc::MethodNamed<"orangeColor", &NamedRgb<1.0, 0.5, 0.0>>(),
-        objc::MethodNamed<"purpleColor", &NamedRgb<0.5, 0.0, 0.5>>(),
-        objc::MethodNamed<"brownColor", &NamedRgb<0.6, 0.4, 0.2>>(),
-        objc::MethodNamed<"systemRedColor", &Adaptive<0xFF3B30, 0xFF453A>>(),
-        objc::MethodNamed<"systemOrangeColor", &Adaptive<0xFF9500, 0xFF9F0A>>(),
-        objc::MethodNamed<"systemYellowColor", &Adaptive<0xFFCC00, 0xFFD60A>>(),
-        objc::MethodNamed<"systemGreenColor", &Adaptive<0x34C759, 0x30D158>>(),
-        objc::MethodNamed<"systemMintColor", &Adaptive<0x00C7BE, 0x63E6E2>>(),
-        objc::MethodNamed<"systemTealColor", &Adaptive<0x30B0C7, 0x40C8E0>>(),
-        objc::MethodNamed<"systemCyanColor", &Adaptive<0x32ADE6, 0x64D2FF>>(),
-        objc::MethodNamed<"systemBlueColor", &Adaptive<0x007AFF, 0x0A84FF>>(),
-        objc::MethodNamed<"systemIndigoColor", &Adaptive<0x5856D6, 0x5E5CE6>>(),
-        objc::MethodNamed<"systemPurpleColor", &Adaptive<0xAF52DE, 0xBF5AF2>>(),
-        objc::MethodNamed<"systemPinkColor", &Adaptive<0xFF2D55, 0xFF375F>>(),
-        objc::MethodNamed<"systemBrownColor", &Adaptive<0xA2845E, 0xAC8E68>>(),
-        objc::MethodNamed<"systemGrayColor", &Adaptive<0x8E8E93, 0x8E8E93>>(),
-        objc::MethodNamed<"systemGray2Color", &Adaptive<0xAEAEB2, 0x636366>>(),
-        objc::MethodNamed<"systemGray3Color", &Adaptive<0xC7C7CC, 0x48484A>>(),
-        objc::MethodNamed<"systemGray4Color", &Adaptive<0xD1D1D6, 0x3A3A3C>>(),
-        objc::MethodNamed<"systemGray5Color", &Adaptive<0xE5E5EA, 0x2C2C2E>>(),
-        objc::MethodNamed<"systemGray6Color", &Adaptive<0xF2F2F7, 0x1C1C1E>>(),
-        objc::MethodNamed<"tintColor", &Adaptive<0x007AFF, 0x0A84FF>>(),
-        objc::MethodNamed<"linkColor", &Adaptive<0x007AFF, 0x0984FF>>(),
-        objc::MethodNamed<"labelColor", &Adaptive<0x000000, 0xFFFFFF>>(),
-        objc::MethodNamed<"secondaryLabelColor", &Adaptive<0x3C3C43, 0xEBEBF5, 0.6>>(),
-        objc::MethodNamed<"tertiaryLabelColor", &Adaptive<0x3C3C43, 0xEBEBF5, 0.3>>(),
-        objc::MethodNamed<"quaternaryLabelColor", &Adaptive<0x3C3C43, 0xEBEBF5, 0.18, 0.16>>(),
-        objc::MethodNamed<"placeholderTextColor", &Adaptive<0x3C3C43, 0xEBEBF5, 0.3>>(),
-        objc::MethodNamed<"separatorColor", &Adaptive<0x3C3C43, 0x545458, 0.29, 0.6>>(),
-        objc::MethodNamed<"opaqueSeparatorColor", &Adaptive<0xC6C6C8, 0x38383A>>(),
-        objc::MethodNamed<"systemFillColor", &Adaptive<0x787880, 0x787880, 0.2, 0.36>>(),
-        objc::MethodNamed<"secondarySystemFillColor", &Adaptive<0x787880, 0x787880, 0.16, 0.32>>(),
-        objc::MethodNamed<"tertiarySystemFillColor", &Adaptive<0x767680, 0x767680, 0.12, 0.24>>(),
-        objc::MethodNamed<"quaternarySystemFillColor", &Adaptive<0x747480, 0x767680, 0.08, 0.18>>(),
-        objc::MethodNamed<"systemBackgroundColor", &Adaptive<0xFFFFFF, 0x000000>>(),
-        objc::MethodNamed<"secondarySystemBackgroundColor", &Adaptive<0xF2F2F7, 0x1C1C1E>>(),
-        objc::MethodNamed<"tertiarySystemBackgroundColor", &Adaptive<0xFFFFFF, 0x2C2C2E>>(),
-        objc::MethodNamed<"systemGroupedBackgroundColor", &Adaptive<0xF2F2F7, 0x000000>>(),
-        objc::MethodNamed<"secondarySystemGroupedBackgroundColor", &Adaptive<0xFFFFFF, 0x1C1C1E>>(),
-        objc::MethodNamed<"tertiarySystemGroupedBackgroundColor", &Adaptive<0xF2F2F7, 0x2C2C2E>>(),
-    };
-    RegisterClassWithState<ColorState>("UIColor", "NSObject", instanceMethods, classMethods);
+void DefineColor() {
+    auto color = Class<ColorState>("UIColor", "NSObject");
+    DefineMaking(color);
+    color.Method<"CGColor">([](ui::Color self) { return &Current(self); });
+    color.Method<"getRed:green:blue:alpha:", &GetRed>();
+    color.Method<"isEqual:", &IsEqual>();
+    color.Method<"hash", &Hash>();
+    DefinePlainColors(color);
+    DefineSystemColors(color);
+    DefineTextColors(color);
+    DefineGrounds(color);
 }
 
 Rgba RgbaOf(ui::Color color) {

@@ -5,8 +5,6 @@
 
 namespace sim {
 
-void RegisterColor();
-
 /// Components from 0 to 1, not premultiplied.
 struct Rgba {
     double r = 0;

@@ -1,14 +1,11 @@
 #include "uikit/color_picker.hpp"
 
 #include "apple/uikit/button.hpp"
-#include "apple/uikit/label.hpp"
-#include "objc/block.hpp"
-#include "runtime/autorelease.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/application.hpp"
-#include "uikit/color.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/control.hpp"
-#include "uikit/control_drawing.hpp"
+#include "uikit/drawing.hpp"
 #include "uikit/target_action.hpp"
 #include "uikit/view.hpp"
 #include "uikit/view_geometry.hpp"
@@ -47,42 +44,13 @@ struct SwatchesState {
     ColorPickerViewController picker; // not owned: its view holds this one
 };
 
-PickerState &StateOfPicker(ui::ViewController self) {
-    return StateOf<PickerState>(self);
-}
-
-ns::Object Delegate(ColorPickerViewController self, objc::SEL) {
-    return Autoreleased(StateOfPicker(self).delegate.Lock());
-}
-
-void SetDelegate(ColorPickerViewController self, objc::SEL, ns::Object delegate) {
-    StateOfPicker(self).delegate = WeakObject(delegate);
-}
-
-ui::Color SelectedColor(ColorPickerViewController self, objc::SEL) {
-    return StateOfPicker(self).selected;
-}
-
-void SetSelectedColor(ColorPickerViewController self, objc::SEL, ui::Color color) {
-    StateOfPicker(self).selected = color;
-}
-
-bool SupportsAlpha(ColorPickerViewController self, objc::SEL) {
-    return StateOfPicker(self).supportsAlpha;
-}
-
-void SetSupportsAlpha(ColorPickerViewController self, objc::SEL, bool supports) {
-    StateOfPicker(self).supportsAlpha = supports;
-}
-
 // The sheet.
 
-void LoadView(ColorPickerViewController self, objc::SEL) {
+void LoadView(ColorPickerViewController self) {
     const cg::Size screen = ScreenSize();
-    const auto view = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame({{}, screen}));
+    const auto view = ui::MakeView<ui::View>({{}, screen});
     view->setBackgroundColor(ui::Color::secondarySystemBackgroundColor());
-    const auto title = objc::Ref<ui::Label>::Adopt(
-        ui::Label{ns::Alloc<ui::Label>().initWithFrame({{0, 0}, {screen.width, kBarHeight}}).pointer});
+    const auto title = ui::MakeView<ui::Label>({{0, 0}, {screen.width, kBarHeight}});
     title->setText(u"颜色"_ns);
     title->setFont(ui::Font::boldSystemFontOfSize(17));
     title->setTextAlignment(ui::TextAlignment::kCenter);
@@ -92,24 +60,25 @@ void LoadView(ColorPickerViewController self, objc::SEL) {
     done.setTitle(u"完成"_ns, ui::kStateNormal);
     done.addTarget(self, objc::Selector<"_finish">(), ui::kTouchUpInside);
     view->addSubview(done);
-    const auto swatches = objc::Ref<Swatches>::Adopt(
-        Swatches{ns::Alloc<Swatches>()
-                     .initWithFrame({{kMargin, kBarHeight},
-                                     {screen.width - 2 * kMargin, screen.width - 2 * kMargin + kSampleSize}})
-                     .pointer});
+    const double width = screen.width - 2 * kMargin;
+    const auto swatches = ui::MakeView<Swatches>({{kMargin, kBarHeight}, {width, width + kSampleSize}});
     StateOf<SwatchesState>(swatches).picker = self;
     view->addSubview(swatches);
     objc::Send<"setView:", void>(self, view.get());
 }
 
-/// The user is done: the sheet goes, then the delegate hears of it.
-void Finish(ColorPickerViewController self, objc::SEL) {
-    const objc::Ref<ColorPickerViewController> picker = self;
-    const auto tell = [picker] {
-        const objc::Ref<ns::Object> delegate = StateOfPicker(picker.get()).delegate.Lock();
-        if (delegate && delegate->respondsToSelector(objc::Selector<"colorPickerViewControllerDidFinish:">())) {
-            objc::Send<"colorPickerViewControllerDidFinish:", void>(delegate.get(), picker.get());
-        }
+/// Sends the delegate a message that it may leave unimplemented.
+template <objc::FixedString Name> void TellDelegate(ColorPickerViewController picker) {
+    const objc::Ref<ns::Object> delegate = StateOf<PickerState>(picker).delegate.Lock();
+    if (delegate->respondsToSelector(objc::Selector<Name>())) {
+        objc::Send<Name, void>(delegate.get(), picker);
+    }
+}
+
+/// The user is done: the sheet is dismissed, then the delegate is told.
+void Finish(ColorPickerViewController self) {
+    const auto tell = [picker = objc::Ref<ColorPickerViewController>(self)] {
+        TellDelegate<"colorPickerViewControllerDidFinish:">(picker);
     };
     self.dismissViewControllerAnimated(true, objc::MakeBlock<void()>(tell));
 }
@@ -130,8 +99,8 @@ ui::Color SwatchAt(int row, int column) {
     return ui::Color::colorWithRed(part(0), part(2.0 / 3), part(1.0 / 3), 1);
 }
 
-/// A finger chooses the colour on which it is lifted.
-void TouchesEnded(Swatches self, objc::SEL, ns::Set, ui::Event event) {
+/// The colour under a finger is chosen when the finger is lifted.
+void TouchesEnded(Swatches self, ns::Set, ui::Event event) {
     const cg::Point point = FromScreen(self, TouchStateOf(EventStateOf(event).changed).location);
     const double cell = self.bounds().size.width / kColumns;
     const double row = std::floor(point.y / cell);
@@ -151,7 +120,7 @@ void DrawSwatches(ui::View view, cairo_t *context) {
     }
     const cg::Rect sample{{0, kRows * cell + kMargin}, {kSampleSize, kSampleSize}};
     constexpr double kRadius = 8;
-    SetPaint(context, StateOfPicker(StateOf<SwatchesState>(view).picker).selected);
+    SetPaint(context, StateOf<PickerState>(StateOf<SwatchesState>(view).picker).selected);
     FillRounded(context, sample, kRadius);
     SetPaint(context, ui::Color::separatorColor());
     StrokeRounded(context, sample, kRadius, 1);
@@ -159,12 +128,25 @@ void DrawSwatches(ui::View view, cairo_t *context) {
 
 } // namespace
 
+void DefineColorPicker() {
+    auto picker = Class<PickerState>("UIColorPickerViewController", "UIViewController");
+    picker.Property<"delegate", &PickerState::delegate>();
+    picker.Property<"selectedColor", &PickerState::selected>();
+    picker.Property<"supportsAlpha", &PickerState::supportsAlpha>();
+    picker.Method<"loadView", &LoadView>();
+    picker.Method<"_finish", &Finish>();
+
+    auto swatches = Class<SwatchesState>(Swatches::kClassName, "UIView");
+    swatches.Method<"touchesEnded:withEvent:", &TouchesEnded>();
+    RegisterDrawing(Swatches::kClassName, &DrawSwatches);
+}
+
 ColorPickerViewController PresentedColorPicker() {
     for (const ui::Window window : WindowsFrontToBack()) {
         for (ui::ViewController controller = window.rootViewController(); controller;
              controller = controller.presentedViewController()) {
             if (controller.isKindOfClass(objc::ClassOf<ColorPickerViewController>())) {
-                return ColorPickerViewController{controller.pointer};
+                return objc::As<ColorPickerViewController>(controller);
             }
         }
     }
@@ -172,28 +154,8 @@ ColorPickerViewController PresentedColorPicker() {
 }
 
 void ChooseColor(ColorPickerViewController picker, ui::Color color) {
-    SetSelectedColor(picker, nullptr, color);
-    const objc::Ref<ns::Object> delegate = StateOfPicker(picker).delegate.Lock();
-    if (delegate && delegate->respondsToSelector(objc::Selector<"colorPickerViewControllerDidSelectColor:">())) {
-        objc::Send<"colorPickerViewControllerDidSelectColor:", void>(delegate.get(), picker);
-    }
-}
-
-void RegisterColorPicker() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"delegate", &Delegate>(),
-        objc::MethodNamed<"setDelegate:", &SetDelegate>(),
-        objc::MethodNamed<"selectedColor", &SelectedColor>(),
-        objc::MethodNamed<"setSelectedColor:", &SetSelectedColor>(),
-        objc::MethodNamed<"supportsAlpha", &SupportsAlpha>(),
-        objc::MethodNamed<"setSupportsAlpha:", &SetSupportsAlpha>(),
-        objc::MethodNamed<"loadView", &LoadView>(),
-        objc::MethodNamed<"_finish", &Finish>(),
-    };
-    RegisterClassWithState<PickerState>("UIColorPickerViewController", "UIViewController", methods);
-    const objc::MethodEntry swatchesMethods[] = {objc::MethodNamed<"touchesEnded:withEvent:", &TouchesEnded>()};
-    RegisterClassWithState<SwatchesState>(Swatches::kClassName, "UIView", swatchesMethods);
-    RegisterDrawing(Swatches::kClassName, &DrawSwatches);
+    StateOf<PickerState>(picker).selected = color;
+    TellDelegate<"colorPickerViewControllerDidSelectColor:">(picker);
 }
 
 } // namespace sim

@@ -5,9 +5,6 @@
 
 namespace sim {
 
-/// After UIViewController's and UIButton's registration.
-void RegisterColorPicker();
-
 /// The picker that is presented at the moment; nil when none is.
 ui::ColorPickerViewController PresentedColorPicker();
 

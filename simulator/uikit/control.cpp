@@ -1,6 +1,7 @@
 #include "uikit/control.hpp"
 
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/view.hpp"
 #include "uikit/view_geometry.hpp"
 
@@ -12,14 +13,12 @@ namespace {
 
 using ui::Control;
 
-/// How far (points) outside its bounds a touch still counts as inside a control that tracks it.
+/// How far (points) outside its bounds a tracked touch still counts as inside the control.
 constexpr double kTrackingSlop = 70;
 
 bool IsInside(Control control, ui::Touch touch) {
-    const cg::Rect bounds = ViewStateOf(control).model.bounds;
-    const cg::Rect wide{{bounds.origin.x - kTrackingSlop, bounds.origin.y - kTrackingSlop},
-                        {bounds.size.width + 2 * kTrackingSlop, bounds.size.height + 2 * kTrackingSlop}};
-    return Contains(wide, FromScreen(control, TouchStateOf(touch).location));
+    return Contains(Grown(ViewStateOf(control).model.bounds, kTrackingSlop),
+                    FromScreen(control, TouchStateOf(touch).location));
 }
 
 void SetHighlightedIfChanged(Control control, bool highlighted) {
@@ -28,122 +27,60 @@ void SetHighlightedIfChanged(Control control, bool highlighted) {
     }
 }
 
-// Targets.
-
-void AddTarget(Control self, objc::SEL, ns::Object target, objc::SEL action, unsigned long events) {
+void AddTarget(ControlState &state, ns::Object target, objc::SEL action, unsigned long events) {
     if (action == nullptr) {
         return;
     }
-    std::vector<ControlTarget> &targets = ControlStateOf(self).targets;
-    for (ControlTarget &entry : targets) {
-        if (entry.action.Is(target, action) && entry.hasTarget == static_cast<bool>(target)) {
+    for (ControlTarget &entry : state.targets) {
+        if (entry.action.Is(target, action)) {
             entry.events |= events;
             return;
         }
     }
-    targets.push_back({{WeakObject(target), action}, static_cast<bool>(target), events});
+    state.targets.push_back({{WeakObject(target), action}, events});
 }
 
-/// Nil stands for every target, a null selector for every action.
-void RemoveTarget(Control self, objc::SEL, ns::Object target, objc::SEL action, unsigned long events) {
-    std::vector<ControlTarget> &targets = ControlStateOf(self).targets;
-    for (ControlTarget &entry : targets) {
-        const ns::Object own = entry.action.target.Lock();
-        if ((!target || own == target) && (action == nullptr || sel_isEqual(entry.action.action, action) != 0)) {
+void RemoveTarget(ControlState &state, ns::Object target, objc::SEL action, unsigned long events) {
+    for (ControlTarget &entry : state.targets) {
+        if (entry.action.Fits(target, action)) {
             entry.events &= ~events;
         }
     }
-    std::erase_if(targets, [](const ControlTarget &entry) { return entry.events == 0; });
+    std::erase_if(state.targets, [](const ControlTarget &entry) { return entry.events == 0; });
 }
 
-unsigned long AllControlEvents(Control self, objc::SEL) {
-    unsigned long events = 0;
-    for (const ControlTarget &entry : ControlStateOf(self).targets) {
-        events |= entry.events;
-    }
-    return events;
+void DefineTargets(Class<ControlState> &control) {
+    control.Method<"addTarget:action:forControlEvents:", &AddTarget>();
+    control.Method<"removeTarget:action:forControlEvents:", &RemoveTarget>();
+    control.Method<"allControlEvents">([](const ControlState &state) {
+        unsigned long events = 0;
+        for (const ControlTarget &entry : state.targets) {
+            events |= entry.events;
+        }
+        return events;
+    });
+    control.Method<"sendAction:to:forEvent:">([](Control self, objc::SEL action, ns::Object target, ui::Event event) {
+        SendAction(action, target, self, event);
+    });
+    control.Method<"sendActionsForControlEvents:">(
+        [](Control self, unsigned long events) { SendControlEvents(self, events, nullptr); });
 }
 
-void SendAction(Control self, objc::SEL, objc::SEL action, ns::Object target, ui::Event event) {
-    objc::Send<"sendAction:to:from:forEvent:", bool>(ui::Application::sharedApplication(), action, target,
-                                                     ns::Object{self}, event);
+void DefineStates(Class<ControlState> &control) {
+    control.Property<"isEnabled", &ControlState::enabled>();
+    control.Property<"isHighlighted", &ControlState::highlighted>();
+    control.Property<"isSelected", &ControlState::selected>();
+    control.Method<"state">([](const ControlState &state) {
+        return (state.highlighted ? kStateHighlighted : 0) | (state.enabled ? 0 : kStateDisabled) |
+               (state.selected ? kStateSelected : 0);
+    });
+    control.ReadOnly<"isTracking", &ControlState::tracking>();
+    control.ReadOnly<"isTouchInside", &ControlState::touchInside>();
+    control.Property<"contentHorizontalAlignment", &ControlState::horizontalAlignment, &SetNeedsLayout>();
+    control.Property<"contentVerticalAlignment", &ControlState::verticalAlignment, &SetNeedsLayout>();
 }
 
-void SendActionsForControlEvents(Control self, objc::SEL, unsigned long events) {
-    SendControlEvents(self, events, nullptr);
-}
-
-// States.
-
-bool IsEnabled(Control self, objc::SEL) {
-    return ControlStateOf(self).enabled;
-}
-
-void SetEnabled(Control self, objc::SEL, bool enabled) {
-    ControlStateOf(self).enabled = enabled;
-}
-
-bool IsHighlighted(Control self, objc::SEL) {
-    return ControlStateOf(self).highlighted;
-}
-
-void SetHighlighted(Control self, objc::SEL, bool highlighted) {
-    ControlStateOf(self).highlighted = highlighted;
-}
-
-bool IsSelected(Control self, objc::SEL) {
-    return ControlStateOf(self).selected;
-}
-
-void SetSelected(Control self, objc::SEL, bool selected) {
-    ControlStateOf(self).selected = selected;
-}
-
-unsigned long State(Control self, objc::SEL) {
-    const ControlState &state = ControlStateOf(self);
-    return (state.highlighted ? kStateHighlighted : 0) | (state.enabled ? 0 : kStateDisabled) |
-           (state.selected ? kStateSelected : 0);
-}
-
-bool IsTracking(Control self, objc::SEL) {
-    return ControlStateOf(self).tracking;
-}
-
-bool IsTouchInside(Control self, objc::SEL) {
-    return ControlStateOf(self).touchInside;
-}
-
-long ContentHorizontalAlignment(Control self, objc::SEL) {
-    return ControlStateOf(self).horizontalAlignment;
-}
-
-void SetContentHorizontalAlignment(Control self, objc::SEL, long alignment) {
-    ControlStateOf(self).horizontalAlignment = alignment;
-    SetNeedsLayout(self);
-}
-
-long ContentVerticalAlignment(Control self, objc::SEL) {
-    return ControlStateOf(self).verticalAlignment;
-}
-
-void SetContentVerticalAlignment(Control self, objc::SEL, long alignment) {
-    ControlStateOf(self).verticalAlignment = alignment;
-    SetNeedsLayout(self);
-}
-
-// Tracking. Subclasses follow the touch through the four methods here, or override the touch methods themselves.
-
-bool BeginTracking(Control, objc::SEL, ui::Touch, ui::Event) {
-    return true;
-}
-
-bool ContinueTracking(Control, objc::SEL, ui::Touch, ui::Event) {
-    return true;
-}
-
-void EndTracking(Control, objc::SEL, ui::Touch, ui::Event) {}
-
-void CancelTracking(Control, objc::SEL, ui::Event) {}
+// Tracking. Subclasses follow the touch through four methods, or override the touch methods themselves.
 
 void StopTracking(Control self) {
     ControlState &state = ControlStateOf(self);
@@ -152,7 +89,7 @@ void StopTracking(Control self) {
     SetHighlightedIfChanged(self, false);
 }
 
-void TouchesBegan(Control self, objc::SEL, ns::Set, ui::Event event) {
+void TouchesBegan(Control self, ns::Set, ui::Event event) {
     ControlState &state = ControlStateOf(self);
     const ui::Touch touch = EventStateOf(event).changed;
     if (!state.enabled || state.tracking) {
@@ -168,7 +105,7 @@ void TouchesBegan(Control self, objc::SEL, ns::Set, ui::Event event) {
     SendControlEvents(self, kTouchDown | (repeated ? kTouchDownRepeat : 0), event);
 }
 
-void TouchesMoved(Control self, objc::SEL, ns::Set, ui::Event event) {
+void TouchesMoved(Control self, ns::Set, ui::Event event) {
     ControlState &state = ControlStateOf(self);
     const ui::Touch touch = EventStateOf(event).changed;
     if (!state.tracking) {
@@ -189,7 +126,7 @@ void TouchesMoved(Control self, objc::SEL, ns::Set, ui::Event event) {
     SendControlEvents(self, events, event);
 }
 
-void TouchesEnded(Control self, objc::SEL, ns::Set, ui::Event event) {
+void TouchesEnded(Control self, ns::Set, ui::Event event) {
     ControlState &state = ControlStateOf(self);
     const ui::Touch touch = EventStateOf(event).changed;
     if (!state.tracking) {
@@ -202,7 +139,7 @@ void TouchesEnded(Control self, objc::SEL, ns::Set, ui::Event event) {
     SendControlEvents(self, inside ? ui::kTouchUpInside : kTouchUpOutside, event);
 }
 
-void TouchesCancelled(Control self, objc::SEL, ns::Set, ui::Event event) {
+void TouchesCancelled(Control self, ns::Set, ui::Event event) {
     if (!ControlStateOf(self).tracking) {
         return;
     }
@@ -211,7 +148,25 @@ void TouchesCancelled(Control self, objc::SEL, ns::Set, ui::Event event) {
     SendControlEvents(self, kTouchCancel, event);
 }
 
+void DefineTracking(Class<ControlState> &control) {
+    control.Method<"beginTrackingWithTouch:withEvent:">([](Control, ui::Touch, ui::Event) { return true; });
+    control.Method<"continueTrackingWithTouch:withEvent:">([](Control, ui::Touch, ui::Event) { return true; });
+    control.Method<"endTrackingWithTouch:withEvent:">([](Control, ui::Touch, ui::Event) {});
+    control.Method<"cancelTrackingWithEvent:">([](Control, ui::Event) {});
+    control.Method<"touchesBegan:withEvent:", &TouchesBegan>();
+    control.Method<"touchesMoved:withEvent:", &TouchesMoved>();
+    control.Method<"touchesEnded:withEvent:", &TouchesEnded>();
+    control.Method<"touchesCancelled:withEvent:", &TouchesCancelled>();
+}
+
 } // namespace
+
+void DefineControl() {
+    auto control = Class<ControlState>("UIControl", "UIView");
+    DefineTargets(control);
+    DefineStates(control);
+    DefineTracking(control);
+}
 
 ControlState &ControlStateOf(Control control) {
     return StateOf<ControlState>(control);
@@ -221,9 +176,8 @@ void SendControlEvents(Control control, unsigned long events, ui::Event event) {
     const objc::Ref<Control> keep = control;
     const std::vector<ControlTarget> targets = ControlStateOf(control).targets;
     for (const ControlTarget &entry : targets) {
-        const objc::Ref<ns::Object> target = entry.action.target.Lock();
-        // A target that is gone is not a missing one: its action goes nowhere.
-        if ((entry.events & events) != 0 && (target || !entry.hasTarget)) {
+        if ((entry.events & events) != 0 && !entry.action.IsOrphaned()) {
+            const objc::Ref<ns::Object> target = entry.action.target.Lock();
             objc::Send<"sendAction:to:forEvent:", void>(control, entry.action.action, target.get(), event);
         }
     }
@@ -244,38 +198,6 @@ bool PanControlAllows(Control control, ui::GestureRecognizer recognizer) {
     }
     const cg::Point way = objc::As<ui::PanGestureRecognizer>(recognizer).translationInView(control);
     return std::abs(way.x) < std::abs(way.y);
-}
-
-void RegisterControl() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"addTarget:action:forControlEvents:", &AddTarget>(),
-        objc::MethodNamed<"removeTarget:action:forControlEvents:", &RemoveTarget>(),
-        objc::MethodNamed<"allControlEvents", &AllControlEvents>(),
-        objc::MethodNamed<"sendAction:to:forEvent:", &SendAction>(),
-        objc::MethodNamed<"sendActionsForControlEvents:", &SendActionsForControlEvents>(),
-        objc::MethodNamed<"isEnabled", &IsEnabled>(),
-        objc::MethodNamed<"setEnabled:", &SetEnabled>(),
-        objc::MethodNamed<"isHighlighted", &IsHighlighted>(),
-        objc::MethodNamed<"setHighlighted:", &SetHighlighted>(),
-        objc::MethodNamed<"isSelected", &IsSelected>(),
-        objc::MethodNamed<"setSelected:", &SetSelected>(),
-        objc::MethodNamed<"state", &State>(),
-        objc::MethodNamed<"isTracking", &IsTracking>(),
-        objc::MethodNamed<"isTouchInside", &IsTouchInside>(),
-        objc::MethodNamed<"contentHorizontalAlignment", &ContentHorizontalAlignment>(),
-        objc::MethodNamed<"setContentHorizontalAlignment:", &SetContentHorizontalAlignment>(),
-        objc::MethodNamed<"contentVerticalAlignment", &ContentVerticalAlignment>(),
-        objc::MethodNamed<"setContentVerticalAlignment:", &SetContentVerticalAlignment>(),
-        objc::MethodNamed<"beginTrackingWithTouch:withEvent:", &BeginTracking>(),
-        objc::MethodNamed<"continueTrackingWithTouch:withEvent:", &ContinueTracking>(),
-        objc::MethodNamed<"endTrackingWithTouch:withEvent:", &EndTracking>(),
-        objc::MethodNamed<"cancelTrackingWithEvent:", &CancelTracking>(),
-        objc::MethodNamed<"touchesBegan:withEvent:", &TouchesBegan>(),
-        objc::MethodNamed<"touchesMoved:withEvent:", &TouchesMoved>(),
-        objc::MethodNamed<"touchesEnded:withEvent:", &TouchesEnded>(),
-        objc::MethodNamed<"touchesCancelled:withEvent:", &TouchesCancelled>(),
-    };
-    RegisterClassWithState<ControlState>("UIControl", "UIView", methods);
 }
 
 } // namespace sim

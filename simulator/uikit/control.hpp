@@ -5,9 +5,11 @@
 #include "uikit/event.hpp"
 #include "uikit/target_action.hpp"
 
+#include <map>
+
 namespace sim {
 
-/// UIControlEvents.
+/// UIControlEvents beside those of the platform's view.
 inline constexpr unsigned long kTouchDown = 1 << 0;
 inline constexpr unsigned long kTouchDownRepeat = 1 << 1;
 inline constexpr unsigned long kTouchDragInside = 1 << 2;
@@ -16,10 +18,8 @@ inline constexpr unsigned long kTouchDragEnter = 1 << 4;
 inline constexpr unsigned long kTouchDragExit = 1 << 5;
 inline constexpr unsigned long kTouchUpOutside = 1 << 7;
 inline constexpr unsigned long kTouchCancel = 1 << 8;
-inline constexpr unsigned long kValueChanged = 1 << 12;
 inline constexpr unsigned long kEditingDidBegin = 1 << 16;
 inline constexpr unsigned long kEditingChanged = 1 << 17;
-inline constexpr unsigned long kEditingDidEnd = 1 << 18;
 
 /// UIControlState.
 inline constexpr unsigned long kStateHighlighted = 1 << 0;
@@ -28,7 +28,6 @@ inline constexpr unsigned long kStateSelected = 1 << 2;
 
 struct ControlTarget {
     TargetAction action;
-    bool hasTarget = true; // without one, the action goes up the responder chain
     unsigned long events = 0;
 };
 
@@ -43,9 +42,16 @@ struct ControlState {
     long verticalAlignment = 0;
 };
 
-void RegisterControl();
-
 ControlState &ControlStateOf(ui::Control control);
+
+/// What is set for a control's state, else what is set for the normal state, else nil.
+template <class T> T ForState(const std::map<unsigned long, objc::Ref<T>> &values, unsigned long state) {
+    auto found = values.find(state);
+    if (found == values.end()) {
+        found = values.find(ui::kStateNormal);
+    }
+    return found == values.end() ? T{} : found->second.get();
+}
 
 /// Sends the control's actions for each of the events; the event may be nil.
 void SendControlEvents(ui::Control control, unsigned long events, ui::Event event);

@@ -1,5 +1,7 @@
 #include "uikit/editable_text.hpp"
 
+#include "runtime/method_body.hpp"
+
 #include <algorithm>
 
 namespace sim {
@@ -9,7 +11,7 @@ ns::String EditableText::text() const {
 }
 
 void EditableText::SetText(ns::String text) {
-    text_ = objc::Ref<ns::String>::Adopt(objc::Send<"copy", ns::String>(text));
+    text_ = CopyOf(text);
     selection_ = {text_.get().length(), 0};
 }
 

@@ -1,9 +1,8 @@
 #include "uikit/effects.hpp"
 
-#include "runtime/autorelease.hpp"
 #include "runtime/exception.hpp"
 #include "runtime/native_class.hpp"
-#include "uikit/view_state.hpp"
+#include "uikit/classes.hpp"
 
 namespace sim {
 namespace {
@@ -59,85 +58,59 @@ BlurLook LookOf(Style style) {
     return MaterialLook(material % kMaterials, dark);
 }
 
-ns::Object EffectWithStyle(objc::Object, objc::SEL, Style style) {
+objc::Ref<ui::BlurEffect> EffectWithStyle(ui::BlurEffect, Style style) {
     const auto number = static_cast<long>(style);
     if (number < 0 || number > kLastStyle) {
         RaiseException("NSInvalidArgumentException", "unknown blur style");
     }
     const auto effect = ns::New<ui::BlurEffect>();
-    StateOf<EffectState>(effect.get()).style = style;
-    return Autoreleased(effect);
+    StateOf<EffectState>(effect).style = style;
+    return effect;
 }
 
-EffectViewState &StateOfView(ui::View view) {
-    return StateOf<EffectViewState>(view);
-}
-
-ui::View InitWithEffect(ui::VisualEffectView self, objc::SEL, ns::Object effect) {
-    const ui::View view = self.initWithFrame({});
-    if (view) {
-        StateOfView(view).effect = effect;
-    }
-    return view;
-}
-
-ns::Object Effect(ui::VisualEffectView self, objc::SEL) {
-    return StateOfView(self).effect;
-}
-
-void SetEffect(ui::VisualEffectView self, objc::SEL, ns::Object effect) {
-    StateOfView(self).effect = effect;
-}
-
-ui::View ContentView(ui::VisualEffectView self, objc::SEL) {
-    objc::Ref<ui::View> &content = StateOfView(self).contentView;
+ui::View ContentView(ui::View self) {
+    objc::Ref<ui::View> &content = StateOf<EffectViewState>(self).contentView;
     if (!content) {
-        content = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame(self.bounds()));
+        content = ui::MakeView<ui::View>(self.bounds());
         self.addSubview(content);
     }
     return content;
 }
 
-void FitContentView(ui::VisualEffectView self) {
-    if (const objc::Ref<ui::View> &content = StateOfView(self).contentView) {
-        content->setFrame(self.bounds());
-    }
-}
-
-void SetFrame(ui::VisualEffectView self, objc::SEL, cg::Rect frame) {
-    objc::SendSuper<"setFrame:", void>(ui::View{self.pointer}, frame);
-    FitContentView(self);
-}
-
-void SetBounds(ui::VisualEffectView self, objc::SEL, cg::Rect bounds) {
-    objc::SendSuper<"setBounds:", void>(ui::View{self.pointer}, bounds);
-    FitContentView(self);
-}
-
-void AddSubview(ui::VisualEffectView self, objc::SEL, ui::View view) {
-    if (!(view == StateOfView(self).contentView.get())) {
-        RaiseException("NSInternalInconsistencyException",
-                       "a view was added to a UIVisualEffectView itself instead of to its contentView");
-    }
-    objc::SendSuper<"addSubview:", void>(ui::View{self.pointer}, view);
+void FitContentView(ui::View self) {
+    StateOf<EffectViewState>(self).contentView->setFrame(self.bounds());
 }
 
 } // namespace
 
-void RegisterEffects() {
-    RegisterClass("UIVisualEffect", "NSObject", {});
-    const objc::MethodEntry effectMethods[] = {objc::MethodNamed<"effectWithStyle:", &EffectWithStyle>()};
-    RegisterClassWithState<EffectState>("UIBlurEffect", "UIVisualEffect", {}, effectMethods);
-    const objc::MethodEntry viewMethods[] = {
-        objc::MethodNamed<"initWithEffect:", &InitWithEffect>(),
-        objc::MethodNamed<"effect", &Effect>(),
-        objc::MethodNamed<"setEffect:", &SetEffect>(),
-        objc::MethodNamed<"contentView", &ContentView>(),
-        objc::MethodNamed<"setFrame:", &SetFrame>(),
-        objc::MethodNamed<"setBounds:", &SetBounds>(),
-        objc::MethodNamed<"addSubview:", &AddSubview>(),
-    };
-    RegisterClassWithState<EffectViewState>("UIVisualEffectView", "UIView", viewMethods);
+void DefineEffects() {
+    Class("UIVisualEffect", "NSObject");
+    auto effect = Class<EffectState>("UIBlurEffect", "UIVisualEffect");
+    effect.ClassMethod<"effectWithStyle:", &EffectWithStyle>();
+
+    auto effectView = Class<EffectViewState>("UIVisualEffectView", "UIView");
+    effectView.Method<"initWithEffect:">([](ui::View self, ns::Object effectToShow) {
+        const ui::View view = self.initWithFrame({});
+        StateOf<EffectViewState>(view).effect = effectToShow;
+        return view;
+    });
+    effectView.Property<"effect", &EffectViewState::effect>();
+    effectView.Method<"contentView", &ContentView>();
+    effectView.Method<"setFrame:">([](ui::View self, cg::Rect frame) {
+        objc::SendSuper<"setFrame:", void>(self, frame);
+        FitContentView(self);
+    });
+    effectView.Method<"setBounds:">([](ui::View self, cg::Rect bounds) {
+        objc::SendSuper<"setBounds:", void>(self, bounds);
+        FitContentView(self);
+    });
+    effectView.Method<"addSubview:">([](ui::View self, ui::View subview) {
+        if (!(subview == StateOf<EffectViewState>(self).contentView.get())) {
+            RaiseException("NSInternalInconsistencyException",
+                           "a view was added to a UIVisualEffectView itself instead of to its contentView");
+        }
+        objc::SendSuper<"addSubview:", void>(self, subview);
+    });
 }
 
 std::optional<BlurLook> BlurLookOf(ui::View view) {
@@ -145,7 +118,7 @@ std::optional<BlurLook> BlurLookOf(ui::View view) {
     if (effectView == nullptr || !view.isKindOfClass(effectView)) {
         return std::nullopt;
     }
-    const ns::Object effect = StateOfView(view).effect;
+    const ns::Object effect = StateOf<EffectViewState>(view).effect;
     if (!effect || !effect.isKindOfClass(objc::ClassOf<ui::BlurEffect>())) {
         return std::nullopt;
     }

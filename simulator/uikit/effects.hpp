@@ -8,9 +8,6 @@
 
 namespace sim {
 
-/// After UIView's registration.
-void RegisterEffects();
-
 /// How a visual-effect view treats what lies behind it.
 struct BlurLook {
     double deviation;  // of the blur, points

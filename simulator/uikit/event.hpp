@@ -36,8 +36,6 @@ struct EventState {
     objc::Ref<ui::Touch> changed;              // the one that this event is about
 };
 
-void RegisterEvent();
-
 TouchState &TouchStateOf(ui::Touch touch);
 EventState &EventStateOf(ui::Event event);
 

@@ -1,7 +1,7 @@
 #include "uikit/font.hpp"
 
-#include "runtime/autorelease.hpp"
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 
 #include <functional>
 
@@ -10,96 +10,54 @@ namespace {
 
 constexpr double kSemiboldWeight = 0.3; // UIFontWeightSemibold: from here on the bold face is nearer
 
-FontFace &StateOfFont(ui::Font font) {
-    return StateOf<FontFace>(font);
+objc::Ref<ui::Font> MakeFont(const FontFace &face) {
+    objc::Ref<ui::Font> font = ns::New<ui::Font>();
+    StateOf<FontFace>(font) = face;
+    return font;
 }
 
-ui::Font MakeFont(const FontFace &face) {
-    const objc::Ref<ui::Font> font = ns::New<ui::Font>();
-    StateOfFont(font) = face;
-    return Autoreleased(font);
+void DefineFonts(Class<FontFace> &font) {
+    font.ClassMethod<"systemFontOfSize:">([](ui::Font, double size) { return MakeFont({size, false}); });
+    font.ClassMethod<"boldSystemFontOfSize:">([](ui::Font, double size) { return MakeFont({size, true}); });
+    font.ClassMethod<"systemFontOfSize:weight:">(
+        [](ui::Font, double size, double weight) { return MakeFont({size, weight >= kSemiboldWeight}); });
+    font.Method<"fontWithSize:">([](const FontFace &face, double size) { return MakeFont({size, face.bold}); });
 }
 
-ui::Font SystemFontOfSize(objc::Object, objc::SEL, double size) {
-    return MakeFont({size, false});
-}
-
-ui::Font BoldSystemFontOfSize(objc::Object, objc::SEL, double size) {
-    return MakeFont({size, true});
-}
-
-ui::Font SystemFontOfSizeWeight(objc::Object, objc::SEL, double size, double weight) {
-    return MakeFont({size, weight >= kSemiboldWeight});
-}
-
-template <double Size> double StandardSize(objc::Object, objc::SEL) {
-    return Size;
-}
-
-ui::Font FontWithSize(ui::Font self, objc::SEL, double size) {
-    return MakeFont({size, StateOfFont(self).bold});
-}
-
-double PointSize(ui::Font self, objc::SEL) {
-    return StateOfFont(self).pointSize;
-}
-
-template <double FontMetrics::*Metric> double MetricOf(ui::Font self, objc::SEL) {
-    return MetricsOf(StateOfFont(self)).*Metric;
-}
-
-double Leading(ui::Font, objc::SEL) {
-    return 0;
-}
-
-ns::String FontName(ui::Font self, objc::SEL) {
-    return StateOfFont(self).bold ? ".SFUI-Semibold"_ns : ".SFUI-Regular"_ns;
-}
-
-ns::String FamilyName(ui::Font, objc::SEL) {
-    return ".AppleSystemUIFont"_ns;
-}
-
-bool IsEqual(ui::Font self, objc::SEL, ns::Object other) {
-    return other && other.isKindOfClass(objc::ClassOf<ui::Font>()) &&
-           StateOfFont(self) == StateOfFont(ui::Font{other.pointer});
-}
-
-unsigned long Hash(ui::Font self, objc::SEL) {
-    return std::hash<double>{}(StateOfFont(self).pointSize);
+void DefineSizes(Class<FontFace> &font) {
+    font.ClassMethod<"labelFontSize">([](ui::Font) { return 17.0; });
+    font.ClassMethod<"buttonFontSize">([](ui::Font) { return 18.0; });
+    font.ClassMethod<"systemFontSize">([](ui::Font) { return 14.0; });
+    font.ClassMethod<"smallSystemFontSize">([](ui::Font) { return 12.0; });
+    font.ReadOnly<"pointSize", &FontFace::pointSize>();
+    font.Method<"lineHeight">([](const FontFace &face) { return MetricsOf(face).lineHeight; });
+    font.Method<"ascender">([](const FontFace &face) { return MetricsOf(face).ascender; });
+    font.Method<"descender">([](const FontFace &face) { return MetricsOf(face).descender; });
+    font.Method<"capHeight">([](const FontFace &face) { return MetricsOf(face).capHeight; });
+    font.Method<"xHeight">([](const FontFace &face) { return MetricsOf(face).xHeight; });
+    font.Method<"leading">([](const FontFace &) { return 0.0; });
 }
 
 } // namespace
 
-void RegisterFont() {
-    const objc::MethodEntry instanceMethods[] = {
-        objc::MethodNamed<"fontWithSize:", &FontWithSize>(),
-        objc::MethodNamed<"pointSize", &PointSize>(),
-        objc::MethodNamed<"lineHeight", &MetricOf<&FontMetrics::lineHeight>>(),
-        objc::MethodNamed<"ascender", &MetricOf<&FontMetrics::ascender>>(),
-        objc::MethodNamed<"descender", &MetricOf<&FontMetrics::descender>>(),
-        objc::MethodNamed<"capHeight", &MetricOf<&FontMetrics::capHeight>>(),
-        objc::MethodNamed<"xHeight", &MetricOf<&FontMetrics::xHeight>>(),
-        objc::MethodNamed<"leading", &Leading>(),
-        objc::MethodNamed<"fontName", &FontName>(),
-        objc::MethodNamed<"familyName", &FamilyName>(),
-        objc::MethodNamed<"isEqual:", &IsEqual>(),
-        objc::MethodNamed<"hash", &Hash>(),
-    };
-    const objc::MethodEntry classMethods[] = {
-        objc::MethodNamed<"systemFontOfSize:", &SystemFontOfSize>(),
-        objc::MethodNamed<"boldSystemFontOfSize:", &BoldSystemFontOfSize>(),
-        objc::MethodNamed<"systemFontOfSize:weight:", &SystemFontOfSizeWeight>(),
-        objc::MethodNamed<"labelFontSize", &StandardSize<17.0>>(),
-        objc::MethodNamed<"buttonFontSize", &StandardSize<18.0>>(),
-        objc::MethodNamed<"systemFontSize", &StandardSize<14.0>>(),
-        objc::MethodNamed<"smallSystemFontSize", &StandardSize<12.0>>(),
-    };
-    RegisterClassWithState<FontFace>("UIFont", "NSObject", instanceMethods, classMethods);
+void DefineFont() {
+    auto font = Class<FontFace>("UIFont", "NSObject");
+    DefineFonts(font);
+    DefineSizes(font);
+    font.Method<"fontName">([](const FontFace &face) { return face.bold ? ".SFUI-Semibold"_ns : ".SFUI-Regular"_ns; });
+    font.Method<"familyName">([](const FontFace &) { return ".AppleSystemUIFont"_ns; });
+    font.Method<"isEqual:">([](const FontFace &face, ns::Object other) {
+        return other.isKindOfClass(objc::ClassOf<ui::Font>()) && face == StateOf<FontFace>(other);
+    });
+    font.Method<"hash">([](const FontFace &face) -> unsigned long { return std::hash<double>{}(face.pointSize); });
 }
 
 FontFace FaceOf(ui::Font font) {
-    return font ? StateOfFont(font) : FontFace{};
+    return font ? StateOf<FontFace>(font) : FontFace{};
+}
+
+ui::Font DefaultFont() {
+    return ui::Font::systemFontOfSize(FontFace{}.pointSize);
 }
 
 } // namespace sim

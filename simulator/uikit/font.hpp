@@ -6,9 +6,10 @@
 
 namespace sim {
 
-void RegisterFont();
-
 /// The face of a font; for nil the system font at a label's size, 17 points.
 FontFace FaceOf(ui::Font font);
+
+/// The font of labels and text fields that are given none: the system font at that size.
+ui::Font DefaultFont();
 
 } // namespace sim

@@ -1,6 +1,6 @@
 #include "uikit/gesture_recognizer.hpp"
 
-#include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/touch_delivery.hpp"
 #include "uikit/view.hpp"
 
@@ -13,7 +13,7 @@ namespace {
 using ui::GestureRecognizer;
 using ui::GestureState;
 
-/// Asks the delegate a question that it may leave unimplemented.
+/// Asks the delegate; `otherwise` is the answer when it does not implement the question.
 template <objc::FixedString Name, class... A>
 bool AskDelegate(GestureRecognizer recognizer, bool otherwise, A... arguments) {
     const objc::Ref<ns::Object> delegate = RecognizerStateOf(recognizer).delegate.Lock();
@@ -22,7 +22,7 @@ bool AskDelegate(GestureRecognizer recognizer, bool otherwise, A... arguments) {
                : otherwise;
 }
 
-/// The other recognisers that were given one of this one's touches.
+/// The other recognisers that share a touch with this one.
 std::vector<objc::Ref<GestureRecognizer>> Competitors(GestureRecognizer recognizer) {
     std::vector<objc::Ref<GestureRecognizer>> others;
     for (const objc::Ref<ui::Touch> &touch : RecognizerStateOf(recognizer).touches) {
@@ -36,7 +36,7 @@ std::vector<objc::Ref<GestureRecognizer>> Competitors(GestureRecognizer recogniz
     return others;
 }
 
-/// Whether the one gesture, recognised, keeps the other from being so.
+/// Whether recognising one gesture prevents the other.
 bool Excludes(GestureRecognizer one, GestureRecognizer other) {
     constexpr objc::FixedString kSimultaneously{
         "gestureRecognizer:shouldRecognizeSimultaneouslyWithGestureRecognizer:"};
@@ -59,7 +59,7 @@ bool MayBegin(GestureRecognizer recognizer) {
     if (!AskDelegate<"gestureRecognizerShouldBegin:">(recognizer, true) || !ViewAllows(state.view, recognizer)) {
         return false;
     }
-    // The touched view has a say as well: a button keeps its taps from recognisers of the views around it.
+    // The touched view is asked as well: a button keeps its taps from recognisers of the views around it.
     const std::vector<objc::Ref<ui::Touch>> touches = state.touches;
     return std::ranges::all_of(touches, [&](const objc::Ref<ui::Touch> &touch) {
         const ui::View touched = TouchStateOf(touch).view;
@@ -84,106 +84,77 @@ void Recognize(GestureRecognizer recognizer, GestureState next) {
     }
 }
 
-GestureRecognizer InitWithTarget(GestureRecognizer self, objc::SEL, ns::Object target, objc::SEL action) {
-    const GestureRecognizer recognizer{objc::SendSuper<"init", ns::Object>(ns::Object{self}).pointer};
-    if (recognizer && target) {
+GestureRecognizer InitWithTarget(ns::Object self, ns::Object target, objc::SEL action) {
+    const auto recognizer = objc::SendSuper<"init", GestureRecognizer>(self);
+    if (target) {
         RecognizerStateOf(recognizer).targets.push_back({WeakObject(target), action});
     }
     return recognizer;
 }
 
-GestureRecognizer Init(GestureRecognizer self, objc::SEL) {
-    return self.initWithTarget({}, nullptr);
-}
-
-void AddTarget(GestureRecognizer self, objc::SEL, ns::Object target, objc::SEL action) {
-    std::vector<TargetAction> &targets = RecognizerStateOf(self).targets;
-    const bool known =
-        std::ranges::any_of(targets, [&](const TargetAction &entry) { return entry.Is(target, action); });
-    if (target && !known) {
-        targets.push_back({WeakObject(target), action});
+void AddTarget(RecognizerState &state, ns::Object target, objc::SEL action) {
+    const auto isSame = [&](const TargetAction &entry) { return entry.Is(target, action); };
+    if (target && std::ranges::none_of(state.targets, isSame)) {
+        state.targets.push_back({WeakObject(target), action});
     }
-}
-
-/// Nil stands for every target, a null selector for every action.
-void RemoveTarget(GestureRecognizer self, objc::SEL, ns::Object target, objc::SEL action) {
-    std::erase_if(RecognizerStateOf(self).targets, [&](const TargetAction &entry) {
-        const ns::Object own = entry.target.Lock();
-        return (!target || own == target) && (action == nullptr || sel_isEqual(entry.action, action) != 0);
-    });
-}
-
-GestureState State(GestureRecognizer self, objc::SEL) {
-    return RecognizerStateOf(self).state;
-}
-
-void SetState(GestureRecognizer self, objc::SEL, GestureState state) {
-    SetGestureState(self, state);
-    ScheduleSettling();
-}
-
-ui::View View(GestureRecognizer self, objc::SEL) {
-    return RecognizerStateOf(self).view;
-}
-
-ns::Object Delegate(GestureRecognizer self, objc::SEL) {
-    return RecognizerStateOf(self).delegate.Lock().get();
-}
-
-void SetDelegate(GestureRecognizer self, objc::SEL, ns::Object delegate) {
-    RecognizerStateOf(self).delegate = WeakObject(delegate);
-}
-
-bool IsEnabled(GestureRecognizer self, objc::SEL) {
-    return RecognizerStateOf(self).enabled;
-}
-
-void SetEnabled(GestureRecognizer self, objc::SEL, bool enabled) {
-    RecognizerStateOf(self).enabled = enabled;
-    if (!enabled) {
-        CancelRecognizer(self);
-    }
-}
-
-template <bool RecognizerState::*Member> bool GetFlag(GestureRecognizer self, objc::SEL) {
-    return RecognizerStateOf(self).*Member;
-}
-
-template <bool RecognizerState::*Member> void SetFlag(GestureRecognizer self, objc::SEL, bool value) {
-    RecognizerStateOf(self).*Member = value;
 }
 
 cg::Point InView(GestureRecognizer recognizer, cg::Point point, ui::View view) {
     return LocationInView(point, view, WindowOf(RecognizerStateOf(recognizer).view));
 }
 
-cg::Point Location(GestureRecognizer self, objc::SEL, ui::View view) {
-    return InView(self, RecognizerLocation(self), view);
-}
-
-cg::Point LocationOfTouch(GestureRecognizer self, objc::SEL, unsigned long index, ui::View view) {
+cg::Point LocationOfTouch(GestureRecognizer self, unsigned long index, ui::View view) {
     const std::vector<objc::Ref<ui::Touch>> &touches = RecognizerStateOf(self).touches;
     const bool exists = index < touches.size();
     return InView(self, exists ? TouchStateOf(touches[index]).location : RecognizerLocation(self), view);
 }
 
-unsigned long NumberOfTouches(GestureRecognizer self, objc::SEL) {
-    return RecognizerStateOf(self).touches.size();
+/// What subclasses override, each for its kind of gesture.
+void DefineKindsPart(Class<RecognizerState> &recognizer) {
+    recognizer.Method<"canPreventGestureRecognizer:">([](GestureRecognizer, GestureRecognizer) { return true; });
+    recognizer.Method<"canBePreventedByGestureRecognizer:">([](GestureRecognizer, GestureRecognizer) { return true; });
+    recognizer.Method<"touchesBegan:withEvent:">([](GestureRecognizer, ns::Set, ui::Event) {});
+    recognizer.Method<"touchesMoved:withEvent:">([](GestureRecognizer, ns::Set, ui::Event) {});
+    recognizer.Method<"touchesEnded:withEvent:">([](GestureRecognizer, ns::Set, ui::Event) {});
+    recognizer.Method<"touchesCancelled:withEvent:">([](GestureRecognizer, ns::Set, ui::Event) {});
+    recognizer.Method<"reset">([](GestureRecognizer) {});
 }
 
-bool AlwaysYes(GestureRecognizer, objc::SEL, GestureRecognizer) {
-    return true;
+void DefineTouches(Class<RecognizerState> &recognizer) {
+    recognizer.Method<"locationInView:">(
+        [](GestureRecognizer self, ui::View view) { return InView(self, RecognizerLocation(self), view); });
+    recognizer.Method<"locationOfTouch:inView:", &LocationOfTouch>();
+    recognizer.Method<"numberOfTouches">([](const RecognizerState &state) { return state.touches.size(); });
+    recognizer.Method<"ignoreTouch:forEvent:">(
+        [](RecognizerState &state, ui::Touch touch, ui::Event) { std::erase(state.touches, touch); });
 }
-
-void IgnoreTouches(GestureRecognizer, objc::SEL, ns::Set, ui::Event) {}
-
-void IgnoreTouch(GestureRecognizer self, objc::SEL, ui::Touch touch, ui::Event) {
-    std::erase_if(RecognizerStateOf(self).touches, [touch](const auto &watched) { return watched.get() == touch; });
-}
-
-void Reset(GestureRecognizer, objc::SEL) {}
 
 } // namespace
+
+void DefineGestureRecognizer() {
+    auto recognizer = Class<RecognizerState>("UIGestureRecognizer", "NSObject");
+    recognizer.Method<"initWithTarget:action:", &InitWithTarget>();
+    recognizer.Method<"init">([](GestureRecognizer self) { return self.initWithTarget({}, nullptr); });
+    recognizer.Method<"addTarget:action:", &AddTarget>();
+    recognizer.Method<"removeTarget:action:">([](RecognizerState &state, ns::Object target, objc::SEL action) {
+        std::erase_if(state.targets, [&](const TargetAction &entry) { return entry.Fits(target, action); });
+    });
+    recognizer.ReadOnly<"state", &RecognizerState::state>();
+    recognizer.Method<"setState:">([](GestureRecognizer self, GestureState state) {
+        SetGestureState(self, state);
+        ScheduleSettling();
+    });
+    recognizer.ReadOnly<"view", &RecognizerState::view>();
+    recognizer.Property<"delegate", &RecognizerState::delegate>();
+    recognizer.Property<"isEnabled", &RecognizerState::enabled>([](GestureRecognizer self) {
+        if (!RecognizerStateOf(self).enabled) {
+            CancelRecognizer(self);
+        }
+    });
+    recognizer.Property<"cancelsTouchesInView", &RecognizerState::cancelsTouchesInView>();
+    DefineTouches(recognizer);
+    DefineKindsPart(recognizer);
+}
 
 RecognizerState &RecognizerStateOf(GestureRecognizer recognizer) {
     return StateOf<RecognizerState>(recognizer);
@@ -247,44 +218,13 @@ std::size_t FingersDown(GestureRecognizer recognizer) {
 void SendActions(GestureRecognizer recognizer) {
     const std::vector<TargetAction> targets = RecognizerStateOf(recognizer).targets;
     for (const TargetAction &entry : targets) {
-        // A method without an argument leaves the recogniser alone.
+        // A method without a parameter ignores the recogniser.
         entry.target.Lock()->performSelector(entry.action, recognizer);
     }
 }
 
 double Distance(cg::Point from, cg::Point to) {
     return std::hypot(to.x - from.x, to.y - from.y);
-}
-
-void RegisterGestureRecognizer() {
-    using S = RecognizerState;
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"initWithTarget:action:", &InitWithTarget>(),
-        objc::MethodNamed<"init", &Init>(),
-        objc::MethodNamed<"addTarget:action:", &AddTarget>(),
-        objc::MethodNamed<"removeTarget:action:", &RemoveTarget>(),
-        objc::MethodNamed<"state", &State>(),
-        objc::MethodNamed<"setState:", &SetState>(),
-        objc::MethodNamed<"view", &View>(),
-        objc::MethodNamed<"delegate", &Delegate>(),
-        objc::MethodNamed<"setDelegate:", &SetDelegate>(),
-        objc::MethodNamed<"isEnabled", &IsEnabled>(),
-        objc::MethodNamed<"setEnabled:", &SetEnabled>(),
-        objc::MethodNamed<"cancelsTouchesInView", &GetFlag<&S::cancelsTouchesInView>>(),
-        objc::MethodNamed<"setCancelsTouchesInView:", &SetFlag<&S::cancelsTouchesInView>>(),
-        objc::MethodNamed<"locationInView:", &Location>(),
-        objc::MethodNamed<"locationOfTouch:inView:", &LocationOfTouch>(),
-        objc::MethodNamed<"numberOfTouches", &NumberOfTouches>(),
-        objc::MethodNamed<"canPreventGestureRecognizer:", &AlwaysYes>(),
-        objc::MethodNamed<"canBePreventedByGestureRecognizer:", &AlwaysYes>(),
-        objc::MethodNamed<"touchesBegan:withEvent:", &IgnoreTouches>(),
-        objc::MethodNamed<"touchesMoved:withEvent:", &IgnoreTouches>(),
-        objc::MethodNamed<"touchesEnded:withEvent:", &IgnoreTouches>(),
-        objc::MethodNamed<"touchesCancelled:withEvent:", &IgnoreTouches>(),
-        objc::MethodNamed<"ignoreTouch:forEvent:", &IgnoreTouch>(),
-        objc::MethodNamed<"reset", &Reset>(),
-    };
-    RegisterClassWithState<RecognizerState>("UIGestureRecognizer", "NSObject", methods);
 }
 
 } // namespace sim

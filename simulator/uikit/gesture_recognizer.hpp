@@ -17,15 +17,10 @@ struct RecognizerState {
     bool cancelsTouchesInView = true;
     std::vector<objc::Ref<ui::Touch>> touches; // those that it watches
     cg::Point lastLocation;                    // screen coordinates, for when no touch is left
-    bool recognized = false;                   // since it was last readied
+    bool recognized = false;                   // since it was last reset
     bool actionDue = false;                    // its targets have not been told of its state yet
     bool waiting = false;                      // for another touch, though none is down
 };
-
-void RegisterGestureRecognizer();
-void RegisterTapGestureRecognizer();
-void RegisterLongPressGestureRecognizer();
-void RegisterPanGestureRecognizer();
 
 RecognizerState &RecognizerStateOf(ui::GestureRecognizer recognizer);
 
@@ -35,12 +30,19 @@ bool IsOver(ui::GestureState state);
 /// Whether the gesture is under way: began or changed.
 bool IsUnderWay(ui::GestureState state);
 
-/// Moves the recogniser to a state. From possible to began or ended it must first be allowed to (delegate, views, other
-/// gestures) and fails otherwise; once recognised it excludes the other recognisers of its touches.
+/// Moves the recogniser to a state. To begin or end from possible it needs the consent of its delegate, the views and
+/// the other gestures, else it fails; once recognised it excludes the other recognisers of its touches.
 void SetGestureState(ui::GestureRecognizer recognizer, ui::GestureState next);
 
-/// Ends whatever the recogniser is in the middle of.
+/// Ends a gesture that is under way or may become one.
 void CancelRecognizer(ui::GestureRecognizer recognizer);
+
+/// Gives a view a recogniser of T's kind, whose action is a method of the view itself.
+template <class T> objc::Ref<T> AddRecognizer(ui::View view, objc::SEL action) {
+    const auto recognizer = objc::Ref<T>::Adopt(objc::As<T>(ns::Alloc<T>().initWithTarget(view, action)));
+    view.addGestureRecognizer(recognizer);
+    return recognizer;
+}
 
 /// Notes the view to which a recogniser is attached; nil for none.
 void SetRecognizerView(ui::GestureRecognizer recognizer, ui::View view);

@@ -1,4 +1,7 @@
+// UILongPressGestureRecognizer.
+
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/gesture_recognizer.hpp"
 #include "uikit/touch_delivery.hpp"
 
@@ -20,16 +23,12 @@ struct LongPressState {
     }
 };
 
-LongPressState &StateOfPress(LongPress self) {
-    return StateOf<LongPressState>(self);
-}
-
 bool IsPossible(LongPress self) {
     return RecognizerStateOf(self).state == GestureState::kPossible;
 }
 
-void TouchesBegan(LongPress self, objc::SEL, ns::Set, ui::Event) {
-    LongPressState &state = StateOfPress(self);
+void TouchesBegan(LongPress self, ns::Set, ui::Event) {
+    auto &state = StateOf<LongPressState>(self);
     const std::size_t fingers = RecognizerStateOf(self).touches.size();
     if (!IsPossible(self) || fingers < state.touchesRequired) {
         return;
@@ -47,8 +46,8 @@ void TouchesBegan(LongPress self, objc::SEL, ns::Set, ui::Event) {
     });
 }
 
-void TouchesMoved(LongPress self, objc::SEL, ns::Set, ui::Event) {
-    const LongPressState &state = StateOfPress(self);
+void TouchesMoved(LongPress self, ns::Set, ui::Event) {
+    const auto &state = StateOf<LongPressState>(self);
     if (!IsPossible(self)) {
         SetGestureState(self, GestureState::kChanged);
     } else if (Distance(state.landing, RecognizerLocation(self)) > state.allowableMovement) {
@@ -56,48 +55,27 @@ void TouchesMoved(LongPress self, objc::SEL, ns::Set, ui::Event) {
     }
 }
 
-void TouchesEnded(LongPress self, objc::SEL, ns::Set, ui::Event) {
+void TouchesEnded(LongPress self, ns::Set, ui::Event) {
     if (IsPossible(self)) {
         SetGestureState(self, GestureState::kFailed);
-    } else if (FingersDown(self) < StateOfPress(self).touchesRequired) {
+    } else if (FingersDown(self) < StateOf<LongPressState>(self).touchesRequired) {
         SetGestureState(self, GestureState::kEnded);
     }
 }
 
-void TouchesCancelled(LongPress self, objc::SEL, ns::Set, ui::Event) {
-    SetGestureState(self, GestureState::kCancelled);
-}
-
-void Reset(LongPress self, objc::SEL) {
-    clock::Cancel(StateOfPress(self).timer);
-}
-
-template <auto Member> auto Get(LongPress self, objc::SEL) {
-    return StateOfPress(self).*Member;
-}
-
-template <auto Member, class T> void Set(LongPress self, objc::SEL, T value) {
-    StateOfPress(self).*Member = value;
-}
-
 } // namespace
 
-void RegisterLongPressGestureRecognizer() {
-    using S = LongPressState;
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"touchesBegan:withEvent:", &TouchesBegan>(),
-        objc::MethodNamed<"touchesMoved:withEvent:", &TouchesMoved>(),
-        objc::MethodNamed<"touchesEnded:withEvent:", &TouchesEnded>(),
-        objc::MethodNamed<"touchesCancelled:withEvent:", &TouchesCancelled>(),
-        objc::MethodNamed<"reset", &Reset>(),
-        objc::MethodNamed<"minimumPressDuration", &Get<&S::minimumDuration>>(),
-        objc::MethodNamed<"setMinimumPressDuration:", &Set<&S::minimumDuration, double>>(),
-        objc::MethodNamed<"allowableMovement", &Get<&S::allowableMovement>>(),
-        objc::MethodNamed<"setAllowableMovement:", &Set<&S::allowableMovement, double>>(),
-        objc::MethodNamed<"numberOfTouchesRequired", &Get<&S::touchesRequired>>(),
-        objc::MethodNamed<"setNumberOfTouchesRequired:", &Set<&S::touchesRequired, unsigned long>>(),
-    };
-    RegisterClassWithState<LongPressState>("UILongPressGestureRecognizer", "UIGestureRecognizer", methods);
+void DefineLongPressGestureRecognizer() {
+    auto press = Class<LongPressState>("UILongPressGestureRecognizer", "UIGestureRecognizer");
+    press.Property<"minimumPressDuration", &LongPressState::minimumDuration>();
+    press.Property<"allowableMovement", &LongPressState::allowableMovement>();
+    press.Property<"numberOfTouchesRequired", &LongPressState::touchesRequired>();
+    press.Method<"touchesBegan:withEvent:", &TouchesBegan>();
+    press.Method<"touchesMoved:withEvent:", &TouchesMoved>();
+    press.Method<"touchesEnded:withEvent:", &TouchesEnded>();
+    press.Method<"touchesCancelled:withEvent:">(
+        [](LongPress self, ns::Set, ui::Event) { SetGestureState(self, GestureState::kCancelled); });
+    press.Method<"reset">([](const LongPressState &state) { clock::Cancel(state.timer); });
 }
 
 } // namespace sim

@@ -1,4 +1,7 @@
+// UIPanGestureRecognizer.
+
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/gesture_recognizer.hpp"
 #include "uikit/touch_delivery.hpp"
 #include "uikit/view.hpp"
@@ -14,7 +17,7 @@ using Pan = ui::PanGestureRecognizer;
 
 /// How far (points) the fingers must move before it is a pan.
 constexpr double kSlop = 10;
-/// The stretch of time (seconds) over which the velocity is taken.
+/// The time (seconds) over which the velocity is measured.
 constexpr double kVelocityWindow = 0.1;
 
 struct PanSample {
@@ -29,10 +32,6 @@ struct PanState {
     cg::Point moved;       // on the screen, since the gesture's start
     std::vector<PanSample> samples;
 };
-
-PanState &StateOfPan(Pan self) {
-    return StateOf<PanState>(self);
-}
 
 cg::Point Sum(cg::Point left, cg::Point right) {
     return {left.x + right.x, left.y + right.y};
@@ -65,26 +64,24 @@ void AddSample(PanState &state) {
     state.samples.push_back({now, state.moved});
 }
 
-void TouchesBegan(Pan self, objc::SEL, ns::Set, ui::Event event) {
+void TouchesBegan(Pan self, ns::Set, ui::Event event) {
     RecognizerState &recognizer = RecognizerStateOf(self);
-    PanState &state = StateOfPan(self);
+    auto &state = StateOf<PanState>(self);
     if (recognizer.touches.size() > state.maximumTouches) {
         if (recognizer.state == GestureState::kPossible) {
             SetGestureState(self, GestureState::kFailed);
-        } else { // a pan under way does not mind another finger
-            std::erase_if(recognizer.touches, [event](const objc::Ref<ui::Touch> &touch) {
-                return touch.get() == EventStateOf(event).changed.get();
-            });
+        } else { // a pan that has begun ignores another finger
+            std::erase(recognizer.touches, EventStateOf(event).changed.get());
         }
     }
     RecognizerLocation(self);
     AddSample(state);
 }
 
-void TouchesMoved(Pan self, objc::SEL, ns::Set, ui::Event event) {
+void TouchesMoved(Pan self, ns::Set, ui::Event event) {
     const RecognizerState &recognizer = RecognizerStateOf(self);
-    PanState &state = StateOfPan(self);
-    // The middle of the fingers moves; a finger that lands or lifts does not move it.
+    auto &state = StateOf<PanState>(self);
+    // Only movement counts: a finger that lands or lifts shifts the middle of the fingers without moving anything.
     const TouchState &touch = TouchStateOf(EventStateOf(event).changed);
     const cg::Point step =
         Scaled(Difference(touch.location, touch.previousLocation), 1 / static_cast<double>(recognizer.touches.size()));
@@ -100,38 +97,15 @@ void TouchesMoved(Pan self, objc::SEL, ns::Set, ui::Event event) {
 }
 
 void Finish(Pan self, GestureState end) {
-    AddSample(StateOfPan(self));
-    if (FingersDown(self) < StateOfPan(self).minimumTouches) {
+    AddSample(StateOf<PanState>(self));
+    if (FingersDown(self) < StateOf<PanState>(self).minimumTouches) {
         SetGestureState(self, RecognizerStateOf(self).state == GestureState::kPossible ? GestureState::kFailed : end);
     }
 }
 
-void TouchesEnded(Pan self, objc::SEL, ns::Set, ui::Event) {
-    Finish(self, GestureState::kEnded);
-}
-
-void TouchesCancelled(Pan self, objc::SEL, ns::Set, ui::Event) {
-    Finish(self, GestureState::kCancelled);
-}
-
-void Reset(Pan self, objc::SEL) {
-    PanState &state = StateOfPan(self);
-    state.translation = {};
-    state.moved = {};
-    state.samples.clear();
-}
-
-cg::Point TranslationInView(Pan self, objc::SEL, ui::View view) {
-    return ScreenToView(self, StateOfPan(self).translation, view);
-}
-
-void SetTranslation(Pan self, objc::SEL, cg::Point translation, ui::View view) {
-    StateOfPan(self).translation = ViewToScreen(self, translation, view);
-}
-
 /// Points a second.
-cg::Point VelocityInView(Pan self, objc::SEL, ui::View view) {
-    const std::vector<PanSample> &samples = StateOfPan(self).samples;
+cg::Point VelocityInView(Pan self, ui::View view) {
+    const std::vector<PanSample> &samples = StateOf<PanState>(self).samples;
     if (samples.empty() || samples.back().time <= samples.front().time) {
         return {};
     }
@@ -139,33 +113,28 @@ cg::Point VelocityInView(Pan self, objc::SEL, ui::View view) {
     return ScreenToView(self, Scaled(moved, 1 / (samples.back().time - samples.front().time)), view);
 }
 
-template <auto Member> auto Get(Pan self, objc::SEL) {
-    return StateOfPan(self).*Member;
-}
-
-template <auto Member, class T> void Set(Pan self, objc::SEL, T value) {
-    StateOfPan(self).*Member = value;
-}
-
 } // namespace
 
-void RegisterPanGestureRecognizer() {
-    using S = PanState;
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"touchesBegan:withEvent:", &TouchesBegan>(),
-        objc::MethodNamed<"touchesMoved:withEvent:", &TouchesMoved>(),
-        objc::MethodNamed<"touchesEnded:withEvent:", &TouchesEnded>(),
-        objc::MethodNamed<"touchesCancelled:withEvent:", &TouchesCancelled>(),
-        objc::MethodNamed<"reset", &Reset>(),
-        objc::MethodNamed<"translationInView:", &TranslationInView>(),
-        objc::MethodNamed<"setTranslation:inView:", &SetTranslation>(),
-        objc::MethodNamed<"velocityInView:", &VelocityInView>(),
-        objc::MethodNamed<"minimumNumberOfTouches", &Get<&S::minimumTouches>>(),
-        objc::MethodNamed<"setMinimumNumberOfTouches:", &Set<&S::minimumTouches, unsigned long>>(),
-        objc::MethodNamed<"maximumNumberOfTouches", &Get<&S::maximumTouches>>(),
-        objc::MethodNamed<"setMaximumNumberOfTouches:", &Set<&S::maximumTouches, unsigned long>>(),
-    };
-    RegisterClassWithState<PanState>("UIPanGestureRecognizer", "UIGestureRecognizer", methods);
+void DefinePanGestureRecognizer() {
+    auto pan = Class<PanState>("UIPanGestureRecognizer", "UIGestureRecognizer");
+    pan.Property<"minimumNumberOfTouches", &PanState::minimumTouches>();
+    pan.Property<"maximumNumberOfTouches", &PanState::maximumTouches>();
+    pan.Method<"translationInView:">(
+        [](Pan self, ui::View view) { return ScreenToView(self, StateOf<PanState>(self).translation, view); });
+    pan.Method<"setTranslation:inView:">([](Pan self, cg::Point translation, ui::View view) {
+        StateOf<PanState>(self).translation = ViewToScreen(self, translation, view);
+    });
+    pan.Method<"velocityInView:", &VelocityInView>();
+    pan.Method<"touchesBegan:withEvent:", &TouchesBegan>();
+    pan.Method<"touchesMoved:withEvent:", &TouchesMoved>();
+    pan.Method<"touchesEnded:withEvent:">([](Pan self, ns::Set, ui::Event) { Finish(self, GestureState::kEnded); });
+    pan.Method<"touchesCancelled:withEvent:">(
+        [](Pan self, ns::Set, ui::Event) { Finish(self, GestureState::kCancelled); });
+    pan.Method<"reset">([](PanState &state) {
+        state.translation = {};
+        state.moved = {};
+        state.samples.clear();
+    });
 }
 
 } // namespace sim

@@ -1,4 +1,7 @@
+// UITapGestureRecognizer.
+
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/gesture_recognizer.hpp"
 #include "uikit/touch_delivery.hpp"
 
@@ -10,9 +13,9 @@ namespace {
 using ui::GestureState;
 using Tap = ui::TapGestureRecognizer;
 
-/// How far (points) a finger may stray from where it landed and still tap.
+/// How far (points) a finger may move from where it landed and still tap.
 constexpr double kAllowedMovement = 45;
-/// How soon (seconds) the next of several taps must land.
+/// The longest pause (seconds) between two of several taps.
 constexpr double kLongestPause = 0.35;
 
 struct TapState {
@@ -28,12 +31,8 @@ struct TapState {
     }
 };
 
-TapState &StateOfTap(Tap self) {
-    return StateOf<TapState>(self);
-}
-
-void TouchesBegan(Tap self, objc::SEL, ns::Set, ui::Event event) {
-    TapState &state = StateOfTap(self);
+void TouchesBegan(Tap self, ns::Set, ui::Event event) {
+    auto &state = StateOf<TapState>(self);
     clock::Cancel(state.pause);
     RecognizerStateOf(self).waiting = false;
     if (++state.fingersLanded > state.touchesRequired) {
@@ -43,15 +42,15 @@ void TouchesBegan(Tap self, objc::SEL, ns::Set, ui::Event event) {
     state.landings[touch.pointer] = TouchStateOf(touch).location;
 }
 
-void TouchesMoved(Tap self, objc::SEL, ns::Set, ui::Event event) {
+void TouchesMoved(Tap self, ns::Set, ui::Event event) {
     const ui::Touch touch = EventStateOf(event).changed;
-    if (Distance(StateOfTap(self).landings[touch.pointer], TouchStateOf(touch).location) > kAllowedMovement) {
+    if (Distance(StateOf<TapState>(self).landings[touch.pointer], TouchStateOf(touch).location) > kAllowedMovement) {
         SetGestureState(self, GestureState::kFailed);
     }
 }
 
 void WaitForNextTap(Tap self) {
-    TapState &state = StateOfTap(self);
+    auto &state = StateOf<TapState>(self);
     state.fingersLanded = 0;
     state.landings.clear();
     RecognizerStateOf(self).waiting = true;
@@ -62,8 +61,8 @@ void WaitForNextTap(Tap self) {
     });
 }
 
-void TouchesEnded(Tap self, objc::SEL, ns::Set, ui::Event) {
-    TapState &state = StateOfTap(self);
+void TouchesEnded(Tap self, ns::Set, ui::Event) {
+    auto &state = StateOf<TapState>(self);
     if (RecognizerStateOf(self).state != GestureState::kPossible || FingersDown(self) != 0) {
         return;
     }
@@ -76,56 +75,28 @@ void TouchesEnded(Tap self, objc::SEL, ns::Set, ui::Event) {
     }
 }
 
-void TouchesCancelled(Tap self, objc::SEL, ns::Set, ui::Event) {
-    SetGestureState(self, GestureState::kFailed);
-}
-
-void Reset(Tap self, objc::SEL) {
-    TapState &state = StateOfTap(self);
-    clock::Cancel(state.pause);
-    state.tapsDone = 0;
-    state.fingersLanded = 0;
-    state.landings.clear();
-}
-
-/// A single tap leaves a double tap its chance.
-bool CanPrevent(Tap self, objc::SEL, ui::GestureRecognizer other) {
-    return !other.isKindOfClass(objc::ClassOf<Tap>()) ||
-           StateOfTap(Tap{other.pointer}).tapsRequired <= StateOfTap(self).tapsRequired;
-}
-
-unsigned long NumberOfTapsRequired(Tap self, objc::SEL) {
-    return StateOfTap(self).tapsRequired;
-}
-
-void SetNumberOfTapsRequired(Tap self, objc::SEL, unsigned long taps) {
-    StateOfTap(self).tapsRequired = taps;
-}
-
-unsigned long NumberOfTouchesRequired(Tap self, objc::SEL) {
-    return StateOfTap(self).touchesRequired;
-}
-
-void SetNumberOfTouchesRequired(Tap self, objc::SEL, unsigned long touches) {
-    StateOfTap(self).touchesRequired = touches;
-}
-
 } // namespace
 
-void RegisterTapGestureRecognizer() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"touchesBegan:withEvent:", &TouchesBegan>(),
-        objc::MethodNamed<"touchesMoved:withEvent:", &TouchesMoved>(),
-        objc::MethodNamed<"touchesEnded:withEvent:", &TouchesEnded>(),
-        objc::MethodNamed<"touchesCancelled:withEvent:", &TouchesCancelled>(),
-        objc::MethodNamed<"reset", &Reset>(),
-        objc::MethodNamed<"canPreventGestureRecognizer:", &CanPrevent>(),
-        objc::MethodNamed<"numberOfTapsRequired", &NumberOfTapsRequired>(),
-        objc::MethodNamed<"setNumberOfTapsRequired:", &SetNumberOfTapsRequired>(),
-        objc::MethodNamed<"numberOfTouchesRequired", &NumberOfTouchesRequired>(),
-        objc::MethodNamed<"setNumberOfTouchesRequired:", &SetNumberOfTouchesRequired>(),
-    };
-    RegisterClassWithState<TapState>("UITapGestureRecognizer", "UIGestureRecognizer", methods);
+void DefineTapGestureRecognizer() {
+    auto tap = Class<TapState>("UITapGestureRecognizer", "UIGestureRecognizer");
+    tap.Property<"numberOfTapsRequired", &TapState::tapsRequired>();
+    tap.Property<"numberOfTouchesRequired", &TapState::touchesRequired>();
+    // A single tap must not prevent a double tap.
+    tap.Method<"canPreventGestureRecognizer:">([](const TapState &state, ui::GestureRecognizer other) {
+        return !other.isKindOfClass(objc::ClassOf<Tap>()) ||
+               StateOf<TapState>(other).tapsRequired <= state.tapsRequired;
+    });
+    tap.Method<"touchesBegan:withEvent:", &TouchesBegan>();
+    tap.Method<"touchesMoved:withEvent:", &TouchesMoved>();
+    tap.Method<"touchesEnded:withEvent:", &TouchesEnded>();
+    tap.Method<"touchesCancelled:withEvent:">(
+        [](Tap self, ns::Set, ui::Event) { SetGestureState(self, GestureState::kFailed); });
+    tap.Method<"reset">([](TapState &state) {
+        clock::Cancel(state.pause);
+        state.tapsDone = 0;
+        state.fingersLanded = 0;
+        state.landings.clear();
+    });
 }
 
 } // namespace sim

@@ -3,14 +3,13 @@
 #include "apple/uikit/feedback.hpp"
 #include "runtime/clock.hpp"
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 
 namespace sim {
 namespace {
 
-constexpr long kMediumStyle = 1; // of a generator made without a style
-
 struct GeneratorState {
-    long style = kMediumStyle;
+    ui::ImpactStyle style = ui::ImpactStyle::kMedium; // of a generator made without a style
     bool prepared = false;
 };
 
@@ -19,34 +18,22 @@ std::vector<HapticImpact> &Impacts() {
     return impacts;
 }
 
-void Prepare(objc::Object self, objc::SEL) {
-    StateOf<GeneratorState>(self).prepared = true;
-}
-
-ns::Object InitWithStyle(ns::Object self, objc::SEL, long style) {
-    const auto generator = objc::Send<"init", ns::Object>(self);
-    if (generator) {
-        StateOf<GeneratorState>(generator).style = style;
-    }
-    return generator;
-}
-
-void ImpactOccurred(ns::Object self, objc::SEL) {
-    auto &state = StateOf<GeneratorState>(self);
-    Impacts().push_back({clock::Now(), state.style, state.prepared});
-    state.prepared = false;
-}
-
 } // namespace
 
-void RegisterHaptics() {
-    const objc::MethodEntry generatorMethods[] = {objc::MethodNamed<"prepare", &Prepare>()};
-    RegisterClassWithState<GeneratorState>("UIFeedbackGenerator", "NSObject", generatorMethods);
-    const objc::MethodEntry impactMethods[] = {
-        objc::MethodNamed<"initWithStyle:", &InitWithStyle>(),
-        objc::MethodNamed<"impactOccurred", &ImpactOccurred>(),
-    };
-    RegisterClass("UIImpactFeedbackGenerator", "UIFeedbackGenerator", impactMethods);
+void DefineHaptics() {
+    auto generator = Class<GeneratorState>("UIFeedbackGenerator", "NSObject");
+    generator.Method<"prepare">([](GeneratorState &state) { state.prepared = true; });
+
+    auto impact = Class("UIImpactFeedbackGenerator", "UIFeedbackGenerator");
+    impact.Method<"initWithStyle:">([](ns::Object self, ui::ImpactStyle style) {
+        const auto made = objc::Send<"init", ns::Object>(self);
+        StateOf<GeneratorState>(made).style = style;
+        return made;
+    });
+    impact.Method<"impactOccurred">([](GeneratorState &state) {
+        Impacts().push_back({clock::Now(), static_cast<long>(state.style), state.prepared});
+        state.prepared = false;
+    });
 }
 
 const std::vector<HapticImpact> &HapticImpacts() {

@@ -5,8 +5,6 @@
 
 namespace sim {
 
-void RegisterHaptics();
-
 /// One impact, as it occurred.
 struct HapticImpact {
     double time;   // of the virtual clock, seconds

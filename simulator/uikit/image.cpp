@@ -3,10 +3,10 @@
 #include "apple/uikit/view.hpp"
 #include "render/album.hpp"
 #include "render/surface.hpp"
-#include "runtime/autorelease.hpp"
 #include "runtime/clock.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/application.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/view_renderer.hpp"
 
 #include <cmath>
@@ -20,20 +20,13 @@ struct ImageState {
     double scale = 1;
 };
 
-cg::Size Size(ui::Image self, objc::SEL) {
-    const ImageState &state = StateOf<ImageState>(self);
-    if (!state.pixels) {
-        return {};
-    }
-    return {cairo_image_surface_get_width(state.pixels.get()) / state.scale,
-            cairo_image_surface_get_height(state.pixels.get()) / state.scale};
+cg::Size SizeOf(const ImageState &image) {
+    return image.pixels ? cg::Size{cairo_image_surface_get_width(image.pixels.get()) / image.scale,
+                                   cairo_image_surface_get_height(image.pixels.get()) / image.scale}
+                        : cg::Size{};
 }
 
-double Scale(ui::Image self, objc::SEL) {
-    return StateOf<ImageState>(self).scale;
-}
-
-/// One open image context; of an empty size it has no surface.
+/// An open image context. One of an empty size has no surface.
 struct ImageContext {
     Surface surface;
     Context context;
@@ -63,7 +56,7 @@ ImageContext MakeContext(cg::Size size, bool opaque, double scale) {
     return {std::move(surface), std::move(context), scale};
 }
 
-Surface CopyOf(cairo_surface_t *surface) {
+Surface CopyPixels(cairo_surface_t *surface) {
     Surface copy(cairo_image_surface_create(cairo_image_surface_get_format(surface),
                                             cairo_image_surface_get_width(surface),
                                             cairo_image_surface_get_height(surface)));
@@ -74,9 +67,9 @@ Surface CopyOf(cairo_surface_t *surface) {
     return copy;
 }
 
-/// Answers whether anything could be drawn. What shows now is drawn in either case: pending updates need no
-/// waiting for, since views are drawn from their present state.
-bool DrawViewHierarchy(ui::View self, objc::SEL, cg::Rect rect, bool) {
+/// Whether there is a context to draw into. The last argument makes no difference: views are always drawn from their
+/// present state.
+bool DrawViewHierarchy(ui::View self, cg::Rect rect, bool) {
     if (OpenContexts().empty() || !OpenContexts().back().context) {
         return false;
     }
@@ -85,7 +78,7 @@ bool DrawViewHierarchy(ui::View self, objc::SEL, cg::Rect rect, bool) {
     return true;
 }
 
-/// Tells whoever saved a picture, in a later turn, as image:didFinishSavingWithError:contextInfo: is told.
+/// Calls a completion of the form image:didFinishSavingWithError:contextInfo: in a later turn.
 void Complete(const objc::Ref<ns::Object> &target, objc::SEL completion, const objc::Ref<ui::Image> &image,
               void *context) {
     clock::Schedule(0, [=] {
@@ -98,16 +91,13 @@ void Complete(const objc::Ref<ns::Object> &target, objc::SEL completion, const o
 
 } // namespace
 
-void RegisterImage() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"size", &Size>(),
-        objc::MethodNamed<"scale", &Scale>(),
-    };
-    RegisterClassWithState<ImageState>("UIImage", "NSObject", methods);
-    const objc::MethodEntry viewMethods[] = {
-        objc::MethodNamed<"drawViewHierarchyInRect:afterScreenUpdates:", &DrawViewHierarchy>(),
-    };
-    ExtendClass("UIView", viewMethods);
+void DefineImage() {
+    auto image = Class<ImageState>("UIImage", "NSObject");
+    image.Method<"size", &SizeOf>();
+    image.ReadOnly<"scale", &ImageState::scale>();
+
+    auto view = Class<>::Existing("UIView");
+    view.Method<"drawViewHierarchyInRect:afterScreenUpdates:", &DrawViewHierarchy>();
 }
 
 cairo_surface_t *PixelsOf(ui::Image image) {
@@ -129,7 +119,7 @@ objc::id UIGraphicsGetImageFromCurrentImageContext() {
     const sim::ImageContext &context = sim::OpenContexts().back();
     const auto image = ns::New<ui::Image>();
     auto &state = sim::StateOf<sim::ImageState>(image.get());
-    state.pixels = sim::CopyOf(context.surface.get());
+    state.pixels = sim::CopyPixels(context.surface.get());
     state.scale = context.scale;
     return sim::Autoreleased(image).pointer;
 }

@@ -7,9 +7,6 @@ struct _cairo_surface;
 
 namespace sim {
 
-/// After UIView's registration, to which it adds drawViewHierarchyInRect:afterScreenUpdates:.
-void RegisterImage();
-
 /// The image's pixels (ARGB32 or RGB24), owned by the image; null for nil and for an image without any.
 _cairo_surface *PixelsOf(ui::Image image);
 

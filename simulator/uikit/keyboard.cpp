@@ -7,6 +7,7 @@
 #include "runtime/native_class.hpp"
 #include "uikit/animation.hpp"
 #include "uikit/application.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/keyboard_keys.hpp"
 #include "uikit/responder.hpp"
 #include "uikit/text_input.hpp"
@@ -45,11 +46,11 @@ struct Keyboard {
     double duration = 0.25;
     bool up = false;
     cg::Rect frame;                   // where it is going to be
-    objc::Ref<KeyboardWindow> window; // while anything of it can be seen
+    objc::Ref<KeyboardWindow> window; // while any of it can be seen
     objc::Ref<ui::View> panel;        // keys and accessory
     objc::Ref<Keys> keys;
     objc::Ref<ui::View> accessory;
-    long movement = 0; // grows with each movement: what an older one had in mind no longer holds
+    long movement = 0; // counts movements: an older one must not finish after a newer one
 };
 
 Keyboard &Shared() {
@@ -59,8 +60,7 @@ Keyboard &Shared() {
 
 /// What a notification carries.
 ns::Dictionary Info(cg::Rect begin, cg::Rect end) {
-    const auto info = objc::Send<"autorelease", ns::MutableDictionary>(
-        objc::SendClass<ns::MutableDictionary, "new", ns::MutableDictionary>());
+    const auto info = Autoreleased(ns::New<ns::MutableDictionary>());
     const auto rect = [](cg::Rect frame) { return objc::SendClass<ui::Value, "valueWithCGRect:", ui::Value>(frame); };
     info.setObject(rect(begin), UIKeyboardFrameBeginUserInfoKey);
     info.setObject(rect(end), UIKeyboardFrameEndUserInfoKey);
@@ -85,11 +85,10 @@ void Assemble(ui::View accessory, cg::Rect start) {
     Keyboard &keyboard = Shared();
     if (!keyboard.window) {
         const cg::Rect screen{{}, ScreenSize()};
-        keyboard.window =
-            objc::Ref<KeyboardWindow>::Adopt(KeyboardWindow{ns::Alloc<KeyboardWindow>().initWithFrame(screen).pointer});
+        keyboard.window = ui::MakeView<KeyboardWindow>(screen);
         keyboard.window->setWindowLevel(kWindowLevel);
-        keyboard.panel = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame(start));
-        keyboard.keys = objc::Ref<Keys>::Adopt(Keys{ns::Alloc<Keys>().initWithFrame({}).pointer});
+        keyboard.panel = ui::MakeView<ui::View>(start);
+        keyboard.keys = ns::New<Keys>();
         keyboard.panel->addSubview(keyboard.keys);
         keyboard.window->addSubview(keyboard.panel);
         keyboard.window->setHidden(false);
@@ -126,7 +125,7 @@ void Move(cg::Rect begin, cg::Rect end, ns::String will, ns::String did, const s
     Post(UIKeyboardWillChangeFrameNotification, info);
     Post(will, info);
     if (keyboard.movement != movement) {
-        return; // whoever heard of it wanted something else
+        return; // an observer has started another movement
     }
     const objc::Ref<ns::String> ended = did;
     Animate(
@@ -169,26 +168,22 @@ void Hide() {
     Move(begin, keyboard.frame, UIKeyboardWillHideNotification, UIKeyboardDidHideNotification, &Disassemble);
 }
 
-ui::View HitTest(KeyboardWindow self, objc::SEL, cg::Point point, ui::Event event) {
-    const auto hit = objc::SendSuper<"hitTest:withEvent:", ui::View>(ui::Window{self.pointer}, point, event);
-    return hit == self ? ui::View{} : hit;
-}
-
-bool CanBecomeKeyWindow(KeyboardWindow, objc::SEL) {
-    return false;
-}
-
-// Rectangles in NSValues. Foundation's own kind is built in the same way.
-
-ui::Value ValueWithCGRect(objc::Object, objc::SEL, cg::Rect rect) {
-    return objc::SendClass<ui::Value, "valueWithRect:", ui::Value>(rect);
-}
-
-cg::Rect CGRectValue(ui::Value self, objc::SEL) {
-    return objc::Send<"rectValue", cg::Rect>(self);
-}
-
 } // namespace
+
+void DefineKeyboard() {
+    auto window = Class(KeyboardWindow::kClassName, "UIWindow");
+    window.Method<"hitTest:withEvent:">([](ui::Window self, cg::Point point, ui::Event event) {
+        const auto hit = objc::SendSuper<"hitTest:withEvent:", ui::View>(self, point, event);
+        return hit == self ? ui::View{} : hit;
+    });
+    window.Method<"canBecomeKeyWindow">([](ui::Window) { return false; });
+
+    // Rectangles in NSValues. Foundation's own kind is built in the same way.
+    auto value = Class<>::Existing("NSValue");
+    value.ClassMethod<"valueWithCGRect:">(
+        [](ui::Value, cg::Rect rect) { return objc::SendClass<ui::Value, "valueWithRect:", ui::Value>(rect); });
+    value.Method<"CGRectValue">([](ui::Value self) { return objc::Send<"rectValue", cg::Rect>(self); });
+}
 
 void KeyboardFollows(ui::Responder first) {
     if (TextInputOf(first) != nullptr) {
@@ -211,19 +206,6 @@ void SetKeyboardDuration(double seconds) {
 
 std::optional<cg::Rect> KeyboardFrame() {
     return Shared().up ? std::optional(Shared().frame) : std::nullopt;
-}
-
-void RegisterKeyboard() {
-    SetKeyboardNames();
-    const objc::MethodEntry valueMethods[] = {objc::MethodNamed<"CGRectValue", &CGRectValue>()};
-    const objc::MethodEntry valueClassMethods[] = {objc::MethodNamed<"valueWithCGRect:", &ValueWithCGRect>()};
-    ExtendClass("NSValue", valueMethods, valueClassMethods);
-    RegisterKeyboardKeys();
-    const objc::MethodEntry windowMethods[] = {
-        objc::MethodNamed<"hitTest:withEvent:", &HitTest>(),
-        objc::MethodNamed<"canBecomeKeyWindow", &CanBecomeKeyWindow>(),
-    };
-    RegisterClass(KeyboardWindow::kClassName, "UIWindow", windowMethods);
 }
 
 } // namespace sim

@@ -8,9 +8,6 @@
 
 namespace sim {
 
-/// After UIWindow's registration.
-void RegisterKeyboard();
-
 /// Brings the keyboard in line with the first responder (nil: there is none). Called whenever that changes.
 void KeyboardFollows(ui::Responder first);
 
@@ -22,8 +19,5 @@ void SetKeyboardDuration(double seconds);
 
 /// The frame (screen coordinates, the accessory view included) of the keyboard that is up or on its way up.
 std::optional<cg::Rect> KeyboardFrame();
-
-/// Gives the exported names their values. RegisterKeyboard calls it.
-void SetKeyboardNames();
 
 } // namespace sim

@@ -3,12 +3,12 @@
 #include "apple/uikit/text_field.hpp"
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
-#include "uikit/color.hpp"
+#include "uikit/classes.hpp"
+#include "uikit/drawing.hpp"
 #include "uikit/view_state.hpp"
 
 #include <algorithm>
 #include <cairo.h>
-#include <numbers>
 
 namespace sim {
 namespace {
@@ -18,7 +18,7 @@ constexpr double kRowGap = 11;
 constexpr double kMargin = 3;
 constexpr double kTop = 10;
 constexpr double kTallestRow = 44;
-constexpr double kBelowKeys = 76; // points under the last row, where a phone without a home button has none
+constexpr double kBelowKeys = 76; // points without keys at the bottom, as on phones without a home button
 constexpr double kKeyRadius = 5;
 constexpr int kRows = 4;
 constexpr double kMostKeys = 10; // in a row; its keys are as wide as the room allows
@@ -38,10 +38,6 @@ Look PresentLook() {
                               : Look{{0.82, 0.83, 0.85, 1}, {1, 1, 1, 1}, {0.67, 0.7, 0.74, 1}, {0, 0, 0, 1}};
 }
 
-void SetSource(cairo_t *context, Rgba color) {
-    cairo_set_source_rgba(context, color.r, color.g, color.b, color.a);
-}
-
 class Keys {
   public:
     Keys(cairo_t *context, cg::Size size)
@@ -50,10 +46,10 @@ class Keys {
           rowHeight_(std::min((size.height - kTop - kBelowKeys - (kRows - 1) * kRowGap) / kRows, kTallestRow)) {}
 
     void Draw(double height) {
-        SetSource(context_, look_.background);
+        SetPaint(context_, look_.background);
         cairo_rectangle(context_, 0, 0, width_, height);
         cairo_fill(context_);
-        constexpr double kReadable = 12; // a keyboard too low for its keys shows none
+        constexpr double kReadable = 12; // a keyboard that is too low shows no keys
         if (rowHeight_ < kReadable || keyWidth_ < kReadable) {
             return;
         }
@@ -96,7 +92,7 @@ class Keys {
         return kTop + row * (rowHeight_ + kRowGap);
     }
 
-    /// A row of letters, in the middle.
+    /// A row of letters, centred.
     void Letters(std::u16string_view letters, int row) {
         const auto count = static_cast<double>(letters.size());
         double x = (width_ - count * keyWidth_ - (count - 1) * kKeyGap) / 2;
@@ -107,21 +103,11 @@ class Keys {
     }
 
     void Key(cg::Point origin, double width, std::u16string_view text, Rgba color) {
-        constexpr double kQuarter = std::numbers::pi / 2;
-        const auto corner = [&](double x, double y, int quarter) {
-            cairo_arc(context_, origin.x + x, origin.y + y, kKeyRadius, quarter * kQuarter, (quarter + 1) * kQuarter);
-        };
-        cairo_new_sub_path(context_);
-        corner(width - kKeyRadius, kKeyRadius, -1);
-        corner(width - kKeyRadius, rowHeight_ - kKeyRadius, 0);
-        corner(kKeyRadius, rowHeight_ - kKeyRadius, 1);
-        corner(kKeyRadius, kKeyRadius, 2);
-        cairo_close_path(context_);
-        SetSource(context_, color);
-        cairo_fill(context_);
+        SetPaint(context_, color);
+        FillRounded(context_, {origin, {width, rowHeight_}}, kKeyRadius);
         const FontFace face{text.size() == 1 ? 21.0 : 16.0, false};
         const FontMetrics metrics = MetricsOf(face);
-        SetSource(context_, look_.text);
+        SetPaint(context_, look_.text);
         const double baseline = origin.y + (rowHeight_ - metrics.lineHeight) / 2 + metrics.ascender;
         DrawLine(context_, text, face, {origin.x, baseline, width, 0.5});
     }
@@ -140,15 +126,15 @@ void DrawKeys(ui::View view, cairo_t *context) {
 
 } // namespace
 
+void DefineKeyboardKeys() {
+    Class(kKeysClass, "UIView");
+    RegisterDrawing(kKeysClass, &DrawKeys);
+}
+
 void ShowKeysFor(ui::Responder edited) {
     const bool hasType = edited.respondsToSelector(objc::Selector<"keyboardType">());
     numberPad = hasType && objc::Send<"keyboardType", ui::KeyboardType>(objc::As<ui::TextInputTraits>(edited)) ==
                                ui::KeyboardType::kNumberPad;
-}
-
-void RegisterKeyboardKeys() {
-    RegisterClass(kKeysClass, "UIView", {});
-    RegisterDrawing(kKeysClass, &DrawKeys);
 }
 
 } // namespace sim

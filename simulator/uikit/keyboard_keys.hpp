@@ -7,9 +7,6 @@ namespace sim {
 
 inline constexpr const char *kKeysClass = "UIKeyboard";
 
-/// After UIView's registration.
-void RegisterKeyboardKeys();
-
 /// Gives the keys the face that the view under edit asks for: letters, or a number pad.
 void ShowKeysFor(ui::Responder edited);
 

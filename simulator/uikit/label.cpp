@@ -1,9 +1,11 @@
-#include "uikit/label.hpp"
+// UILabel.
 
+#include "apple/uikit/label.hpp"
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/application.hpp"
-#include "uikit/color.hpp"
+#include "uikit/classes.hpp"
+#include "uikit/drawing.hpp"
 #include "uikit/font.hpp"
 #include "uikit/text_measuring.hpp"
 #include "uikit/view_state.hpp"
@@ -26,70 +28,8 @@ struct LabelState {
     objc::Ref<ui::Font> font;       // nil is the system font, 17 points
     Alignment alignment = Alignment::kNatural;
     BreakMode breakMode = BreakMode::kTail;
-    long numberOfLines = 1; // 0 is as many as it takes
+    long numberOfLines = 1; // 0 is no limit
 };
-
-LabelState &StateOfLabel(ui::View label) {
-    return StateOf<LabelState>(label);
-}
-
-ui::Label InitWithFrame(ui::Label self, objc::SEL, cg::Rect frame) {
-    const auto label = objc::SendSuper<"initWithFrame:", ui::View>(ui::View{self.pointer}, frame);
-    if (label) {
-        ViewStateOf(label).userInteractionEnabled = false; // touches pass labels, as on the phone
-    }
-    return ui::Label{label.pointer};
-}
-
-ns::String Text(ui::Label self, objc::SEL) {
-    return StateOfLabel(self).text;
-}
-
-void SetText(ui::Label self, objc::SEL, ns::String text) {
-    StateOfLabel(self).text = objc::Ref<ns::String>::Adopt(objc::Send<"copy", ns::String>(text));
-}
-
-ui::Color TextColor(ui::Label self, objc::SEL) {
-    const LabelState &state = StateOfLabel(self);
-    return state.textColor ? state.textColor.get() : objc::SendClass<ui::Color, "labelColor", ui::Color>();
-}
-
-void SetTextColor(ui::Label self, objc::SEL, ui::Color color) {
-    StateOfLabel(self).textColor = color;
-}
-
-ui::Font Font(ui::Label self, objc::SEL) {
-    const LabelState &state = StateOfLabel(self);
-    return state.font ? state.font.get() : ui::Font::systemFontOfSize(FontFace{}.pointSize);
-}
-
-void SetFont(ui::Label self, objc::SEL, ui::Font font) {
-    StateOfLabel(self).font = font;
-}
-
-Alignment TextAlignment(ui::Label self, objc::SEL) {
-    return StateOfLabel(self).alignment;
-}
-
-void SetTextAlignment(ui::Label self, objc::SEL, Alignment alignment) {
-    StateOfLabel(self).alignment = alignment;
-}
-
-BreakMode LineBreakMode(ui::Label self, objc::SEL) {
-    return StateOfLabel(self).breakMode;
-}
-
-void SetLineBreakMode(ui::Label self, objc::SEL, BreakMode mode) {
-    StateOfLabel(self).breakMode = mode;
-}
-
-long NumberOfLines(ui::Label self, objc::SEL) {
-    return StateOfLabel(self).numberOfLines;
-}
-
-void SetNumberOfLines(ui::Label self, objc::SEL, long lines) {
-    StateOfLabel(self).numberOfLines = std::max(lines, 0L);
-}
 
 std::size_t LineLimit(const LabelState &state) {
     return state.numberOfLines > 0 ? static_cast<std::size_t>(state.numberOfLines) : kAllLines;
@@ -104,21 +44,16 @@ double CeilToPixel(double length) {
     return std::ceil(length * ScreenScale()) / ScreenScale();
 }
 
-cg::Size SizeThatFits(ui::Label self, objc::SEL, cg::Size size) {
-    const LabelState &state = StateOfLabel(self);
+cg::Size SizeThatFits(const LabelState &state, cg::Size size) {
     const std::u16string text = UnitsOf(state.text);
     if (text.empty()) {
         return {};
     }
-    // A label of one line asks for all of it, however narrow the size.
+    // A label of one line asks for the width of its whole text, however narrow the size.
     const LineStyle style = StyleIn(state, state.numberOfLines == 1 ? 0 : size.width);
     const TextExtent extent = MeasureText(text, style, LineLimit(state));
     const double height = static_cast<double>(extent.lines) * MetricsOf(style.face).lineHeight;
     return {CeilToPixel(extent.width), CeilToPixel(height)};
-}
-
-cg::Size IntrinsicContentSize(ui::Label self, objc::SEL) {
-    return self.sizeThatFits({});
 }
 
 double PlaceOf(Alignment alignment) {
@@ -138,8 +73,8 @@ Truncation TruncationOf(BreakMode mode) {
     }
 }
 
-/// What the last visible line shows when the text goes on: the rest of its paragraph, to be shortened or clipped,
-/// with an ellipsis of its own when only the paragraphs after it are missing. Wrapping modes just stop there.
+/// What the last visible line shows when the text goes on: the rest of its paragraph, which is then shortened or
+/// clipped. When only later paragraphs are missing, it ends with an ellipsis. Wrapping modes show just the line.
 std::u16string LastLine(std::u16string_view text, const TextLine &line, BreakMode mode) {
     if (mode == BreakMode::kWord || mode == BreakMode::kCharacter) {
         return std::u16string(text.substr(line.start, line.end - line.start));
@@ -158,7 +93,7 @@ std::u16string_view WithoutTrailingSpace(std::u16string_view line) {
 }
 
 void DrawLabel(ui::View view, cairo_t *context) {
-    const LabelState &state = StateOfLabel(view);
+    const auto &state = StateOf<LabelState>(view);
     const std::u16string units = UnitsOf(state.text);
     const cg::Size size = PresentedValues(view).bounds.size;
     if (units.empty() || !(size.width > 0) || !(size.height > 0)) {
@@ -175,8 +110,7 @@ void DrawLabel(ui::View view, cairo_t *context) {
 
     cairo_rectangle(context, 0, 0, size.width, size.height);
     cairo_clip(context);
-    const Rgba color = RgbaOf(TextColor(ui::Label{view.pointer}, nullptr));
-    cairo_set_source_rgba(context, color.r, color.g, color.b, color.a);
+    SetPaint(context, state.textColor ? state.textColor.get() : ui::Color::labelColor());
     const double top = (size.height - static_cast<double>(lines.size()) * metrics.lineHeight) / 2;
     LineBox box{0, top + metrics.ascender, size.width, PlaceOf(state.alignment)};
     for (const TextLine &line : lines) {
@@ -193,25 +127,22 @@ void DrawLabel(ui::View view, cairo_t *context) {
 
 } // namespace
 
-void RegisterLabel() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"initWithFrame:", &InitWithFrame>(),
-        objc::MethodNamed<"text", &Text>(),
-        objc::MethodNamed<"setText:", &SetText>(),
-        objc::MethodNamed<"textColor", &TextColor>(),
-        objc::MethodNamed<"setTextColor:", &SetTextColor>(),
-        objc::MethodNamed<"font", &Font>(),
-        objc::MethodNamed<"setFont:", &SetFont>(),
-        objc::MethodNamed<"textAlignment", &TextAlignment>(),
-        objc::MethodNamed<"setTextAlignment:", &SetTextAlignment>(),
-        objc::MethodNamed<"lineBreakMode", &LineBreakMode>(),
-        objc::MethodNamed<"setLineBreakMode:", &SetLineBreakMode>(),
-        objc::MethodNamed<"numberOfLines", &NumberOfLines>(),
-        objc::MethodNamed<"setNumberOfLines:", &SetNumberOfLines>(),
-        objc::MethodNamed<"sizeThatFits:", &SizeThatFits>(),
-        objc::MethodNamed<"intrinsicContentSize", &IntrinsicContentSize>(),
-    };
-    RegisterClassWithState<LabelState>("UILabel", "UIView", methods);
+void DefineLabel() {
+    auto label = Class<LabelState>("UILabel", "UIView");
+    label.Method<"initWithFrame:">([](ui::View self, cg::Rect frame) {
+        const auto made = objc::SendSuper<"initWithFrame:", ui::View>(self, frame);
+        ViewStateOf(made).userInteractionEnabled = false; // touches pass labels, as on the phone
+        return made;
+    });
+    label.Property<"text", &LabelState::text>();
+    label.PropertyOr<"textColor", &LabelState::textColor, &ui::Color::labelColor>();
+    label.PropertyOr<"font", &LabelState::font, &DefaultFont>();
+    label.Property<"textAlignment", &LabelState::alignment>();
+    label.Property<"lineBreakMode", &LabelState::breakMode>();
+    label.Property<"numberOfLines", &LabelState::numberOfLines>(
+        [](LabelState &state) { state.numberOfLines = std::max(state.numberOfLines, 0L); });
+    label.Method<"sizeThatFits:", &SizeThatFits>();
+    label.Method<"intrinsicContentSize">([](ui::Label self) { return self.sizeThatFits({}); });
     RegisterDrawing("UILabel", &DrawLabel);
 }
 

@@ -1,63 +1,38 @@
-#include "uikit/layer.hpp"
+// CALayer, as far as a view's looks need it. Each view has one, without sublayers of its own.
 
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/view_state.hpp"
 
 namespace sim {
 namespace {
 
-/// Reads and writes one plain value of a layer.
-template <auto Member> auto Get(ca::Layer self, objc::SEL) {
-    return LayerStateOf(self).*Member;
-}
-
-template <auto Member, class T> void Set(ca::Layer self, objc::SEL, T value) {
-    LayerStateOf(self).*Member = value;
-}
-
-/// The same for a colour, which the layer keeps and gives out as a CGColor.
-template <auto Member> CGColor *GetColor(ca::Layer self, objc::SEL) {
-    return (LayerStateOf(self).*Member)->CGColor();
-}
-
-template <auto Member> void SetColor(ca::Layer self, objc::SEL, CGColor *color) {
-    LayerStateOf(self).*Member =
-        color != nullptr ? objc::SendClass<ui::Color, "colorWithCGColor:", ui::Color>(color) : ui::Color{};
-}
-
-ca::Layer MakeLayer(ca::Layer, objc::SEL) {
-    return objc::Send<"autorelease", ca::Layer>(objc::SendClass<ca::Layer, "new", ca::Layer>());
+/// A property that is a CGColor outside and a UIColor in the state.
+template <objc::FixedString Getter, auto Member> void DefineColor(Class<LayerState> &layer) {
+    layer.Method<Getter>([](const LayerState &state) { return (state.*Member)->CGColor(); });
+    layer.Method<SetterName<Getter>()>([](LayerState &state, CGColor *color) {
+        state.*Member =
+            color != nullptr ? objc::SendClass<ui::Color, "colorWithCGColor:", ui::Color>(color) : ui::Color{};
+    });
 }
 
 } // namespace
 
-LayerState &LayerStateOf(ca::Layer layer) {
-    return StateOf<LayerState>(layer);
+void DefineLayer() {
+    auto layer = Class<LayerState>("CALayer", "NSObject");
+    layer.ClassMethod<"layer">([](ca::Layer) { return ns::New<ca::Layer>(); });
+    layer.Property<"cornerRadius", &LayerState::cornerRadius>();
+    layer.Property<"zPosition", &LayerState::zPosition>();
+    layer.Property<"borderWidth", &LayerState::borderWidth>();
+    DefineColor<"borderColor", &LayerState::borderColor>(layer);
+    layer.Property<"shadowRadius", &LayerState::shadowRadius>();
+    layer.Property<"shadowOpacity", &LayerState::shadowOpacity>();
+    layer.Property<"shadowOffset", &LayerState::shadowOffset>();
+    DefineColor<"shadowColor", &LayerState::shadowColor>(layer);
 }
 
-void RegisterLayer() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"cornerRadius", &Get<&LayerState::cornerRadius>>(),
-        objc::MethodNamed<"setCornerRadius:", &Set<&LayerState::cornerRadius, double>>(),
-        objc::MethodNamed<"zPosition", &Get<&LayerState::zPosition>>(),
-        objc::MethodNamed<"setZPosition:", &Set<&LayerState::zPosition, double>>(),
-        objc::MethodNamed<"borderWidth", &Get<&LayerState::borderWidth>>(),
-        objc::MethodNamed<"setBorderWidth:", &Set<&LayerState::borderWidth, double>>(),
-        objc::MethodNamed<"borderColor", &GetColor<&LayerState::borderColor>>(),
-        objc::MethodNamed<"setBorderColor:", &SetColor<&LayerState::borderColor>>(),
-        objc::MethodNamed<"shadowRadius", &Get<&LayerState::shadowRadius>>(),
-        objc::MethodNamed<"setShadowRadius:", &Set<&LayerState::shadowRadius, double>>(),
-        objc::MethodNamed<"shadowOpacity", &Get<&LayerState::shadowOpacity>>(),
-        objc::MethodNamed<"setShadowOpacity:", &Set<&LayerState::shadowOpacity, float>>(),
-        objc::MethodNamed<"shadowOffset", &Get<&LayerState::shadowOffset>>(),
-        objc::MethodNamed<"setShadowOffset:", &Set<&LayerState::shadowOffset, cg::Size>>(),
-        objc::MethodNamed<"shadowColor", &GetColor<&LayerState::shadowColor>>(),
-        objc::MethodNamed<"setShadowColor:", &SetColor<&LayerState::shadowColor>>(),
-    };
-    const objc::MethodEntry classMethods[] = {
-        objc::MethodNamed<"layer", &MakeLayer>(),
-    };
-    RegisterClassWithState<LayerState>("CALayer", "NSObject", methods, classMethods);
+LayerState &LayerStateOf(ca::Layer layer) {
+    return StateOf<LayerState>(layer);
 }
 
 } // namespace sim

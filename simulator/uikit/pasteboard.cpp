@@ -1,7 +1,7 @@
 #include "uikit/pasteboard.hpp"
 
-#include "objc/ref.hpp"
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/text_measuring.hpp"
 
 #include <cstdio>
@@ -45,31 +45,26 @@ void Write() {
     }
 }
 
-Pasteboard GeneralPasteboard(objc::Object, objc::SEL) {
-    static const auto &general = *new objc::Ref<Pasteboard>(ns::New<Pasteboard>());
-    return general;
-}
-
-ns::String String(Pasteboard, objc::SEL) {
-    const std::optional<std::u16string> &text = Shared().text;
-    return text ? ns::String::stringWithCharacters(text->data(), text->size()) : ns::String{};
-}
-
-void SetString(Pasteboard, objc::SEL, ns::String text) {
-    Shared().text = text ? std::optional(UnitsOf(text)) : std::nullopt;
-    ++Shared().changes;
-    Write();
-}
-
-bool HasStrings(Pasteboard, objc::SEL) {
-    return Shared().text.has_value();
-}
-
-long ChangeCount(Pasteboard, objc::SEL) {
-    return Shared().changes;
-}
-
 } // namespace
+
+void DefinePasteboard() {
+    auto pasteboard = Class("UIPasteboard", "NSObject");
+    pasteboard.ClassMethod<"generalPasteboard">([](Pasteboard) -> Pasteboard {
+        static const auto &general = *new objc::Ref<Pasteboard>(ns::New<Pasteboard>());
+        return general;
+    });
+    pasteboard.Method<"string">([](Pasteboard) {
+        const std::optional<std::u16string> &text = Shared().text;
+        return text ? ns::String::stringWithCharacters(text->data(), text->size()) : ns::String{};
+    });
+    pasteboard.Method<"setString:">([](Pasteboard, ns::String text) {
+        Shared().text = text ? std::optional(UnitsOf(text)) : std::nullopt;
+        ++Shared().changes;
+        Write();
+    });
+    pasteboard.Method<"hasStrings">([](Pasteboard) { return Shared().text.has_value(); });
+    pasteboard.Method<"changeCount">([](Pasteboard) { return Shared().changes; });
+}
 
 void SetPasteboardFile(const std::string &path) {
     Copied &copied = Shared();
@@ -81,19 +76,6 @@ void SetPasteboardFile(const std::string &path) {
     const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     copied.text.emplace(bytes.size() / sizeof(char16_t), u'\0');
     std::memcpy(copied.text->data(), bytes.data(), copied.text->size() * sizeof(char16_t));
-}
-
-void RegisterPasteboard() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"string", &String>(),
-        objc::MethodNamed<"setString:", &SetString>(),
-        objc::MethodNamed<"hasStrings", &HasStrings>(),
-        objc::MethodNamed<"changeCount", &ChangeCount>(),
-    };
-    const objc::MethodEntry classMethods[] = {
-        objc::MethodNamed<"generalPasteboard", &GeneralPasteboard>(),
-    };
-    RegisterClass("UIPasteboard", "NSObject", methods, classMethods);
 }
 
 } // namespace sim

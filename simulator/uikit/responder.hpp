@@ -5,8 +5,6 @@
 
 namespace sim {
 
-void RegisterResponder();
-
 /// The object that has the keyboard; nil when none has.
 ui::Responder FirstResponder();
 

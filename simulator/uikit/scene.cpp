@@ -1,8 +1,9 @@
-#include "uikit/scene.hpp"
+// UIScene and UIWindowScene.
 
 #include "runtime/native_class.hpp"
 #include "uikit/application.hpp"
 #include "uikit/array.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/scene_state.hpp"
 #include "uikit/screen.hpp"
 
@@ -16,31 +17,19 @@ std::vector<objc::Ref<ui::WindowScene>> &Connected() {
     return scenes;
 }
 
-long ActivationState(ui::Scene self, objc::SEL) {
-    return SceneStateOf(self).activationState;
-}
-
-ui::Responder SceneNextResponder(ui::Scene, objc::SEL) {
-    return ui::Application::sharedApplication();
-}
-
-ui::CoordinateSpace CoordinateSpace(ui::WindowScene, objc::SEL) {
-    return ui::CoordinateSpace{MainScreen().pointer};
-}
-
-ui::Screen Screen(ui::WindowScene, objc::SEL) {
-    return MainScreen();
-}
-
-ui::Window KeyWindow(ui::WindowScene self, objc::SEL) {
-    return KeyWindowOf(self);
-}
-
-ns::Array Windows(ui::WindowScene self, objc::SEL) {
-    return ArrayOf(WindowsOf(self));
-}
-
 } // namespace
+
+void DefineScene() {
+    auto scene = Class<SceneState>("UIScene", "UIResponder");
+    scene.ReadOnly<"activationState", &SceneState::activationState>();
+    scene.Method<"nextResponder">([](ui::Scene) { return ui::Application::sharedApplication(); });
+
+    auto windowScene = Class("UIWindowScene", "UIScene");
+    windowScene.Method<"coordinateSpace">([](ui::WindowScene) { return objc::As<ui::CoordinateSpace>(MainScreen()); });
+    windowScene.Method<"screen">([](ui::WindowScene) { return MainScreen(); });
+    windowScene.Method<"keyWindow", &KeyWindowOf>();
+    windowScene.Method<"windows">([](ui::WindowScene self) { return MakeArray(WindowsOf(self)); });
+}
 
 SceneState &SceneStateOf(ui::Scene scene) {
     return StateOf<SceneState>(scene);
@@ -78,21 +67,6 @@ std::vector<ui::WindowScene> ConnectedScenes() {
 
 ui::Window KeyWindowOf(ui::WindowScene scene) {
     return scene ? SceneStateOf(scene).keyWindow : ui::Window{};
-}
-
-void RegisterScene() {
-    const objc::MethodEntry sceneMethods[] = {
-        objc::MethodNamed<"activationState", &ActivationState>(),
-        objc::MethodNamed<"nextResponder", &SceneNextResponder>(),
-    };
-    RegisterClassWithState<SceneState>("UIScene", "UIResponder", sceneMethods);
-    const objc::MethodEntry windowSceneMethods[] = {
-        objc::MethodNamed<"coordinateSpace", &CoordinateSpace>(),
-        objc::MethodNamed<"screen", &Screen>(),
-        objc::MethodNamed<"keyWindow", &KeyWindow>(),
-        objc::MethodNamed<"windows", &Windows>(),
-    };
-    RegisterClass("UIWindowScene", "UIScene", windowSceneMethods);
 }
 
 } // namespace sim

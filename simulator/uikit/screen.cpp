@@ -2,6 +2,7 @@
 
 #include "runtime/native_class.hpp"
 #include "uikit/application.hpp"
+#include "uikit/classes.hpp"
 
 namespace sim {
 namespace {
@@ -16,23 +17,15 @@ Metrics &MainMetrics() {
     return metrics;
 }
 
-ui::Screen MainScreenMethod(ui::Screen, objc::SEL) {
-    return MainScreen();
-}
-
-cg::Rect Bounds(ui::Screen, objc::SEL) {
-    return {{}, ScreenSize()};
-}
-
-double Scale(ui::Screen, objc::SEL) {
-    return ScreenScale();
-}
-
-ui::CoordinateSpace CoordinateSpace(ui::Screen self, objc::SEL) {
-    return ui::CoordinateSpace{self.pointer};
-}
-
 } // namespace
+
+void DefineScreen() {
+    auto screen = Class("UIScreen", "NSObject");
+    screen.ClassMethod<"mainScreen">([](ui::Screen) { return MainScreen(); });
+    screen.Method<"bounds">([](ui::Screen) { return cg::Rect{{}, ScreenSize()}; });
+    screen.Method<"scale">([](ui::Screen) { return ScreenScale(); });
+    screen.Method<"coordinateSpace">([](ui::Screen self) { return self; });
+}
 
 void SetScreen(cg::Size size, double scale) {
     MainMetrics() = {size, scale};
@@ -49,18 +42,6 @@ double ScreenScale() {
 ui::Screen MainScreen() {
     static const auto &screen = *new objc::Ref<ui::Screen>(ns::New<ui::Screen>());
     return screen;
-}
-
-void RegisterScreen() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"bounds", &Bounds>(),
-        objc::MethodNamed<"scale", &Scale>(),
-        objc::MethodNamed<"coordinateSpace", &CoordinateSpace>(),
-    };
-    const objc::MethodEntry classMethods[] = {
-        objc::MethodNamed<"mainScreen", &MainScreenMethod>(),
-    };
-    RegisterClass("UIScreen", "NSObject", methods, classMethods);
 }
 
 } // namespace sim

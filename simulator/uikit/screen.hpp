@@ -5,8 +5,6 @@
 
 namespace sim {
 
-void RegisterScreen();
-
 /// The main screen, which serves as coordinate space too.
 ui::Screen MainScreen();
 

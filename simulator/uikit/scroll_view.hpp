@@ -2,6 +2,7 @@
 // UIScrollView: content larger than the view, moved by a finger.
 
 #include "apple/uikit/edge_insets.hpp"
+#include "apple/uikit/scroll_view.hpp"
 #include "uikit/view.hpp"
 
 namespace sim {
@@ -20,13 +21,7 @@ struct ScrollState {
     bool dragging = false;
 };
 
-/// After UIView's and the pan recogniser's registration.
-void RegisterScrollView();
-
 ScrollState &ScrollStateOf(ui::View scrollView);
-
-/// Sets the content's size (points) and brings an offset that lies beyond it back into its range.
-void SetContentSize(ui::View scrollView, cg::Size size);
 
 /// Scrolls just so far that the rectangle (content coordinates, points) can be seen, if it fits.
 void ScrollToRect(ui::View scrollView, cg::Rect rect, bool animated);

@@ -1,11 +1,12 @@
-#include "uikit/segmented_control.hpp"
+// UISegmentedControl, with titles.
 
 #include "apple/uikit/segmented_control.hpp"
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/color.hpp"
 #include "uikit/control.hpp"
-#include "uikit/control_drawing.hpp"
+#include "uikit/drawing.hpp"
 #include "uikit/font.hpp"
 #include "uikit/text_measuring.hpp"
 #include "uikit/view.hpp"
@@ -14,7 +15,6 @@
 #include <algorithm>
 #include <cairo.h>
 #include <cmath>
-#include <map>
 
 extern "C" {
 extern const ns::String NSForegroundColorAttributeName;
@@ -37,21 +37,8 @@ struct SegmentedState {
     long selected = ui::kNoSegment;
 };
 
-SegmentedState &StateOfSegments(ui::View self) {
-    return StateOf<SegmentedState>(self);
-}
-
-/// What is set for the state, else what is set for the normal state, else nil.
-ns::Dictionary AttributesFor(const SegmentedState &state, unsigned long controlState) {
-    auto found = state.attributes.find(controlState);
-    if (found == state.attributes.end()) {
-        found = state.attributes.find(ui::kStateNormal);
-    }
-    return found == state.attributes.end() ? ns::Dictionary{} : found->second.get();
-}
-
 FontFace FaceFor(const SegmentedState &state, unsigned long controlState) {
-    const auto font = objc::As<ui::Font>(AttributesFor(state, controlState).objectForKey(NSFontAttributeName));
+    const auto font = objc::As<ui::Font>(ForState(state.attributes, controlState).objectForKey(NSFontAttributeName));
     return font ? FaceOf(font) : FontFace{kDefaultFontSize, false};
 }
 
@@ -59,8 +46,7 @@ double WidthOf(const SegmentedState &state, ns::String title) {
     return MeasureText(UnitsOf(title), {FaceFor(state, ui::kStateNormal), Wrapping::kNone, 0}).width;
 }
 
-cg::Size SizeThatFits(SegmentedControl self, objc::SEL, cg::Size) {
-    const SegmentedState &state = StateOfSegments(self);
+cg::Size SizeThatFits(const SegmentedState &state, cg::Size) {
     double widest = 0;
     for (const objc::Ref<ns::String> &title : state.titles) {
         widest = std::max(widest, WidthOf(state, title));
@@ -68,58 +54,19 @@ cg::Size SizeThatFits(SegmentedControl self, objc::SEL, cg::Size) {
     return {static_cast<double>(state.titles.size()) * (std::ceil(widest) + 2 * kTitlePadding), kHeight};
 }
 
-SegmentedControl InitWithItems(SegmentedControl self, objc::SEL, ns::Array items) {
-    const SegmentedControl made{self.initWithFrame({}).pointer};
-    if (!made) {
-        return made;
-    }
-    for (unsigned long i = 0; i < items.count(); ++i) {
-        const ns::Object item = items.objectAtIndex(i);
+SegmentedControl InitWithItems(SegmentedControl self, ns::Array items) {
+    const auto made = objc::As<SegmentedControl>(self.initWithFrame({}));
+    for (const ns::Object item : ns::ArrayOf<ns::Object>(items)) {
         const bool isTitle = item.isKindOfClass(objc::ClassOf<ns::String>());
-        const auto title = isTitle ? ns::String{item.pointer} : ns::String{};
-        StateOfSegments(made).titles.push_back(objc::Ref<ns::String>::Adopt(objc::Send<"copy", ns::String>(title)));
+        StateOf<SegmentedState>(made).titles.push_back(CopyOf(isTitle ? objc::As<ns::String>(item) : ns::String{}));
     }
     made.setFrame({{0, 0}, made.sizeThatFits({})});
     return made;
 }
 
-unsigned long NumberOfSegments(SegmentedControl self, objc::SEL) {
-    return StateOfSegments(self).titles.size();
-}
-
-ns::String TitleForSegment(SegmentedControl self, objc::SEL, unsigned long index) {
-    const SegmentedState &state = StateOfSegments(self);
-    return index < state.titles.size() ? state.titles[index].get() : ns::String{};
-}
-
-long SelectedSegmentIndex(SegmentedControl self, objc::SEL) {
-    return StateOfSegments(self).selected;
-}
-
-/// An index that no segment has selects none.
-void SetSelectedSegmentIndex(SegmentedControl self, objc::SEL, long index) {
-    SegmentedState &state = StateOfSegments(self);
-    state.selected = index >= 0 && index < std::ssize(state.titles) ? index : ui::kNoSegment;
-}
-
-ns::Dictionary TitleTextAttributes(SegmentedControl self, objc::SEL, unsigned long controlState) {
-    const std::map<unsigned long, objc::Ref<ns::Dictionary>> &attributes = StateOfSegments(self).attributes;
-    const auto found = attributes.find(controlState);
-    return found == attributes.end() ? ns::Dictionary{} : found->second.get();
-}
-
-void SetTitleTextAttributes(SegmentedControl self, objc::SEL, ns::Dictionary attributes, unsigned long controlState) {
-    if (attributes) {
-        StateOfSegments(self).attributes[controlState] =
-            objc::Ref<ns::Dictionary>::Adopt(objc::Send<"copy", ns::Dictionary>(attributes));
-    } else {
-        StateOfSegments(self).attributes.erase(controlState);
-    }
-}
-
 /// The finger selects the segment on which it is lifted.
-void EndTracking(SegmentedControl self, objc::SEL, ui::Touch touch, ui::Event event) {
-    SegmentedState &state = StateOfSegments(self);
+void EndTracking(SegmentedControl self, ui::Touch touch, ui::Event event) {
+    auto &state = StateOf<SegmentedState>(self);
     const cg::Rect bounds = self.bounds();
     if (state.titles.empty() || !ControlStateOf(self).touchInside || !(bounds.size.width > 0)) {
         return;
@@ -129,12 +76,8 @@ void EndTracking(SegmentedControl self, objc::SEL, ui::Touch touch, ui::Event ev
     const auto index = static_cast<long>(std::clamp(std::floor(part * count), 0.0, count - 1));
     if (index != state.selected) {
         state.selected = index;
-        SendControlEvents(self, kValueChanged, event);
+        SendControlEvents(self, ui::kValueChanged, event);
     }
-}
-
-bool GestureRecognizerShouldBegin(SegmentedControl self, objc::SEL, ui::GestureRecognizer recognizer) {
-    return TapControlAllows(self, recognizer);
 }
 
 // Drawing.
@@ -144,7 +87,7 @@ void DrawTitle(cairo_t *context, const SegmentedState &state, ns::String title, 
     const FontFace face = FaceFor(state, controlState);
     const FontMetrics metrics = MetricsOf(face);
     const auto color =
-        objc::As<ui::Color>(AttributesFor(state, controlState).objectForKey(NSForegroundColorAttributeName));
+        objc::As<ui::Color>(ForState(state.attributes, controlState).objectForKey(NSForegroundColorAttributeName));
     SetPaint(context, color ? color : ui::Color::labelColor());
     const double baseline = room.origin.y + (room.size.height - metrics.lineHeight) / 2 + metrics.ascender;
     const double width = std::max(room.size.width - 2 * kTitleMargin, 1.0);
@@ -154,7 +97,7 @@ void DrawTitle(cairo_t *context, const SegmentedState &state, ns::String title, 
 void DrawSegments(ui::View view, cairo_t *context) {
     constexpr double kRadius = 8;
     constexpr double kGap = 2;
-    const SegmentedState &state = StateOfSegments(view);
+    const auto &state = StateOf<SegmentedState>(view);
     const cg::Size size = PresentedValues(view).bounds.size;
     SetPaint(context, objc::SendClass<ui::Color, "tertiarySystemFillColor", ui::Color>());
     FillRounded(context, {{0, 0}, size}, kRadius);
@@ -174,22 +117,39 @@ void DrawSegments(ui::View view, cairo_t *context) {
     }
 }
 
+void DefineAttributes(Class<SegmentedState> &segments) {
+    segments.Method<"titleTextAttributesForState:">([](const SegmentedState &state, unsigned long controlState) {
+        const auto found = state.attributes.find(controlState);
+        return found == state.attributes.end() ? ns::Dictionary{} : found->second.get();
+    });
+    segments.Method<"setTitleTextAttributes:forState:">(
+        [](SegmentedState &state, ns::Dictionary attributes, unsigned long controlState) {
+            if (attributes) {
+                state.attributes[controlState] = CopyOf(attributes);
+            } else {
+                state.attributes.erase(controlState);
+            }
+        });
+}
+
 } // namespace
 
-void RegisterSegmentedControl() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"initWithItems:", &InitWithItems>(),
-        objc::MethodNamed<"numberOfSegments", &NumberOfSegments>(),
-        objc::MethodNamed<"titleForSegmentAtIndex:", &TitleForSegment>(),
-        objc::MethodNamed<"selectedSegmentIndex", &SelectedSegmentIndex>(),
-        objc::MethodNamed<"setSelectedSegmentIndex:", &SetSelectedSegmentIndex>(),
-        objc::MethodNamed<"titleTextAttributesForState:", &TitleTextAttributes>(),
-        objc::MethodNamed<"setTitleTextAttributes:forState:", &SetTitleTextAttributes>(),
-        objc::MethodNamed<"sizeThatFits:", &SizeThatFits>(),
-        objc::MethodNamed<"endTrackingWithTouch:withEvent:", &EndTracking>(),
-        objc::MethodNamed<"gestureRecognizerShouldBegin:", &GestureRecognizerShouldBegin>(),
-    };
-    RegisterClassWithState<SegmentedState>("UISegmentedControl", "UIControl", methods);
+void DefineSegmentedControl() {
+    auto segments = Class<SegmentedState>("UISegmentedControl", "UIControl");
+    segments.Method<"initWithItems:", &InitWithItems>();
+    segments.Method<"numberOfSegments">([](const SegmentedState &state) { return state.titles.size(); });
+    segments.Method<"titleForSegmentAtIndex:">([](const SegmentedState &state, unsigned long index) {
+        return index < state.titles.size() ? state.titles[index].get() : ns::String{};
+    });
+    segments.Property<"selectedSegmentIndex", &SegmentedState::selected>([](SegmentedState &state) {
+        if (state.selected < 0 || state.selected >= std::ssize(state.titles)) {
+            state.selected = ui::kNoSegment;
+        }
+    });
+    DefineAttributes(segments);
+    segments.Method<"sizeThatFits:", &SizeThatFits>();
+    segments.Method<"endTrackingWithTouch:withEvent:", &EndTracking>();
+    segments.Method<"gestureRecognizerShouldBegin:", &TapControlAllows>();
     RegisterDrawing("UISegmentedControl", &DrawSegments);
 }
 

@@ -1,9 +1,10 @@
-#include "uikit/slider.hpp"
+// UISlider.
 
 #include "apple/uikit/slider.hpp"
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/control.hpp"
-#include "uikit/control_drawing.hpp"
+#include "uikit/drawing.hpp"
 #include "uikit/view.hpp"
 #include "uikit/view_geometry.hpp"
 
@@ -20,7 +21,7 @@ constexpr double kThumb = 28;
 constexpr double kTrackHeight = 4;
 constexpr double kTrackMargin = 2;
 constexpr double kHeight = 34;
-/// How far beside the thumb a finger still takes hold of it.
+/// How far beside the thumb a finger still grabs it.
 constexpr double kGrabSlop = 10;
 
 struct SliderState {
@@ -32,71 +33,18 @@ struct SliderState {
     bool moved = false;    // since the finger landed
 };
 
-SliderState &StateOfSlider(ui::View self) {
-    return StateOf<SliderState>(self);
-}
-
-/// The value moved into the range; what is no number becomes the least.
+/// The value moved into the range; NaN becomes the minimum.
 float Clamped(const SliderState &state, float value) {
     return value > state.minimum ? std::min(value, state.maximum) : state.minimum;
 }
 
-float MinimumValue(Slider self, objc::SEL) {
-    return StateOfSlider(self).minimum;
-}
-
-void SetMinimumValue(Slider self, objc::SEL, float minimum) {
-    SliderState &state = StateOfSlider(self);
-    state.minimum = minimum;
-    state.maximum = std::max(state.maximum, minimum);
+void Clamp(SliderState &state) {
     state.value = Clamped(state, state.value);
-}
-
-float MaximumValue(Slider self, objc::SEL) {
-    return StateOfSlider(self).maximum;
-}
-
-void SetMaximumValue(Slider self, objc::SEL, float maximum) {
-    SliderState &state = StateOfSlider(self);
-    state.maximum = maximum;
-    state.minimum = std::min(state.minimum, maximum);
-    state.value = Clamped(state, state.value);
-}
-
-float Value(Slider self, objc::SEL) {
-    return StateOfSlider(self).value;
-}
-
-void SetValue(Slider self, objc::SEL, float value) {
-    SliderState &state = StateOfSlider(self);
-    state.value = Clamped(state, value);
-}
-
-/// The thumb is drawn where it belongs at once: nothing observes it on its way.
-void SetValueAnimated(Slider self, objc::SEL, float value, bool) {
-    SetValue(self, nullptr, value);
-}
-
-bool IsContinuous(Slider self, objc::SEL) {
-    return StateOfSlider(self).continuous;
-}
-
-void SetContinuous(Slider self, objc::SEL, bool continuous) {
-    StateOfSlider(self).continuous = continuous;
-}
-
-cg::Size SizeThatFits(Slider, objc::SEL, cg::Size size) {
-    return {size.width, kHeight};
 }
 
 // Geometry.
 
-cg::Rect TrackRectForBounds(Slider, objc::SEL, cg::Rect bounds) {
-    return {{bounds.origin.x + kTrackMargin, bounds.origin.y + (bounds.size.height - kTrackHeight) / 2},
-            {std::max(bounds.size.width - 2 * kTrackMargin, 0.0), kTrackHeight}};
-}
-
-/// The thumb's left edge at the least value, and how far right of it the greatest is.
+/// The thumb's left edge at the minimum, and how far right of it the maximum is.
 struct ThumbWay {
     double start;
     double length;
@@ -106,8 +54,7 @@ ThumbWay WayOf(cg::Rect track) {
     return {track.origin.x - kTrackMargin, std::max(track.size.width + 2 * kTrackMargin - kThumb, 0.0)};
 }
 
-cg::Rect ThumbRect(Slider self, objc::SEL, cg::Rect bounds, cg::Rect track, float value) {
-    const SliderState &state = StateOfSlider(self);
+cg::Rect ThumbRect(const SliderState &state, cg::Rect bounds, cg::Rect track, float value) {
     const double range = static_cast<double>(state.maximum) - state.minimum;
     const double part = range > 0 ? (static_cast<double>(Clamped(state, value)) - state.minimum) / range : 0;
     const ThumbWay way = WayOf(track);
@@ -120,55 +67,49 @@ cg::Rect PresentTrack(Slider self) {
 
 cg::Rect PresentThumb(Slider self) {
     return objc::Send<"thumbRectForBounds:trackRect:value:", cg::Rect>(self, self.bounds(), PresentTrack(self),
-                                                                       StateOfSlider(self).value);
+                                                                       StateOf<SliderState>(self).value);
 }
 
 float ValueAt(Slider self, double thumbMiddle) {
-    const SliderState &state = StateOfSlider(self);
+    const auto &state = StateOf<SliderState>(self);
     const ThumbWay way = WayOf(PresentTrack(self));
     const double part = way.length > 0 ? (thumbMiddle - kThumb / 2 - way.start) / way.length : 0;
     return Clamped(state,
                    static_cast<float>(state.minimum + part * (static_cast<double>(state.maximum) - state.minimum)));
 }
 
-// Touches. Only a finger on the thumb takes hold.
+// Touches. Only a finger on the thumb grabs it.
 
-bool BeginTracking(Slider self, objc::SEL, ui::Touch touch, ui::Event) {
+bool BeginTracking(Slider self, ui::Touch touch, ui::Event) {
     const cg::Point point = FromScreen(self, TouchStateOf(touch).location);
     const cg::Rect thumb = PresentThumb(self);
-    const cg::Rect wide{{thumb.origin.x - kGrabSlop, thumb.origin.y - kGrabSlop},
-                        {thumb.size.width + 2 * kGrabSlop, thumb.size.height + 2 * kGrabSlop}};
-    StateOfSlider(self).grabOffset = thumb.origin.x + kThumb / 2 - point.x;
-    StateOfSlider(self).moved = false;
-    return Contains(wide, point);
+    StateOf<SliderState>(self).grabOffset = thumb.origin.x + kThumb / 2 - point.x;
+    StateOf<SliderState>(self).moved = false;
+    return Contains(Grown(thumb, kGrabSlop), point);
 }
 
-bool ContinueTracking(Slider self, objc::SEL, ui::Touch touch, ui::Event event) {
-    SliderState &state = StateOfSlider(self);
+bool ContinueTracking(Slider self, ui::Touch touch, ui::Event event) {
+    auto &state = StateOf<SliderState>(self);
     const float value = ValueAt(self, FromScreen(self, TouchStateOf(touch).location).x + state.grabOffset);
     if (value != state.value) {
         state.value = value;
         state.moved = true;
         if (state.continuous) {
-            SendControlEvents(self, kValueChanged, event);
+            SendControlEvents(self, ui::kValueChanged, event);
         }
     }
     return true;
 }
 
-void EndTracking(Slider self, objc::SEL, ui::Touch, ui::Event event) {
-    const SliderState &state = StateOfSlider(self);
+void EndTracking(Slider self, ui::Touch, ui::Event event) {
+    const auto &state = StateOf<SliderState>(self);
     if (state.moved && !state.continuous) {
-        SendControlEvents(self, kValueChanged, event);
+        SendControlEvents(self, ui::kValueChanged, event);
     }
 }
 
-bool GestureRecognizerShouldBegin(Slider self, objc::SEL, ui::GestureRecognizer recognizer) {
-    return PanControlAllows(self, recognizer);
-}
-
 void DrawSlider(ui::View view, cairo_t *context) {
-    const Slider self{view.pointer};
+    const auto self = objc::As<Slider>(view);
     const double alpha = ControlStateOf(self).enabled ? 1 : kDisabledAlpha;
     const cg::Rect track = PresentTrack(self);
     const cg::Rect thumb = PresentThumb(self);
@@ -180,28 +121,36 @@ void DrawSlider(ui::View view, cairo_t *context) {
     DrawKnob(context, thumb, kThumb / 2, ui::Color::whiteColor());
 }
 
+void DefineValues(Class<SliderState> &slider) {
+    slider.Property<"minimumValue", &SliderState::minimum>([](SliderState &state) {
+        state.maximum = std::max(state.maximum, state.minimum);
+        Clamp(state);
+    });
+    slider.Property<"maximumValue", &SliderState::maximum>([](SliderState &state) {
+        state.minimum = std::min(state.minimum, state.maximum);
+        Clamp(state);
+    });
+    slider.Property<"value", &SliderState::value, &Clamp>();
+    // Not animated: nobody looks at the thumb on its way.
+    slider.Method<"setValue:animated:">([](Slider self, float value, bool) { self.setValue(value); });
+    slider.Property<"isContinuous", &SliderState::continuous>();
+}
+
 } // namespace
 
-void RegisterSlider() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"minimumValue", &MinimumValue>(),
-        objc::MethodNamed<"setMinimumValue:", &SetMinimumValue>(),
-        objc::MethodNamed<"maximumValue", &MaximumValue>(),
-        objc::MethodNamed<"setMaximumValue:", &SetMaximumValue>(),
-        objc::MethodNamed<"value", &Value>(),
-        objc::MethodNamed<"setValue:", &SetValue>(),
-        objc::MethodNamed<"setValue:animated:", &SetValueAnimated>(),
-        objc::MethodNamed<"isContinuous", &IsContinuous>(),
-        objc::MethodNamed<"setContinuous:", &SetContinuous>(),
-        objc::MethodNamed<"sizeThatFits:", &SizeThatFits>(),
-        objc::MethodNamed<"trackRectForBounds:", &TrackRectForBounds>(),
-        objc::MethodNamed<"thumbRectForBounds:trackRect:value:", &ThumbRect>(),
-        objc::MethodNamed<"beginTrackingWithTouch:withEvent:", &BeginTracking>(),
-        objc::MethodNamed<"continueTrackingWithTouch:withEvent:", &ContinueTracking>(),
-        objc::MethodNamed<"endTrackingWithTouch:withEvent:", &EndTracking>(),
-        objc::MethodNamed<"gestureRecognizerShouldBegin:", &GestureRecognizerShouldBegin>(),
-    };
-    RegisterClassWithState<SliderState>("UISlider", "UIControl", methods);
+void DefineSlider() {
+    auto slider = Class<SliderState>("UISlider", "UIControl");
+    DefineValues(slider);
+    slider.Method<"sizeThatFits:">([](Slider, cg::Size size) { return cg::Size{size.width, kHeight}; });
+    slider.Method<"trackRectForBounds:">([](Slider, cg::Rect bounds) -> cg::Rect {
+        return {{bounds.origin.x + kTrackMargin, bounds.origin.y + (bounds.size.height - kTrackHeight) / 2},
+                {std::max(bounds.size.width - 2 * kTrackMargin, 0.0), kTrackHeight}};
+    });
+    slider.Method<"thumbRectForBounds:trackRect:value:", &ThumbRect>();
+    slider.Method<"beginTrackingWithTouch:withEvent:", &BeginTracking>();
+    slider.Method<"continueTrackingWithTouch:withEvent:", &ContinueTracking>();
+    slider.Method<"endTrackingWithTouch:withEvent:", &EndTracking>();
+    slider.Method<"gestureRecognizerShouldBegin:", &PanControlAllows>();
     RegisterDrawing("UISlider", &DrawSlider);
 }
 

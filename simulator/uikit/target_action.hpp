@@ -1,7 +1,8 @@
 #pragma once
-// Whom a control or gesture recogniser tells, and how.
+// Targets and actions of controls, gesture recognisers and bar items.
 
-#include "apple/foundation/object.hpp"
+#include "apple/uikit/window.hpp"
+#include "runtime/native_class.hpp"
 
 #include <memory>
 
@@ -27,14 +28,40 @@ class WeakObject {
     std::shared_ptr<objc::WeakRef<ns::Object>> reference_;
 };
 
-/// A target, which is not retained, and the action sent to it.
+/// Properties of objects that are not retained, such as delegates.
+template <> struct Stored<WeakObject> {
+    using Value = ns::Object;
+    static Value Read(const WeakObject &member) {
+        return Autoreleased(member.Lock());
+    }
+    static void Write(WeakObject &member, Value value) {
+        member = WeakObject(value);
+    }
+};
+
+/// A target, which is not retained, and the action sent to it. Without a target the action goes up the responder chain.
 struct TargetAction {
     WeakObject target;
     objc::SEL action = nullptr;
 
     bool Is(ns::Object otherTarget, objc::SEL otherAction) const {
-        return target.Lock().get() == otherTarget && sel_isEqual(action, otherAction) != 0;
+        return target.IsSet() == static_cast<bool>(otherTarget) && Fits(otherTarget, otherAction);
+    }
+    /// The same where nil stands for every target, a null selector for every action.
+    bool Fits(ns::Object otherTarget, objc::SEL otherAction) const {
+        return (!otherTarget || target.Lock().get() == otherTarget) &&
+               (otherAction == nullptr || sel_isEqual(action, otherAction) != 0);
+    }
+    /// Whether there was a target that is gone. Its action then goes nowhere, not up the responder chain.
+    bool IsOrphaned() const {
+        return target.IsSet() && !target.Lock();
     }
 };
+
+/// Sends an action to the target, or up the responder chain when that is nil; the event may be nil.
+inline void SendAction(objc::SEL action, ns::Object target, ns::Object sender, ui::Event event) {
+    objc::Send<"sendAction:to:from:forEvent:", bool>(ui::Application::sharedApplication(), action, target, sender,
+                                                     event);
+}
 
 } // namespace sim

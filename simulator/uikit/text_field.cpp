@@ -1,11 +1,11 @@
-#include "uikit/text_field.hpp"
+// UITextField.
 
-#include "apple/uikit/font.hpp"
 #include "apple/uikit/text_field.hpp"
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/control.hpp"
-#include "uikit/control_drawing.hpp"
+#include "uikit/drawing.hpp"
 #include "uikit/font.hpp"
 #include "uikit/responder.hpp"
 #include "uikit/text_input.hpp"
@@ -28,8 +28,6 @@ constexpr long kRoundedRect = 3;
 // Points.
 constexpr double kHeight = 34;
 constexpr double kBorderedInset = 7;
-constexpr double kCaretWidth = 2;
-constexpr double kSelectionAlpha = 0.2;
 
 struct TextFieldState {
     EditableText text;
@@ -42,65 +40,10 @@ struct TextFieldState {
     long textAlignment = 0;
 };
 
-TextFieldState &StateOfField(ui::View self) {
-    return StateOf<TextFieldState>(self);
-}
-
-ns::String Text(TextField self, objc::SEL) {
-    return StateOfField(self).text.text();
-}
-
-void SetText(TextField self, objc::SEL, ns::String text) {
-    StateOfField(self).text.SetText(text);
-}
-
-ns::String Placeholder(TextField self, objc::SEL) {
-    return StateOfField(self).placeholder;
-}
-
-void SetPlaceholder(TextField self, objc::SEL, ns::String text) {
-    StateOfField(self).placeholder = objc::Ref<ns::String>::Adopt(objc::Send<"copy", ns::String>(text));
-}
-
-ui::Color TextColor(TextField self, objc::SEL) {
-    const TextFieldState &state = StateOfField(self);
-    return state.textColor ? state.textColor.get() : ui::Color::labelColor();
-}
-
-void SetTextColor(TextField self, objc::SEL, ui::Color color) {
-    StateOfField(self).textColor = color;
-}
-
-ui::Font Font(TextField self, objc::SEL) {
-    constexpr double kDefaultSize = 17;
-    const TextFieldState &state = StateOfField(self);
-    return state.font ? state.font.get() : ui::Font::systemFontOfSize(kDefaultSize);
-}
-
-void SetFont(TextField self, objc::SEL, ui::Font font) {
-    StateOfField(self).font = font;
-}
-
-ui::View InputAccessoryView(TextField self, objc::SEL) {
-    return StateOfField(self).accessory;
-}
-
-void SetInputAccessoryView(TextField self, objc::SEL, ui::View view) {
-    StateOfField(self).accessory = view;
-}
-
-template <long TextFieldState::*Member> long Get(TextField self, objc::SEL) {
-    return StateOfField(self).*Member;
-}
-
-template <long TextFieldState::*Member> void Set(TextField self, objc::SEL, long value) {
-    StateOfField(self).*Member = value;
-}
-
 // Editing.
 
 EditableText &TextOf(ui::View self) {
-    return StateOfField(self).text;
+    return StateOf<TextFieldState>(self).text;
 }
 
 /// A field has one line: the return key, or a line end that is pasted, adds nothing.
@@ -116,57 +59,52 @@ void DropLineEnds(EditableText &text) {
 }
 
 void Edited(ui::View self) {
-    const unsigned long length = StateOfField(self).text.text().length();
-    DropLineEnds(StateOfField(self).text);
-    const bool onlyReturn = length != StateOfField(self).text.text().length();
+    EditableText &text = TextOf(self);
+    const unsigned long length = text.text().length();
+    DropLineEnds(text);
+    const bool onlyReturn = length != text.text().length();
     if (!onlyReturn) {
-        SendControlEvents(ui::Control{self.pointer}, kEditingChanged, nullptr);
+        SendControlEvents(objc::As<TextField>(self), kEditingChanged, nullptr);
     }
 }
 
-bool IsEditing(TextField self, objc::SEL) {
-    return FirstResponder() == self;
-}
-
-bool CanBecomeFirstResponder(TextField self, objc::SEL) {
-    return ControlStateOf(self).enabled && WindowOf(self);
-}
-
-bool BecomeFirstResponder(TextField self, objc::SEL) {
-    const bool was = FirstResponder() == self;
-    const bool is = objc::SendSuper<"becomeFirstResponder", bool>(ui::Control{self.pointer});
-    if (is && !was) {
-        SendControlEvents(self, kEditingDidBegin, nullptr);
-    }
-    return is;
-}
-
-bool ResignFirstResponder(TextField self, objc::SEL) {
-    const objc::Ref<TextField> keep = self;
-    const bool was = FirstResponder() == self;
-    const bool resigned = objc::SendSuper<"resignFirstResponder", bool>(ui::Control{self.pointer});
-    if (resigned && was) {
-        SendControlEvents(self, kEditingDidEnd, nullptr);
-    }
-    return resigned;
-}
-
-void EndTracking(TextField self, objc::SEL, ui::Touch, ui::Event) {
-    if (ControlStateOf(self).touchInside) {
-        self.becomeFirstResponder();
-    }
+void DefineEditing(Class<TextFieldState> &field) {
+    field.Method<"isEditing">([](TextField self) { return FirstResponder() == self; });
+    field.Method<"canBecomeFirstResponder">(
+        [](TextField self) { return ControlStateOf(self).enabled && WindowOf(self); });
+    field.Method<"becomeFirstResponder">([](TextField self) {
+        const bool was = FirstResponder() == self;
+        const bool is = objc::SendSuper<"becomeFirstResponder", bool>(ui::Control{self});
+        if (is && !was) {
+            SendControlEvents(self, kEditingDidBegin, nullptr);
+        }
+        return is;
+    });
+    field.Method<"resignFirstResponder">([](TextField self) {
+        const objc::Ref<TextField> keep = self;
+        const bool was = FirstResponder() == self;
+        const bool resigned = objc::SendSuper<"resignFirstResponder", bool>(ui::Control{self});
+        if (resigned && was) {
+            SendControlEvents(self, ui::kEditingDidEnd, nullptr);
+        }
+        return resigned;
+    });
+    field.Method<"endTrackingWithTouch:withEvent:">([](TextField self, ui::Touch, ui::Event) {
+        if (ControlStateOf(self).touchInside) {
+            self.becomeFirstResponder();
+        }
+    });
 }
 
 // Layout and drawing.
 
-cg::Rect TextRectForBounds(TextField self, objc::SEL, cg::Rect bounds) {
-    const double inset = StateOfField(self).borderStyle == kNoBorder ? 0 : kBorderedInset;
+cg::Rect TextRect(const TextFieldState &state, cg::Rect bounds) {
+    const double inset = state.borderStyle == kNoBorder ? 0 : kBorderedInset;
     return {{bounds.origin.x + inset, bounds.origin.y},
             {std::max(bounds.size.width - 2 * inset, 0.0), bounds.size.height}};
 }
 
-cg::Size SizeThatFits(TextField self, objc::SEL, cg::Size) {
-    const TextFieldState &state = StateOfField(self);
+cg::Size SizeThatFits(const TextFieldState &state, cg::Size) {
     const FontFace face = FaceOf(state.font);
     const bool empty = state.text.text().length() == 0;
     const std::u16string units = UnitsOf(empty ? state.placeholder.get() : state.text.text());
@@ -181,7 +119,7 @@ void DrawBorder(cairo_t *context, long style, cg::Rect bounds) {
     const double radius = style == kRoundedRect ? kRadius : 0;
     SetPaint(context, objc::SendClass<ui::Color, "tertiarySystemBackgroundColor", ui::Color>());
     FillRounded(context, bounds, radius);
-    SetPaint(context, objc::SendClass<ui::Color, "separatorColor", ui::Color>());
+    SetPaint(context, ui::Color::separatorColor());
     StrokeRounded(context, bounds, radius, 1);
 }
 
@@ -224,13 +162,12 @@ void DrawSelection(cairo_t *context, const FieldLine &line, ns::Range selection)
 }
 
 void DrawField(ui::View view, cairo_t *context) {
-    const TextField self{view.pointer};
-    const TextFieldState &state = StateOfField(self);
+    const auto &state = StateOf<TextFieldState>(view);
     const cg::Rect bounds{{0, 0}, PresentedValues(view).bounds.size};
     if (state.borderStyle != kNoBorder) {
         DrawBorder(context, state.borderStyle, bounds);
     }
-    const cg::Rect room = TextRectForBounds(self, nullptr, bounds);
+    const cg::Rect room = TextRect(state, bounds);
     const FieldLine line = PlaceLine(state, room);
     cairo_rectangle(context, room.origin.x - kCaretWidth, 0, room.size.width + 2 * kCaretWidth, bounds.size.height);
     cairo_clip(context);
@@ -240,56 +177,32 @@ void DrawField(ui::View view, cairo_t *context) {
                  {room.origin.x, line.baseline, room.size.width, line.left > room.origin.x ? 0.5 : 0},
                  Truncation::kTail);
     } else {
-        SetPaint(context, TextColor(self, nullptr), ControlStateOf(self).enabled ? 1 : kDisabledAlpha);
+        const ui::Color color = state.textColor ? state.textColor.get() : ui::Color::labelColor();
+        SetPaint(context, color, StateOf<ControlState>(view).enabled ? 1 : kDisabledAlpha);
         DrawLine(context, line.units, line.face, {line.left, line.baseline, room.size.width, 0});
     }
-    if (FirstResponder() == self) {
+    if (FirstResponder() == view) {
         DrawSelection(context, line, state.text.selection());
-    }
-}
-
-/// Optional methods of the protocol that views with a keyboard adopt, listed under its name: the class itself does not
-/// declare them.
-void AddTextInputTraits(objc::Class cls) {
-    using S = TextFieldState;
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"keyboardType", &Get<&S::keyboardType>>(),
-        objc::MethodNamed<"setKeyboardType:", &Set<&S::keyboardType>>(),
-    };
-    objc::AddMethods(cls, methods);
-    for (const objc::MethodEntry &method : methods) {
-        ApiRows().push_back({"UITextInputTraits", '-', sel_getName(method.selector()), method.encoding});
     }
 }
 
 } // namespace
 
-void RegisterTextField() {
-    using S = TextFieldState;
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"text", &Text>(),
-        objc::MethodNamed<"setText:", &SetText>(),
-        objc::MethodNamed<"placeholder", &Placeholder>(),
-        objc::MethodNamed<"setPlaceholder:", &SetPlaceholder>(),
-        objc::MethodNamed<"textColor", &TextColor>(),
-        objc::MethodNamed<"setTextColor:", &SetTextColor>(),
-        objc::MethodNamed<"font", &Font>(),
-        objc::MethodNamed<"setFont:", &SetFont>(),
-        objc::MethodNamed<"borderStyle", &Get<&S::borderStyle>>(),
-        objc::MethodNamed<"setBorderStyle:", &Set<&S::borderStyle>>(),
-        objc::MethodNamed<"textAlignment", &Get<&S::textAlignment>>(),
-        objc::MethodNamed<"setTextAlignment:", &Set<&S::textAlignment>>(),
-        objc::MethodNamed<"inputAccessoryView", &InputAccessoryView>(),
-        objc::MethodNamed<"setInputAccessoryView:", &SetInputAccessoryView>(),
-        objc::MethodNamed<"isEditing", &IsEditing>(),
-        objc::MethodNamed<"canBecomeFirstResponder", &CanBecomeFirstResponder>(),
-        objc::MethodNamed<"becomeFirstResponder", &BecomeFirstResponder>(),
-        objc::MethodNamed<"resignFirstResponder", &ResignFirstResponder>(),
-        objc::MethodNamed<"endTrackingWithTouch:withEvent:", &EndTracking>(),
-        objc::MethodNamed<"textRectForBounds:", &TextRectForBounds>(),
-        objc::MethodNamed<"sizeThatFits:", &SizeThatFits>(),
-    };
-    AddTextInputTraits(RegisterClassWithState<TextFieldState>("UITextField", "UIControl", methods));
+void DefineTextField() {
+    auto field = Class<TextFieldState>("UITextField", "UIControl");
+    field.Method<"text">([](const TextFieldState &state) { return state.text.text(); });
+    field.Method<"setText:">([](TextFieldState &state, ns::String text) { state.text.SetText(text); });
+    field.Property<"placeholder", &TextFieldState::placeholder>();
+    field.PropertyOr<"textColor", &TextFieldState::textColor, &ui::Color::labelColor>();
+    field.PropertyOr<"font", &TextFieldState::font, &DefaultFont>();
+    field.Property<"borderStyle", &TextFieldState::borderStyle>();
+    field.Property<"textAlignment", &TextFieldState::textAlignment>();
+    field.Property<"inputAccessoryView", &TextFieldState::accessory>();
+    // UITextField itself does not declare it.
+    field.Adopting("UITextInputTraits").Property<"keyboardType", &TextFieldState::keyboardType>();
+    DefineEditing(field);
+    field.Method<"textRectForBounds:", &TextRect>();
+    field.Method<"sizeThatFits:", &SizeThatFits>();
     RegisterDrawing("UITextField", &DrawField);
     RegisterTextInput("UITextField", {&TextOf, &Edited});
 }

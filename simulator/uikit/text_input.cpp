@@ -1,15 +1,13 @@
 #include "uikit/text_input.hpp"
 
+#include "uikit/by_class.hpp"
 #include "uikit/responder.hpp"
-
-#include <map>
-#include <string>
 
 namespace sim {
 namespace {
 
-std::map<std::string, TextInput> &Inputs() {
-    static std::map<std::string, TextInput> inputs;
+ByClass<TextInput> &Inputs() {
+    static ByClass<TextInput> inputs;
     return inputs;
 }
 
@@ -24,22 +22,16 @@ template <class Change> void Edit(const Change &change) {
 } // namespace
 
 void RegisterTextInput(const char *className, TextInput input) {
-    Inputs()[className] = input;
+    Inputs().Set(className, input);
 }
 
 const TextInput *TextInputOf(ui::Responder view) {
-    for (objc::Class cls = view ? objc::object_getClass(view.pointer) : nullptr; cls != nullptr;
-         cls = class_getSuperclass(cls)) {
-        if (const auto found = Inputs().find(class_getName(cls)); found != Inputs().end()) {
-            return &found->second;
-        }
-    }
-    return nullptr;
+    return Inputs().Find(view);
 }
 
 ui::View EditedView() {
     const ui::Responder first = FirstResponder();
-    return TextInputOf(first) != nullptr ? ui::View{first.pointer} : ui::View{};
+    return TextInputOf(first) != nullptr ? objc::As<ui::View>(first) : ui::View{};
 }
 
 void TypeText(ns::String text) {

@@ -6,6 +6,10 @@
 
 namespace sim {
 
+/// How wide (points) carets are drawn, and how much of the tint a selection has.
+inline constexpr double kCaretWidth = 2;
+inline constexpr double kSelectionAlpha = 0.2;
+
 /// How one class of views is typed into.
 struct TextInput {
     /// The text under edit; valid while the view lives.

@@ -2,6 +2,7 @@
 
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/font.hpp"
 
 #include <algorithm>
@@ -10,14 +11,14 @@
 namespace sim {
 namespace {
 
-constexpr double kDefaultPointSize = 12; // of text without a font attribute, unlike a label's
+constexpr double kDefaultPointSize = 12; // of text without a font attribute; a label's differs
 
 FontFace FaceIn(ns::Dictionary attributes) {
-    const ns::Object font = attributes.objectForKey(NSFontAttributeName);
-    return font ? FaceOf(ui::Font{font.pointer}) : FontFace{kDefaultPointSize, false};
+    const auto font = objc::As<ui::Font>(attributes.objectForKey(NSFontAttributeName));
+    return font ? FaceOf(font) : FontFace{kDefaultPointSize, false};
 }
 
-cg::Rect BoundingRect(ns::String self, objc::SEL, cg::Size size, long options, ns::Dictionary attributes, ns::Object) {
+cg::Rect BoundingRect(ns::String self, cg::Size size, long options, ns::Dictionary attributes, ns::Object) {
     const FontFace face = FaceIn(attributes);
     const double lineHeight = MetricsOf(face).lineHeight;
     const std::u16string text = UnitsOf(self);
@@ -27,14 +28,14 @@ cg::Rect BoundingRect(ns::String self, objc::SEL, cg::Size size, long options, n
     }
     const TextExtent extent = MeasureText(text, {face, Wrapping::kWord, size.width});
     auto lines = static_cast<double>(extent.lines);
-    // Lines that the height has no room for are left out. A length that is not above zero is no limit.
+    // Lines beyond the height are left out. A height that is not above zero is no limit.
     if (size.height > 0) {
         lines = std::clamp(std::floor(size.height / lineHeight), 1.0, lines);
     }
     return {{}, {extent.width, lines * lineHeight}};
 }
 
-cg::Size SizeWithAttributes(ns::String self, objc::SEL, ns::Dictionary attributes) {
+cg::Size SizeWithAttributes(ns::String self, ns::Dictionary attributes) {
     const FontFace face = FaceIn(attributes);
     const TextExtent extent = MeasureText(UnitsOf(self), {face, Wrapping::kNone, 0});
     return {extent.width, static_cast<double>(extent.lines) * MetricsOf(face).lineHeight};
@@ -42,13 +43,10 @@ cg::Size SizeWithAttributes(ns::String self, objc::SEL, ns::Dictionary attribute
 
 } // namespace
 
-void RegisterTextMeasuring() {
-    SetTextAttributeNames();
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"boundingRectWithSize:options:attributes:context:", &BoundingRect>(),
-        objc::MethodNamed<"sizeWithAttributes:", &SizeWithAttributes>(),
-    };
-    ExtendClass("NSString", methods);
+void DefineTextMeasuring() {
+    auto string = Class<>::Existing("NSString");
+    string.Method<"boundingRectWithSize:options:attributes:context:", &BoundingRect>();
+    string.Method<"sizeWithAttributes:", &SizeWithAttributes>();
 }
 
 std::u16string UnitsOf(ns::String text) {

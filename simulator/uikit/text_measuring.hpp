@@ -7,12 +7,7 @@
 
 namespace sim {
 
-void RegisterTextMeasuring();
-
 /// The text's UTF-16 units as they stand, unpaired surrogates included; none for nil.
 std::u16string UnitsOf(ns::String text);
-
-/// Gives the exported attribute keys (NSFontAttributeName and its like) their values. RegisterTextMeasuring calls it.
-void SetTextAttributeNames();
 
 } // namespace sim

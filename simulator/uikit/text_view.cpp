@@ -1,9 +1,11 @@
-#include "uikit/text_view.hpp"
+// UITextView.
 
+#include "apple/uikit/text_view.hpp"
 #include "render/text_layout.hpp"
-#include "runtime/native_class.hpp"
-#include "uikit/color.hpp"
+#include "uikit/classes.hpp"
+#include "uikit/drawing.hpp"
 #include "uikit/font.hpp"
+#include "uikit/gesture_recognizer.hpp"
 #include "uikit/responder.hpp"
 #include "uikit/scroll_view.hpp"
 #include "uikit/text_input.hpp"
@@ -21,8 +23,6 @@ using ui::TextView;
 
 /// Points between the container's sides and the text, in every text view.
 constexpr double kLinePadding = 5;
-constexpr double kCaretWidth = 2;
-constexpr double kSelectionAlpha = 0.2;
 
 struct TextViewState {
     EditableText text;
@@ -32,15 +32,6 @@ struct TextViewState {
     ui::EdgeInsets inset{8, 0, 8, 0};
     bool editable = true;
 };
-
-struct ScrollView : ui::View {
-    using ui::View::View;
-    static constexpr const char *kClassName = "UIScrollView";
-};
-
-TextViewState &StateOfTextView(ui::View self) {
-    return StateOf<TextViewState>(self);
-}
 
 FontFace FaceOfText(const TextViewState &state) {
     constexpr double kDefaultSize = 12;
@@ -61,12 +52,12 @@ struct TextPlace {
     double TopOf(std::size_t line) const {
         return top + static_cast<double>(line) * metrics.lineHeight;
     }
-    /// The line on which a place between units lies: at a wrapped line's end, that is the next line.
+    /// The line of a place between two units; the end of a wrapped line belongs to the next line.
     std::size_t LineAt(std::size_t unit) const {
         const auto after = std::ranges::upper_bound(lines, unit, {}, &TextLine::start);
         return after == lines.begin() ? 0 : static_cast<std::size_t>(after - lines.begin()) - 1;
     }
-    /// How far right of its line's start a place between units is.
+    /// The distance from a line's start to a place between two units.
     double AdvanceTo(std::size_t line, std::size_t unit) const {
         const TextLine &place = lines[line];
         const std::size_t end = std::clamp(unit, place.start, place.end);
@@ -81,7 +72,7 @@ struct TextPlace {
 };
 
 TextPlace PlaceText(ui::View self, cg::Size size) {
-    const TextViewState &state = StateOfTextView(self);
+    const auto &state = StateOf<TextViewState>(self);
     TextPlace place;
     place.units = UnitsOf(state.text.text());
     place.face = FaceOfText(state);
@@ -94,20 +85,20 @@ TextPlace PlaceText(ui::View self, cg::Size size) {
 }
 
 double HeightOf(ui::View self, const TextPlace &place) {
-    return std::ceil(place.TopOf(place.lines.size()) + StateOfTextView(self).inset.bottom);
+    return std::ceil(place.TopOf(place.lines.size()) + StateOf<TextViewState>(self).inset.bottom);
 }
 
 void FitContent(ui::View self) {
     const cg::Size size = self.bounds().size;
-    SetContentSize(self, {size.width, HeightOf(self, PlaceText(self, size))});
+    objc::As<ui::ScrollView>(self).setContentSize({size.width, HeightOf(self, PlaceText(self, size))});
 }
 
-/// After the keyboard: the content has its new height and the caret is in sight.
+/// After typing: the content gets its new height and the caret is brought in sight.
 void Edited(ui::View self) {
     FitContent(self);
-    const ns::Range selection = StateOfTextView(self).text.selection();
+    const ns::Range selection = StateOf<TextViewState>(self).text.selection();
     const TextPlace place = PlaceText(self, self.bounds().size);
-    const ui::EdgeInsets &inset = StateOfTextView(self).inset;
+    const ui::EdgeInsets &inset = StateOf<TextViewState>(self).inset;
     cg::Rect caret = place.CaretAt(selection.location + selection.length);
     caret.origin.y -= inset.top;
     caret.size.height += inset.top + inset.bottom;
@@ -115,83 +106,7 @@ void Edited(ui::View self) {
 }
 
 EditableText &TextOf(ui::View self) {
-    return StateOfTextView(self).text;
-}
-
-// Properties.
-
-ns::String Text(TextView self, objc::SEL) {
-    return TextOf(self).text();
-}
-
-void SetText(TextView self, objc::SEL, ns::String text) {
-    TextOf(self).SetText(text);
-    FitContent(self);
-}
-
-ui::Color TextColor(TextView self, objc::SEL) {
-    return StateOfTextView(self).textColor;
-}
-
-void SetTextColor(TextView self, objc::SEL, ui::Color color) {
-    StateOfTextView(self).textColor = color;
-}
-
-ui::Font Font(TextView self, objc::SEL) {
-    return StateOfTextView(self).font;
-}
-
-void SetFont(TextView self, objc::SEL, ui::Font font) {
-    StateOfTextView(self).font = font;
-    FitContent(self);
-}
-
-ui::EdgeInsets TextContainerInset(TextView self, objc::SEL) {
-    return StateOfTextView(self).inset;
-}
-
-void SetTextContainerInset(TextView self, objc::SEL, ui::EdgeInsets inset) {
-    StateOfTextView(self).inset = inset;
-    FitContent(self);
-}
-
-ns::Range SelectedRange(TextView self, objc::SEL) {
-    return TextOf(self).selection();
-}
-
-void SetSelectedRange(TextView self, objc::SEL, ns::Range range) {
-    TextOf(self).Select(range);
-}
-
-bool IsEditable(TextView self, objc::SEL) {
-    return StateOfTextView(self).editable;
-}
-
-void SetEditable(TextView self, objc::SEL, bool editable) {
-    StateOfTextView(self).editable = editable;
-    if (!editable && FirstResponder() == self) {
-        objc::Send<"resignFirstResponder", bool>(ui::Responder{self.pointer});
-    }
-}
-
-ui::View InputAccessoryView(TextView self, objc::SEL) {
-    return StateOfTextView(self).accessory;
-}
-
-void SetInputAccessoryView(TextView self, objc::SEL, ui::View view) {
-    StateOfTextView(self).accessory = view;
-}
-
-bool CanBecomeFirstResponder(TextView self, objc::SEL) {
-    return StateOfTextView(self).editable && WindowOf(self);
-}
-
-void LayoutSubviews(TextView self, objc::SEL) {
-    FitContent(self);
-}
-
-cg::Size SizeThatFits(TextView self, objc::SEL, cg::Size size) {
-    return {size.width, HeightOf(self, PlaceText(self, size))};
+    return StateOf<TextViewState>(self).text;
 }
 
 // A tap brings the keyboard up and the caret to where the finger was.
@@ -213,23 +128,11 @@ std::size_t UnitNear(const TextPlace &place, cg::Point point) {
     return nearest;
 }
 
-void HandleTap(TextView self, objc::SEL, ui::GestureRecognizer tap) {
+void HandleTap(TextView self, ui::GestureRecognizer tap) {
     if (tap.state() == ui::GestureState::kEnded && self.becomeFirstResponder()) {
         const auto point = objc::Send<"locationInView:", cg::Point>(tap, self);
         TextOf(self).Select({UnitNear(PlaceText(self, self.bounds().size), point), 0});
     }
-}
-
-TextView InitWithFrame(TextView self, objc::SEL, cg::Rect frame) {
-    const auto view = objc::SendSuper<"initWithFrame:", ui::View>(ScrollView{self.pointer}, frame);
-    if (view) {
-        view.setBackgroundColor(ui::Color::systemBackgroundColor());
-        const auto tap = objc::Ref<ui::GestureRecognizer>::Adopt(
-            ns::Alloc<ui::TapGestureRecognizer>().initWithTarget(view, objc::Selector<"_handleTap:">()));
-        view.addGestureRecognizer(tap);
-        FitContent(view);
-    }
-    return TextView{view.pointer};
 }
 
 // Drawing.
@@ -246,13 +149,8 @@ void DrawSelection(cairo_t *context, const TextPlace &place, std::size_t line, n
     }
 }
 
-void SetSource(cairo_t *context, ui::Color color, double alpha = 1) {
-    const Rgba rgba = RgbaOf(color);
-    cairo_set_source_rgba(context, rgba.r, rgba.g, rgba.b, rgba.a * alpha);
-}
-
 void DrawTextView(ui::View view, cairo_t *context) {
-    const TextViewState &state = StateOfTextView(view);
+    const auto &state = StateOf<TextViewState>(view);
     const cg::Rect bounds = PresentedValues(view).bounds;
     if (!(bounds.size.width > 0) || !(bounds.size.height > 0)) {
         return;
@@ -273,47 +171,63 @@ void DrawTextView(ui::View view, cairo_t *context) {
             break;
         }
         if (edited && selection.length > 0) {
-            SetSource(context, tint, kSelectionAlpha);
+            SetPaint(context, tint, kSelectionAlpha);
             DrawSelection(context, place, line, selection);
         }
-        SetSource(context, state.textColor ? state.textColor.get() : ui::Color::labelColor());
+        SetPaint(context, state.textColor ? state.textColor.get() : ui::Color::labelColor());
         const TextLine &whole = place.lines[line];
         DrawLine(context, std::u16string_view(place.units).substr(whole.start, whole.end - whole.start), place.face,
                  {place.left, top + place.metrics.ascender, place.width, 0});
     }
     if (edited && selection.length == 0) {
         const cg::Rect caret = place.CaretAt(selection.location);
-        SetSource(context, tint);
+        SetPaint(context, tint);
         cairo_rectangle(context, caret.origin.x, caret.origin.y, caret.size.width, caret.size.height);
         cairo_fill(context);
     }
 }
 
+void DefineText(Class<TextViewState> &textView) {
+    textView.Method<"text">([](const TextViewState &state) { return state.text.text(); });
+    textView.Method<"setText:">([](TextView self, ns::String text) {
+        TextOf(self).SetText(text);
+        FitContent(self);
+    });
+    textView.Property<"textColor", &TextViewState::textColor>();
+    textView.Property<"font", &TextViewState::font, &FitContent>();
+    textView.Property<"textContainerInset", &TextViewState::inset, &FitContent>();
+}
+
+void DefineEditing(Class<TextViewState> &textView) {
+    textView.Method<"selectedRange">([](const TextViewState &state) { return state.text.selection(); });
+    textView.Method<"setSelectedRange:">([](TextViewState &state, ns::Range range) { state.text.Select(range); });
+    textView.Property<"isEditable", &TextViewState::editable>([](TextView self) {
+        if (!StateOf<TextViewState>(self).editable && FirstResponder() == self) {
+            self.resignFirstResponder();
+        }
+    });
+    textView.Property<"inputAccessoryView", &TextViewState::accessory>();
+    textView.Method<"canBecomeFirstResponder">(
+        [](TextView self) { return StateOf<TextViewState>(self).editable && WindowOf(self); });
+    textView.Method<"_handleTap:", &HandleTap>();
+}
+
 } // namespace
 
-void RegisterTextView() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"initWithFrame:", &InitWithFrame>(),
-        objc::MethodNamed<"text", &Text>(),
-        objc::MethodNamed<"setText:", &SetText>(),
-        objc::MethodNamed<"textColor", &TextColor>(),
-        objc::MethodNamed<"setTextColor:", &SetTextColor>(),
-        objc::MethodNamed<"font", &Font>(),
-        objc::MethodNamed<"setFont:", &SetFont>(),
-        objc::MethodNamed<"textContainerInset", &TextContainerInset>(),
-        objc::MethodNamed<"setTextContainerInset:", &SetTextContainerInset>(),
-        objc::MethodNamed<"selectedRange", &SelectedRange>(),
-        objc::MethodNamed<"setSelectedRange:", &SetSelectedRange>(),
-        objc::MethodNamed<"isEditable", &IsEditable>(),
-        objc::MethodNamed<"setEditable:", &SetEditable>(),
-        objc::MethodNamed<"inputAccessoryView", &InputAccessoryView>(),
-        objc::MethodNamed<"setInputAccessoryView:", &SetInputAccessoryView>(),
-        objc::MethodNamed<"canBecomeFirstResponder", &CanBecomeFirstResponder>(),
-        objc::MethodNamed<"layoutSubviews", &LayoutSubviews>(),
-        objc::MethodNamed<"sizeThatFits:", &SizeThatFits>(),
-        objc::MethodNamed<"_handleTap:", &HandleTap>(),
-    };
-    RegisterClassWithState<TextViewState>("UITextView", "UIScrollView", methods);
+void DefineTextView() {
+    auto textView = Class<TextViewState>("UITextView", "UIScrollView");
+    textView.Method<"initWithFrame:">([](ui::ScrollView self, cg::Rect frame) {
+        const auto view = objc::SendSuper<"initWithFrame:", ui::View>(self, frame);
+        view.setBackgroundColor(ui::Color::systemBackgroundColor());
+        AddRecognizer<ui::TapGestureRecognizer>(view, objc::Selector<"_handleTap:">());
+        FitContent(view);
+        return view;
+    });
+    DefineText(textView);
+    DefineEditing(textView);
+    textView.Method<"layoutSubviews", &FitContent>();
+    textView.Method<"sizeThatFits:">(
+        [](ui::View self, cg::Size size) { return cg::Size{size.width, HeightOf(self, PlaceText(self, size))}; });
     RegisterDrawing("UITextView", &DrawTextView);
     RegisterTextInput("UITextView", {&TextOf, &Edited});
 }

@@ -1,10 +1,10 @@
-#include "uikit/toolbar.hpp"
+// UIToolbar.
 
 #include "apple/uikit/button.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/bar_item.hpp"
-#include "uikit/color.hpp"
-#include "uikit/control.hpp"
+#include "uikit/classes.hpp"
+#include "uikit/drawing.hpp"
 #include "uikit/view.hpp"
 
 #include <algorithm>
@@ -21,7 +21,6 @@ constexpr double kGap = 8;     // points between neighbours
 constexpr double kHeight = 44;
 constexpr double kTitleSize = 17;
 constexpr double kHairline = 0.5;
-constexpr long kDoneStyle = 2;
 
 /// The button that stands for an item in the bar.
 struct ItemButton : ui::Button {
@@ -38,40 +37,15 @@ struct ToolbarState {
     std::vector<objc::Ref<ItemButton>> buttons;
 };
 
-ToolbarState &StateOfToolbar(ui::View self) {
-    return StateOf<ToolbarState>(self);
+ns::ArrayOf<BarButtonItem> ItemsOf(ui::View self) {
+    return StateOf<ToolbarState>(self).items.get();
 }
 
-std::vector<BarButtonItem> ItemsOf(ui::View self) {
-    const ns::Array items = StateOfToolbar(self).items;
-    std::vector<BarButtonItem> list;
-    list.reserve(items.count());
-    for (unsigned long i = 0; i < items.count(); ++i) {
-        list.emplace_back(items.objectAtIndex(i).pointer);
-    }
-    return list;
-}
-
-void Pressed(ItemButton self, objc::SEL, ItemButton, ui::Event event) {
-    SendBarAction(StateOf<ItemButtonState>(self).item, event);
-}
-
-/// Leaves the items without this bar, and the bar without their buttons.
-void Clear(ui::View self) {
+/// Sets which bar the items of this one belong to.
+void SetBar(ui::View self, ui::View bar) {
     for (const BarButtonItem item : ItemsOf(self)) {
-        BarItemStateOf(item).bar = nullptr;
+        BarItemStateOf(item).bar = bar;
     }
-    for (const objc::Ref<ItemButton> &button : StateOfToolbar(self).buttons) {
-        button->removeFromSuperview();
-    }
-    StateOfToolbar(self).buttons.clear();
-}
-
-void Dealloc(ui::View self, objc::SEL selector) {
-    for (const BarButtonItem item : ItemsOf(self)) {
-        BarItemStateOf(item).bar = nullptr;
-    }
-    detail::Dealloc<ToolbarState>(self.pointer, selector);
 }
 
 void AddButton(ui::View self, BarButtonItem item) {
@@ -79,32 +53,33 @@ void AddButton(ui::View self, BarButtonItem item) {
     StateOf<ItemButtonState>(button).item = item;
     button.addTarget(button, objc::Selector<"_pressed:withEvent:">(), ui::kTouchUpInside);
     self.addSubview(button);
-    StateOfToolbar(self).buttons.emplace_back(button);
+    StateOf<ToolbarState>(self).buttons.emplace_back(button);
 }
 
-ns::Array Items(Toolbar self, objc::SEL) {
-    return StateOfToolbar(self).items;
+bool IsSpace(BarButtonItem item) {
+    return IsFlexibleSpace(item) || IsFixedSpace(item);
 }
 
-void SetItems(Toolbar self, objc::SEL, ns::Array items) {
-    Clear(self);
-    StateOfToolbar(self).items = objc::Ref<ns::Array>::Adopt(objc::Send<"copy", ns::Array>(items));
+void SetItems(Toolbar self, ns::Array items) {
+    auto &state = StateOf<ToolbarState>(self);
+    SetBar(self, nullptr);
+    for (const objc::Ref<ItemButton> &button : state.buttons) {
+        button->removeFromSuperview();
+    }
+    state.buttons.clear();
+    state.items = CopyOf(items);
+    SetBar(self, self);
     for (const BarButtonItem item : ItemsOf(self)) {
-        BarItemStateOf(item).bar = self;
-        if (!IsFlexibleSpace(item) && !IsFixedSpace(item)) {
+        if (!IsSpace(item)) {
             AddButton(self, item);
         }
     }
     SetNeedsLayout(self);
 }
 
-void SetItemsAnimated(Toolbar self, objc::SEL selector, ns::Array items, bool) {
-    SetItems(self, selector, items);
-}
-
 void ShowItem(ItemButton button) {
     const BarButtonItem item = StateOf<ItemButtonState>(button).item;
-    const bool bold = BarButtonItemStateOf(item).style == kDoneStyle;
+    const bool bold = BarButtonItemStateOf(item).style == ui::BarButtonItemStyle::kDone;
     const bool enabled = BarItemStateOf(item).enabled;
     button.setTitle(TitleOf(item), ui::kStateNormal);
     button.titleLabel().setFont(bold ? ui::Font::boldSystemFontOfSize(kTitleSize)
@@ -114,10 +89,9 @@ void ShowItem(ItemButton button) {
 }
 
 /// Items stand from left to right; flexible spaces share what is left.
-void LayoutSubviews(Toolbar self, objc::SEL) {
-    const ToolbarState &state = StateOfToolbar(self);
+void LayoutItems(Toolbar self) {
+    const auto &state = StateOf<ToolbarState>(self);
     const cg::Size size = self.bounds().size;
-    const std::vector<BarButtonItem> items = ItemsOf(self);
     double used = 0;
     std::vector<double> widths;
     for (const objc::Ref<ItemButton> &button : state.buttons) {
@@ -125,15 +99,16 @@ void LayoutSubviews(Toolbar self, objc::SEL) {
         widths.push_back(button->sizeThatFits(size).width + kGap);
         used += widths.back();
     }
-    for (const BarButtonItem item : items) {
+    double springs = 0;
+    for (const BarButtonItem item : ItemsOf(self)) {
         used += IsFixedSpace(item) ? BarButtonItemStateOf(item).width : 0;
+        springs += IsFlexibleSpace(item) ? 1 : 0;
     }
-    const auto springs = static_cast<double>(std::ranges::count_if(items, &IsFlexibleSpace));
     const double spring = springs > 0 ? std::max(0.0, (size.width - 2 * kMargin - used) / springs) : 0;
     double x = kMargin;
     std::size_t next = 0;
-    for (const BarButtonItem item : items) {
-        if (IsFlexibleSpace(item) || IsFixedSpace(item)) {
+    for (const BarButtonItem item : ItemsOf(self)) {
+        if (IsSpace(item)) {
             x += IsFlexibleSpace(item) ? spring : BarButtonItemStateOf(item).width;
         } else {
             state.buttons[next]->setFrame({{x, 0}, {widths[next], size.height}});
@@ -142,38 +117,31 @@ void LayoutSubviews(Toolbar self, objc::SEL) {
     }
 }
 
-cg::Size SizeThatFits(Toolbar, objc::SEL, cg::Size size) {
-    return {size.width, kHeight};
-}
-
 void DrawToolbar(ui::View view, cairo_t *context) {
     const cg::Size size = PresentedValues(view).bounds.size;
     const double grey = IsDarkAppearance() ? 0.1 : 0.97;
     cairo_set_source_rgb(context, grey, grey, grey);
     cairo_rectangle(context, 0, 0, size.width, size.height);
     cairo_fill(context);
-    const Rgba line = RgbaOf(ui::Color::separatorColor());
-    cairo_set_source_rgba(context, line.r, line.g, line.b, line.a);
+    SetPaint(context, ui::Color::separatorColor());
     cairo_rectangle(context, 0, 0, size.width, kHairline);
     cairo_fill(context);
 }
 
 } // namespace
 
-void RegisterToolbar() {
-    const objc::MethodEntry buttonMethods[] = {
-        objc::MethodNamed<"_pressed:withEvent:", &Pressed>(),
-    };
-    RegisterClassWithState<ItemButtonState>(ItemButton::kClassName, "UIButton", buttonMethods);
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"dealloc", &Dealloc>(),
-        objc::MethodNamed<"items", &Items>(),
-        objc::MethodNamed<"setItems:", &SetItems>(),
-        objc::MethodNamed<"setItems:animated:", &SetItemsAnimated>(),
-        objc::MethodNamed<"layoutSubviews", &LayoutSubviews>(),
-        objc::MethodNamed<"sizeThatFits:", &SizeThatFits>(),
-    };
-    RegisterClassWithState<ToolbarState>("UIToolbar", "UIView", methods);
+void DefineToolbar() {
+    auto button = Class<ItemButtonState>(ItemButton::kClassName, "UIButton");
+    button.Method<"_pressed:withEvent:">(
+        [](const ItemButtonState &state, ItemButton, ui::Event event) { SendBarAction(state.item, event); });
+
+    auto bar = Class<ToolbarState>("UIToolbar", "UIView");
+    bar.Dealloc([](Toolbar self) { SetBar(self, nullptr); });
+    bar.ReadOnly<"items", &ToolbarState::items>();
+    bar.Method<"setItems:", &SetItems>();
+    bar.Method<"setItems:animated:">([](Toolbar self, ns::Array items, bool) { SetItems(self, items); });
+    bar.Method<"layoutSubviews", &LayoutItems>();
+    bar.Method<"sizeThatFits:">([](Toolbar, cg::Size size) { return cg::Size{size.width, kHeight}; });
     RegisterDrawing("UIToolbar", &DrawToolbar);
 }
 

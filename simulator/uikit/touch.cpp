@@ -10,7 +10,7 @@
 namespace sim::touch {
 namespace {
 
-/// How soon (seconds) and how near (points) the next tap must land to count on from the last one.
+/// A tap within this time (seconds) and distance (points) of the last one counts on from it.
 constexpr double kTapPause = 0.35;
 constexpr double kTapDistance = 45;
 
@@ -50,13 +50,13 @@ void Send(const objc::Ref<ui::Touch> &touch, TouchPhase phase) {
     state.previousLocation = state.location;
 }
 
-/// Takes the finger off the glass: its last event, then nothing of it remains.
+/// Lifts the finger: its last event is sent, then it is forgotten.
 void Lift(TouchId finger, TouchPhase phase) {
     const auto place = Fingers().find(finger);
     if (place == Fingers().end()) {
         return;
     }
-    // Off the glass even if a handler of that event raises.
+    // Forgotten even if a handler of that event raises.
     struct Eraser {
         TouchId finger;
         ~Eraser() {
@@ -86,7 +86,7 @@ void Began(TouchId finger, cg::Point point) {
     state.tapCount = goesOn ? last.count + 1 : 1;
     Fingers()[finger] = touch;
     state.view = HitTestWindows(point, MakeEvent(touch));
-    state.window = ui::Window{state.view->window().pointer};
+    state.window = objc::As<ui::Window>(state.view->window());
     Send(touch, TouchPhase::kBegan);
 }
 

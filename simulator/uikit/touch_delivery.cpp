@@ -3,6 +3,7 @@
 #include "runtime/clock.hpp"
 #include "uikit/application.hpp"
 #include "uikit/gesture_recognizer.hpp"
+#include "uikit/scoped_flag.hpp"
 #include "uikit/view.hpp"
 #include "uikit/view_geometry.hpp"
 
@@ -16,7 +17,7 @@ using Recognizers = std::vector<objc::Ref<GestureRecognizer>>;
 using Touches = std::vector<objc::Ref<ui::Touch>>;
 
 struct Delivery {
-    Touches down;         // every touch that has begun and whose last event is not yet through
+    Touches down;         // every touch whose last event has not been delivered yet
     Recognizers engaged;  // every recogniser with something to settle
     bool running = false; // an event is being delivered, or recognisers are being settled
 };
@@ -30,7 +31,7 @@ ns::Set SetOf(ui::Touch touch) {
     return objc::SendClass<ns::Set, "setWithObject:", ns::Set>(touch);
 }
 
-/// The message of UIResponder and UIGestureRecognizer alike that a touch's phase stands for.
+/// Sends the message for a touch's phase; responders and recognisers have the same four.
 template <objc::Handle Receiver> void Tell(Receiver receiver, ui::Touch touch, TouchPhase phase, ui::Event event) {
     switch (phase) {
     case TouchPhase::kBegan:
@@ -144,8 +145,8 @@ void TakeTouchesFromViews() {
     }
 }
 
-/// Readies the recognisers whose gesture is over and whose fingers have all been lifted.
-void ReadyRecognizers() {
+/// Resets the recognisers whose gesture is over and whose fingers have all been lifted.
+void ResetRecognizers() {
     for (const objc::Ref<GestureRecognizer> &recognizer : Recognizers(Shared().engaged)) {
         RecognizerState &state = RecognizerStateOf(recognizer);
         if (IsOver(state.state)) {
@@ -160,7 +161,7 @@ void ReadyRecognizers() {
         state.state = ui::GestureState::kPossible;
         state.recognized = false;
         state.touches.clear();
-        std::erase_if(Shared().engaged, [&](const auto &other) { return other.get() == recognizer.get(); });
+        std::erase(Shared().engaged, recognizer.get());
     }
 }
 
@@ -174,22 +175,8 @@ void Settle() {
         SendDueActions();
         TakeTouchesFromViews();
     } while (AnyActionDue());
-    ReadyRecognizers();
+    ResetRecognizers();
 }
-
-/// Marks the delivery as running for the extent of a scope, also when an exception leaves it.
-class Running {
-  public:
-    Running() : before_(std::exchange(Shared().running, true)) {}
-    Running(const Running &) = delete;
-    Running &operator=(const Running &) = delete;
-    ~Running() {
-        Shared().running = before_;
-    }
-
-  private:
-    bool before_;
-};
 
 /// Forgets a lifted touch, also when an exception leaves its last event.
 class LastEvent {
@@ -201,12 +188,11 @@ class LastEvent {
         if (!IsLifted(TouchStateOf(touch_))) {
             return;
         }
-        std::erase_if(Shared().down, [&](const auto &other) { return other.get() == touch_.get(); });
+        std::erase(Shared().down, touch_.get());
         for (const objc::Ref<GestureRecognizer> &recognizer : TouchStateOf(touch_).recognizers) {
-            std::erase_if(RecognizerStateOf(recognizer).touches,
-                          [&](const auto &watched) { return watched.get() == touch_.get(); });
+            std::erase(RecognizerStateOf(recognizer).touches, touch_.get());
         }
-        // The touch and its recognisers would hold one another through events that someone keeps.
+        // Else the touch and its recognisers would keep one another alive while somebody keeps an event.
         TouchStateOf(touch_).recognizers.clear();
     }
 
@@ -223,7 +209,7 @@ void DeliverEvent(ui::Window window, ui::Event event) {
     if (!(state.window.get() == window)) {
         return;
     }
-    const Running running;
+    const ScopedFlag running(Shared().running);
     {
         const LastEvent last(touch);
         if (state.phase == TouchPhase::kBegan) {
@@ -274,8 +260,8 @@ void Engage(GestureRecognizer recognizer) {
 }
 
 void SettleRecognizers() {
-    if (!Shared().running) { // else the delivery under way settles them at its end
-        const Running running;
+    if (!Shared().running) { // else the running delivery settles them at its end
+        const ScopedFlag running(Shared().running);
         Settle();
     }
 }

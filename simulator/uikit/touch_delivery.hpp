@@ -22,7 +22,7 @@ void CancelTouchesOf(ui::View view);
 void Engage(ui::GestureRecognizer recognizer);
 
 /// After recognisers changed state: sends their actions, takes touches from views where a recognised gesture does that,
-/// and readies recognisers for the next gesture whose own is over. Called by itself within the delivery of an event.
+/// and resets the recognisers whose gesture is over. Each delivery of an event ends with it.
 void SettleRecognizers();
 
 /// The same in a later turn, for changes from outside.

@@ -6,8 +6,6 @@
 
 namespace sim {
 
-void RegisterView();
-
 /// The window at the top of the view's tree; nil when there is none. A window is its own.
 ui::Window WindowOf(ui::View view);
 

@@ -1,11 +1,31 @@
 #pragma once
 // UIViewController: its view, and modal presentation.
 
+#include "apple/foundation/string.hpp"
 #include "apple/uikit/window.hpp"
+#include "runtime/native_class.hpp"
+#include "uikit/target_action.hpp"
 
 namespace sim {
 
-void RegisterViewController();
+/// UIModalPresentationStyle.
+inline constexpr long kPresentAutomatic = -2;
+/// UIModalTransitionStyle.
+inline constexpr long kCoverVertical = 0;
+
+struct ControllerState {
+    objc::Ref<ui::View> view;
+    objc::Ref<ns::String> title;
+    objc::Ref<ui::ViewController> presented;
+    ui::ViewController presenting; // not owned: it owns this one
+    long presentationStyle = kPresentAutomatic;
+    long transitionStyle = kCoverVertical;
+    bool isBeingDismissed = false;
+    WeakObject editedBefore; // the first responder that its coming took the keyboard from
+};
+
+/// The part of UIViewController that presents others.
+void DefinePresentation(Class<ControllerState> &controller);
 
 /// Tells a window's root controller that its view has come up or gone.
 void SetRootAppears(ui::ViewController controller, bool appears);

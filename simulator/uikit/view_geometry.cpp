@@ -79,9 +79,13 @@ bool Contains(cg::Rect rect, cg::Point point) {
            point.y < rect.origin.y + rect.size.height;
 }
 
+cg::Rect Grown(cg::Rect rect, double by) {
+    return {{rect.origin.x - by, rect.origin.y - by}, {rect.size.width + 2 * by, rect.size.height + 2 * by}};
+}
+
 cg::Rect FrameOf(const ViewValues &values) {
     const cg::Size size = values.bounds.size;
-    if (values.transform == cg::AffineTransform::Identity()) { // exactly, without the way through the corners
+    if (values.transform == cg::AffineTransform::Identity()) { // exact: no rounding on the way through the corners
         return {{values.center.x - size.width / 2, values.center.y - size.height / 2}, size};
     }
     const cg::Rect around = Apply(values.transform, cg::Rect{{-size.width / 2, -size.height / 2}, size});

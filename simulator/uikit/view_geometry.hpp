@@ -17,6 +17,9 @@ cg::AffineTransform Inverse(cg::AffineTransform transform);
 /// Whether the rectangle holds the point: its left and top edges count, its right and bottom ones do not.
 bool Contains(cg::Rect rect, cg::Point point);
 
+/// The rectangle with its edges moved outwards.
+cg::Rect Grown(cg::Rect rect, double by);
+
 /// The frame of a view with these values: its transformed bounds in its superview's coordinates.
 cg::Rect FrameOf(const ViewValues &values);
 

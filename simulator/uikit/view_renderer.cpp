@@ -2,15 +2,13 @@
 
 #include "render/backdrop.hpp"
 #include "render/shadow.hpp"
-#include "runtime/native_class.hpp"
-#include "uikit/color.hpp"
+#include "uikit/drawing.hpp"
 #include "uikit/effects.hpp"
 #include "uikit/view_state.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <numbers>
 
 namespace sim {
 namespace {
@@ -19,15 +17,11 @@ constexpr Rgba kBlack{0, 0, 0, 1};
 
 const LayerState &LayerOf(const ViewState &state) {
     static const LayerState plain;
-    return state.layer ? StateOf<LayerState>(state.layer.get()) : plain;
+    return state.layer ? LayerStateOf(state.layer) : plain;
 }
 
 Rgba ColorOr(ui::Color color, Rgba fallback) {
     return color ? RgbaOf(color) : fallback;
-}
-
-void SetSource(cairo_t *context, Rgba color) {
-    cairo_set_source_rgba(context, color.r, color.g, color.b, color.a);
 }
 
 /// A context must never see a matrix that it cannot invert: it would draw nothing from then on.
@@ -44,23 +38,6 @@ double PixelsPerPoint(cairo_t *context) {
     cairo_matrix_t matrix;
     cairo_get_matrix(context, &matrix);
     return std::sqrt(std::abs(matrix.xx * matrix.yy - matrix.xy * matrix.yx));
-}
-
-void AddRoundedRect(cairo_t *context, cg::Rect rect, double radius) {
-    const auto [x, y] = rect.origin;
-    const auto [width, height] = rect.size;
-    const double r = std::clamp(radius, 0.0, std::max(0.0, std::min(width, height) / 2));
-    if (!(r > 0)) {
-        cairo_rectangle(context, x, y, width, height);
-        return;
-    }
-    constexpr double kQuarter = std::numbers::pi / 2;
-    cairo_new_sub_path(context);
-    cairo_arc(context, x + width - r, y + r, r, -kQuarter, 0);
-    cairo_arc(context, x + width - r, y + height - r, r, 0, kQuarter);
-    cairo_arc(context, x + r, y + height - r, r, kQuarter, 2 * kQuarter);
-    cairo_arc(context, x + r, y + r, r, 2 * kQuarter, 3 * kQuarter);
-    cairo_close_path(context);
 }
 
 /// The pixels that the current path touches, within the clip. The path stays.
@@ -96,7 +73,7 @@ void DrawShadow(cairo_t *context, cairo_pattern_t *picture, const LayerState &la
     color.a *= std::clamp(static_cast<double>(layer.shadowOpacity), 0.0, 1.0);
     cairo_save(context);
     cairo_identity_matrix(context);
-    SetSource(context, color);
+    SetPaint(context, color);
     cairo_mask_surface(context, mask.image.get(), mask.x + x, mask.y + y);
     cairo_restore(context);
 }
@@ -106,13 +83,13 @@ void DrawBorder(cairo_t *context, cg::Rect bounds, const LayerState &layer) {
     if (!(width > 0)) {
         return;
     }
-    AddRoundedRect(context, bounds, layer.cornerRadius);
+    AddRounded(context, bounds, layer.cornerRadius);
     const cg::Rect inner{{bounds.origin.x + width, bounds.origin.y + width},
                          {bounds.size.width - 2 * width, bounds.size.height - 2 * width}};
     if (inner.size.width > 0 && inner.size.height > 0) {
-        AddRoundedRect(context, inner, layer.cornerRadius - width);
+        AddRounded(context, inner, layer.cornerRadius - width);
     }
-    SetSource(context, ColorOr(layer.borderColor, kBlack));
+    SetPaint(context, ColorOr(layer.borderColor, kBlack));
     cairo_set_fill_rule(context, CAIRO_FILL_RULE_EVEN_ODD);
     cairo_fill(context);
     cairo_set_fill_rule(context, CAIRO_FILL_RULE_WINDING);
@@ -192,12 +169,12 @@ void ViewRenderer::DrawWithShadow(ui::View view, const ViewState &state, const V
 void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewValues &values, const LayerState &layer) {
     cairo_save(context_);
     if (state.clipsToBounds) {
-        AddRoundedRect(context_, values.bounds, layer.cornerRadius);
+        AddRounded(context_, values.bounds, layer.cornerRadius);
         cairo_clip(context_);
     }
     if (const Rgba background = RgbaOf(values.backgroundColor); background.a > 0) {
-        AddRoundedRect(context_, values.bounds, layer.cornerRadius);
-        SetSource(context_, background);
+        AddRounded(context_, values.bounds, layer.cornerRadius);
+        SetPaint(context_, background);
         cairo_fill(context_);
     }
     if (const std::optional<BlurLook> look = BlurLookOf(view)) {
@@ -216,7 +193,7 @@ void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewVal
 }
 
 void ViewRenderer::DrawBackdrop(const BlurLook &look, cg::Rect bounds, double radius) {
-    AddRoundedRect(context_, bounds, radius);
+    AddRounded(context_, bounds, radius);
     const PixelRect pixels = PathPixels(context_);
     Pattern behind;
     if (!pixels.IsEmpty()) {
@@ -230,7 +207,7 @@ void ViewRenderer::DrawBackdrop(const BlurLook &look, cg::Rect bounds, double ra
         cairo_paint(context_);
         cairo_restore(context_);
     }
-    SetSource(context_, look.tint);
+    SetPaint(context_, look.tint);
     cairo_fill(context_);
 }
 

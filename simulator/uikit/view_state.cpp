@@ -2,12 +2,11 @@
 
 #include "runtime/exception.hpp"
 #include "runtime/native_class.hpp"
+#include "uikit/by_class.hpp"
 #include "uikit/view.hpp"
 
 #include <cmath>
 #include <cstdio>
-#include <map>
-#include <string>
 
 namespace sim {
 namespace {
@@ -22,8 +21,8 @@ void CheckFinite(const char *what, double first, double second) {
     RaiseException("CALayerInvalidGeometry", reason);
 }
 
-std::map<std::string, DrawContent> &Drawings() {
-    static std::map<std::string, DrawContent> drawings;
+ByClass<DrawContent> &Drawings() {
+    static ByClass<DrawContent> drawings;
     return drawings;
 }
 
@@ -47,16 +46,12 @@ void SetViewValues(ui::View view, const ViewValues &values) {
 }
 
 void RegisterDrawing(const char *className, DrawContent draw) {
-    Drawings()[className] = draw;
+    Drawings().Set(className, draw);
 }
 
 DrawContent DrawingOf(ui::View view) {
-    for (objc::Class cls = objc::object_getClass(view.pointer); cls != nullptr; cls = class_getSuperclass(cls)) {
-        if (const auto found = Drawings().find(class_getName(cls)); found != Drawings().end()) {
-            return found->second;
-        }
-    }
-    return nullptr;
+    const DrawContent *draw = Drawings().Find(view);
+    return draw != nullptr ? *draw : nullptr;
 }
 
 } // namespace sim

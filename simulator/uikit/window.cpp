@@ -1,7 +1,8 @@
-#include "uikit/window.hpp"
+// UIWindow.
 
 #include "runtime/native_class.hpp"
 #include "uikit/application.hpp"
+#include "uikit/classes.hpp"
 #include "uikit/scene_state.hpp"
 #include "uikit/screen.hpp"
 #include "uikit/touch_delivery.hpp"
@@ -24,7 +25,7 @@ namespace sim {
 namespace {
 
 ui::Window &ApplicationKey() {
-    static ui::Window window; // not owned: a dying window gives the status up
+    static ui::Window window; // not owned: a window gives the status up when it goes
     return window;
 }
 
@@ -32,7 +33,7 @@ bool IsVisible(ui::Window window) {
     return !ViewStateOf(window).hidden;
 }
 
-/// What the key window of the window's scene (of the application, without a scene) is.
+/// The key window of a scene; without a scene, the application's.
 ui::Window KeyAmong(ui::WindowScene scene) {
     return scene ? SceneStateOf(scene).keyWindow : ApplicationKey();
 }
@@ -67,7 +68,7 @@ void ResizeRoot(ui::Window window) {
     }
 }
 
-/// A hidden or dying key window hands the status to the window of its scene that had it before, if that is visible.
+/// Takes key status from a window that is hidden or goes, for the visible window of its scene that had it before.
 void PassKeyOn(ui::Window window) {
     if (!(KeyAmong(WindowStateOf(window).scene) == window)) {
         return;
@@ -82,11 +83,8 @@ void PassKeyOn(ui::Window window) {
     SetKeyWindow(WindowStateOf(window).scene, heir);
 }
 
-ui::Window InitWithFrame(ui::Window self, objc::SEL, cg::Rect frame) {
-    const ui::Window window{objc::SendSuper<"initWithFrame:", ui::View>(ui::View{self.pointer}, frame).pointer};
-    if (!window) {
-        return window;
-    }
+ui::Window InitWithFrame(ui::View self, cg::Rect frame) {
+    const auto window = objc::As<ui::Window>(objc::SendSuper<"initWithFrame:", ui::View>(self, frame));
     ViewStateOf(window).hidden = true; // until it is made visible
     AllWindows().push_back(window);
     // A window made without naming a scene joins the application's first one.
@@ -96,109 +94,80 @@ ui::Window InitWithFrame(ui::Window self, objc::SEL, cg::Rect frame) {
     return window;
 }
 
-ui::Window InitWithWindowScene(ui::Window self, objc::SEL, ui::WindowScene scene) {
-    const ui::Window window{self.initWithFrame({{}, ScreenSize()}).pointer};
-    if (window) {
-        WindowStateOf(window).scene = scene;
-    }
-    return window;
-}
-
-void Dealloc(ui::Window self, objc::SEL selector) {
-    std::erase(AllWindows(), self);
-    PassKeyOn(self);
-    detail::Dealloc<WindowState>(self.pointer, selector);
-}
-
-double WindowLevel(ui::Window self, objc::SEL) {
-    return WindowStateOf(self).level;
-}
-
-void SetWindowLevel(ui::Window self, objc::SEL, double level) {
-    WindowStateOf(self).level = level;
-}
-
-ui::WindowScene WindowScene(ui::Window self, objc::SEL) {
-    return WindowStateOf(self).scene;
-}
-
-void SetWindowScene(ui::Window self, objc::SEL, ui::WindowScene scene) {
-    if (!(WindowStateOf(self).scene == scene)) {
-        PassKeyOn(self);
-        WindowStateOf(self).scene = scene;
-    }
-}
-
-ui::Screen Screen(ui::Window, objc::SEL) {
-    return MainScreen();
-}
-
-ui::ViewController RootViewController(ui::Window self, objc::SEL) {
-    return WindowStateOf(self).root;
-}
-
-void SetRootViewController(ui::Window self, objc::SEL, ui::ViewController controller) {
-    if (!(WindowStateOf(self).root.get() == controller)) {
-        HideRoot(self);
-        WindowStateOf(self).root = controller;
-        ShowRoot(self);
-    }
-}
-
-void SetHidden(ui::Window self, objc::SEL, bool hidden) {
+void SetHidden(ui::View self, bool hidden) {
     if (hidden == ViewStateOf(self).hidden) {
         return;
     }
-    objc::SendSuper<"setHidden:", void>(ui::View{self.pointer}, hidden);
+    objc::SendSuper<"setHidden:", void>(self, hidden);
+    const auto window = objc::As<ui::Window>(self);
     if (hidden) {
-        PassKeyOn(self);
+        PassKeyOn(window);
         return;
     }
     static long shown = 0;
-    WindowStateOf(self).shownOrder = ++shown;
-    ShowRoot(self);
-    SetNeedsLayout(self);
+    WindowStateOf(window).shownOrder = ++shown;
+    ShowRoot(window);
+    SetNeedsLayout(window);
 }
 
-void SetFrame(ui::Window self, objc::SEL, cg::Rect frame) {
-    objc::SendSuper<"setFrame:", void>(ui::View{self.pointer}, frame);
-    ResizeRoot(self);
-}
-
-void SetBounds(ui::Window self, objc::SEL, cg::Rect bounds) {
-    objc::SendSuper<"setBounds:", void>(ui::View{self.pointer}, bounds);
-    ResizeRoot(self);
-}
-
-bool IsKeyWindow(ui::Window self, objc::SEL) {
-    return KeyAmong(WindowStateOf(self).scene) == self;
-}
-
-void MakeKeyWindow(ui::Window self, objc::SEL) {
-    SetKeyWindow(WindowStateOf(self).scene, self);
-}
-
-void MakeKeyAndVisible(ui::Window self, objc::SEL) {
-    self.setHidden(false);
-    self.makeKeyWindow();
-}
-
-bool CanBecomeKeyWindow(ui::Window, objc::SEL) {
-    return true;
-}
-
-void Ignore(ui::Window, objc::SEL) {}
-
-ui::Responder NextResponder(ui::Window self, objc::SEL) {
-    const ui::WindowScene scene = WindowStateOf(self).scene;
-    return scene ? ui::Responder{scene.pointer} : ui::Application::sharedApplication();
-}
-
-void SendEvent(ui::Window self, objc::SEL, ui::Event event) {
-    DeliverEvent(self, event);
+void DefineKeyStatus(Class<WindowState> &window) {
+    window.Method<"isKeyWindow">([](ui::Window self) { return KeyAmong(WindowStateOf(self).scene) == self; });
+    window.Method<"makeKeyWindow">([](ui::Window self) { SetKeyWindow(WindowStateOf(self).scene, self); });
+    window.Method<"makeKeyAndVisible">([](ui::Window self) {
+        self.setHidden(false);
+        self.makeKeyWindow();
+    });
+    window.Method<"canBecomeKeyWindow">([](ui::Window) { return true; });
+    window.Method<"becomeKeyWindow">([](ui::Window) {});
+    window.Method<"resignKeyWindow">([](ui::Window) {});
 }
 
 } // namespace
+
+void DefineWindow() {
+    auto window = Class<WindowState>("UIWindow", "UIView");
+    window.Method<"initWithFrame:", &InitWithFrame>();
+    window.Method<"initWithWindowScene:">([](ui::Window self, ui::WindowScene scene) {
+        const auto made = objc::As<ui::Window>(self.initWithFrame({{}, ScreenSize()}));
+        WindowStateOf(made).scene = scene;
+        return made;
+    });
+    window.Dealloc([](ui::Window self) {
+        std::erase(AllWindows(), self);
+        PassKeyOn(self);
+    });
+    window.Property<"windowLevel", &WindowState::level>();
+    window.ReadOnly<"windowScene", &WindowState::scene>();
+    window.Method<"setWindowScene:">([](ui::Window self, ui::WindowScene scene) {
+        if (!(WindowStateOf(self).scene == scene)) {
+            PassKeyOn(self);
+            WindowStateOf(self).scene = scene;
+        }
+    });
+    window.Method<"screen">([](ui::Window) { return MainScreen(); });
+    window.ReadOnly<"rootViewController", &WindowState::root>();
+    window.Method<"setRootViewController:">([](ui::Window self, ui::ViewController controller) {
+        if (!(WindowStateOf(self).root.get() == controller)) {
+            HideRoot(self);
+            WindowStateOf(self).root = controller;
+            ShowRoot(self);
+        }
+    });
+    window.Method<"setHidden:", &SetHidden>();
+    window.Method<"setFrame:">([](ui::View self, cg::Rect frame) {
+        objc::SendSuper<"setFrame:", void>(self, frame);
+        ResizeRoot(objc::As<ui::Window>(self));
+    });
+    window.Method<"setBounds:">([](ui::View self, cg::Rect bounds) {
+        objc::SendSuper<"setBounds:", void>(self, bounds);
+        ResizeRoot(objc::As<ui::Window>(self));
+    });
+    window.Method<"nextResponder">([](const WindowState &state) {
+        return state.scene ? ui::Responder{state.scene} : ui::Application::sharedApplication();
+    });
+    window.Method<"sendEvent:", &DeliverEvent>();
+    DefineKeyStatus(window);
+}
 
 WindowState &WindowStateOf(ui::Window window) {
     return StateOf<WindowState>(window);
@@ -242,7 +211,7 @@ std::vector<ui::Window> WindowsOf(ui::WindowScene scene) {
             windows.push_back(window);
         }
     }
-    // Windows never shown keep the order of their making, which the list has them in.
+    // Windows that were never shown keep the order in which they were made.
     const auto rank = [](ui::Window window) {
         const WindowState &state = WindowStateOf(window);
         const auto made = std::ranges::find(AllWindows(), window) - AllWindows().begin();
@@ -263,33 +232,6 @@ void LayoutWindows() {
     for (const ui::Window window : WindowsOf(nullptr)) {
         LayoutIfNeeded(window);
     }
-}
-
-void RegisterWindow() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"initWithFrame:", &InitWithFrame>(),
-        objc::MethodNamed<"initWithWindowScene:", &InitWithWindowScene>(),
-        objc::MethodNamed<"dealloc", &Dealloc>(),
-        objc::MethodNamed<"windowLevel", &WindowLevel>(),
-        objc::MethodNamed<"setWindowLevel:", &SetWindowLevel>(),
-        objc::MethodNamed<"windowScene", &WindowScene>(),
-        objc::MethodNamed<"setWindowScene:", &SetWindowScene>(),
-        objc::MethodNamed<"screen", &Screen>(),
-        objc::MethodNamed<"rootViewController", &RootViewController>(),
-        objc::MethodNamed<"setRootViewController:", &SetRootViewController>(),
-        objc::MethodNamed<"setHidden:", &SetHidden>(),
-        objc::MethodNamed<"setFrame:", &SetFrame>(),
-        objc::MethodNamed<"setBounds:", &SetBounds>(),
-        objc::MethodNamed<"isKeyWindow", &IsKeyWindow>(),
-        objc::MethodNamed<"makeKeyWindow", &MakeKeyWindow>(),
-        objc::MethodNamed<"makeKeyAndVisible", &MakeKeyAndVisible>(),
-        objc::MethodNamed<"canBecomeKeyWindow", &CanBecomeKeyWindow>(),
-        objc::MethodNamed<"becomeKeyWindow", &Ignore>(),
-        objc::MethodNamed<"resignKeyWindow", &Ignore>(),
-        objc::MethodNamed<"nextResponder", &NextResponder>(),
-        objc::MethodNamed<"sendEvent:", &SendEvent>(),
-    };
-    RegisterClassWithState<WindowState>("UIWindow", "UIView", methods);
 }
 
 } // namespace sim

@@ -22,6 +22,12 @@ struct Responder : ns::Object {
     bool becomeFirstResponder() const {
         return objc::Send<"becomeFirstResponder", bool>(*this);
     }
+    bool resignFirstResponder() const {
+        return objc::Send<"resignFirstResponder", bool>(*this);
+    }
+    Responder nextResponder() const {
+        return objc::Send<"nextResponder", Responder>(*this);
+    }
 };
 
 struct View : Responder {

@@ -1,11 +1,13 @@
-// The exported names of the keyboard's notifications and of what they carry. The platform's headers declare them
-// constant, so they are given their values here, in a unit that does not see those declarations.
+// The strings that UIKit exports by name. The platform's headers declare them constant, but strings can only be made
+// once Foundation is up: so they get their values here, in a unit that does not see those declarations.
 
 #include "apple/foundation/string.hpp"
-#include "uikit/keyboard.hpp"
+#include "uikit/classes.hpp"
 
 extern "C" {
 // NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables): set once, at registration
+ns::String NSFontAttributeName;
+ns::String NSForegroundColorAttributeName;
 ns::String UIKeyboardWillShowNotification;
 ns::String UIKeyboardDidShowNotification;
 ns::String UIKeyboardWillHideNotification;
@@ -22,7 +24,9 @@ ns::String UIKeyboardIsLocalUserInfoKey;
 
 namespace sim {
 
-void SetKeyboardNames() {
+void DefineConstantNames() {
+    NSFontAttributeName = "NSFont"_ns;
+    NSForegroundColorAttributeName = "NSColor"_ns;
     UIKeyboardWillShowNotification = "UIKeyboardWillShowNotification"_ns;
     UIKeyboardDidShowNotification = "UIKeyboardDidShowNotification"_ns;
     UIKeyboardWillHideNotification = "UIKeyboardWillHideNotification"_ns;

@@ -1,19 +1,24 @@
 #pragma once
-// Shapes that controls are drawn with.
+// Colours and shapes that views are drawn with.
 
-#include "apple/uikit/view.hpp"
+#include "apple/coregraphics/geometry.hpp"
+#include "uikit/color.hpp"
 
 struct _cairo;
 
 namespace sim {
 
-/// How much of a disabled control's colours is left.
+/// The part of its colours' alpha that a disabled control keeps.
 inline constexpr double kDisabledAlpha = 0.5;
 
 /// Sets what is painted next; alpha multiplies the colour's own.
+void SetPaint(_cairo *context, Rgba color, double alpha = 1);
 void SetPaint(_cairo *context, ui::Color color, double alpha = 1);
 
-/// Fills a rectangle (points) whose corners are rounded by at most half its shorter side.
+/// Adds a rectangle (points) to the path, its corners rounded by at most half its shorter side.
+void AddRounded(_cairo *context, cg::Rect rect, double radius);
+
+/// Fills such a rectangle.
 void FillRounded(_cairo *context, cg::Rect rect, double radius);
 
 /// Strokes along the inside of such a rectangle's edge.

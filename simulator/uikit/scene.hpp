@@ -1,8 +1,0 @@
-#pragma once
-// UIScene and UIWindowScene.
-
-namespace sim {
-
-void RegisterScene();
-
-} // namespace sim

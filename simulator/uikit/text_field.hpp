@@ -1,9 +1,0 @@
-#pragma once
-// UITextField.
-
-namespace sim {
-
-/// After UIControl's registration.
-void RegisterTextField();
-
-} // namespace sim

@@ -1,0 +1,57 @@
+// UIView: layout at the end of a turn, and sizes.
+
+#include "runtime/clock.hpp"
+#include "uikit/application.hpp"
+#include "uikit/view.hpp"
+#include "uikit/view_parts.hpp"
+
+namespace sim {
+namespace {
+
+void ScheduleLayout() {
+    static bool scheduled = false;
+    if (!scheduled) {
+        scheduled = true;
+        clock::Schedule(0, [] {
+            scheduled = false;
+            LayoutWindows();
+        });
+    }
+}
+
+} // namespace
+
+void DefineViewLayout(ViewClass &view) {
+    view.Method<"setNeedsLayout", &SetNeedsLayout>();
+    view.Method<"layoutIfNeeded", &LayoutIfNeeded>();
+    view.Method<"layoutSubviews">([](ui::View) {});
+    view.Method<"sizeThatFits:">([](const ViewState &state, cg::Size) { return state.model.bounds.size; });
+    view.Method<"sizeToFit">(
+        [](ui::View self) { self.setFrame({self.frame().origin, self.sizeThatFits(self.bounds().size)}); });
+}
+
+void SetNeedsLayout(ui::View view) {
+    if (view) {
+        ViewStateOf(view).needsLayout = true;
+        ScheduleLayout();
+    }
+}
+
+void LayoutIfNeeded(ui::View view) {
+    const objc::Ref<ui::View> keep = view;
+    ViewState &state = ViewStateOf(view);
+    // A layout may ask for another one. One that always does would hang a phone; here it stops after some rounds.
+    constexpr int kMostRounds = 8;
+    for (int round = 0; state.needsLayout && round < kMostRounds; ++round) {
+        state.needsLayout = false;
+        const ui::Responder controller = state.controller;
+        objc::Send<"viewWillLayoutSubviews", void>(As<ui::ViewController>(controller));
+        objc::Send<"layoutSubviews", void>(view);
+        objc::Send<"viewDidLayoutSubviews", void>(As<ui::ViewController>(controller));
+    }
+    for (const objc::Ref<ui::View> &child : std::vector(state.subviews)) {
+        LayoutIfNeeded(child.get());
+    }
+}
+
+} // namespace sim

@@ -1,8 +1,0 @@
-#pragma once
-// UIWindow.
-
-namespace sim {
-
-void RegisterWindow();
-
-} // namespace sim
