@@ -1,6 +1,7 @@
 #include "runtime/associated_objects.hpp"
 
 #include "objc/ref.hpp"
+#include "runtime/lasting.hpp"
 
 #include <mutex>
 #include <unordered_map>
@@ -27,12 +28,6 @@ struct Table {
     std::unordered_map<objc::id, Associations> owners;
 };
 
-/// Never destroyed: objects are deallocated until the very end of the process.
-Table &Shared() {
-    static Table &table = *new Table;
-    return table;
-}
-
 objc::id Hold(objc::id value, std::uintptr_t policy) {
     switch (policy) {
     case kRetainNonatomic:
@@ -55,7 +50,7 @@ void Drop(Association association) {
 } // namespace
 
 void ReleaseAssociatedObjects(objc::id owner) {
-    Table &table = Shared();
+    Table &table = Lasting<Table>();
     for (;;) {
         Associations gone;
         {
@@ -85,7 +80,7 @@ void objc_setAssociatedObject(objc::id object, const void *key, objc::id value, 
     const sim::Association fresh{sim::Hold(value, policy), policy};
     sim::Association old;
     {
-        sim::Table &table = sim::Shared();
+        auto &table = sim::Lasting<sim::Table>();
         const std::lock_guard lock(table.mutex);
         if (value != nullptr) {
             old = std::exchange(table.owners[object][key], fresh);
@@ -104,7 +99,7 @@ void objc_setAssociatedObject(objc::id object, const void *key, objc::id value, 
 objc::id objc_getAssociatedObject(objc::id object, const void *key) {
     sim::Association found;
     {
-        sim::Table &table = sim::Shared();
+        auto &table = sim::Lasting<sim::Table>();
         const std::lock_guard lock(table.mutex);
         const auto owner = table.owners.find(object);
         if (owner == table.owners.end()) {

@@ -1,13 +1,13 @@
 // imp_implementationWithBlock: methods that call a block, through closures made with libffi.
 
 #include "objc/runtime.hpp"
+#include "runtime/lasting.hpp"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <deque>
 #include <ffi.h>
-#include <memory>
 #include <mutex>
 #include <vector>
 
@@ -231,12 +231,16 @@ void ReadSignature(BlockMethod &method, const char *signature) {
     prepare(method.methodInterface, method.methodTypes);
 }
 
-/// Keeps a method for good: nobody tells when the last call of an implementation is over. Never destroyed.
+/// All methods that were made, kept for good: nobody tells when the last call of an implementation is over.
+struct BlockMethods {
+    std::mutex mutex;
+    std::deque<BlockMethod> methods; // they stay where they are
+};
+
 BlockMethod &NewMethod() {
-    static std::mutex &mutex = *new std::mutex;
-    static auto &methods = *new std::vector<std::unique_ptr<BlockMethod>>;
-    const std::lock_guard lock(mutex);
-    return *methods.emplace_back(std::make_unique<BlockMethod>());
+    auto &all = Lasting<BlockMethods>();
+    const std::lock_guard lock(all.mutex);
+    return all.methods.emplace_back();
 }
 
 } // namespace
