@@ -4,6 +4,7 @@
 #include "objc/guard.hpp"
 #include "runtime/native_class.hpp"
 #include "runtime/replace_method.hpp"
+#include "runtime/utf16.hpp"
 
 #include <cstdlib>
 #include <string>
@@ -12,21 +13,13 @@
 namespace sim {
 namespace {
 
-bool IsHighSurrogate(char16_t unit) {
-    return unit >= 0xD800 && unit <= 0xDBFF;
-}
-
-bool IsLowSurrogate(char16_t unit) {
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-
 /// Whether Foundation's own initialisers take the units as they are.
 bool IsPlain(std::u16string_view units) {
     if (!units.empty() && (units[0] == 0xFEFF || units[0] == 0xFFFE)) {
         return false;
     }
     for (std::size_t i = 0; i < units.size(); ++i) {
-        if (IsHighSurrogate(units[i]) && i + 1 < units.size() && IsLowSurrogate(units[i + 1])) {
+        if (IsPairAt(units, i)) {
             ++i;
         } else if (IsHighSurrogate(units[i]) || IsLowSurrogate(units[i])) {
             return false;

@@ -76,12 +76,5 @@ TEST(FoundationString, HasUtf8TextOnlyForWholeCharacters) {
     EXPECT_EQ(text.UTF8String(), nullptr);
 }
 
-TEST(FoundationString, ComposedCharactersStayTogether) {
-    const ns::String pair = StringOf(u"a😀b");
-    EXPECT_EQ(pair.rangeOfComposedCharacterSequenceAtIndex(1).length, 2UL);
-    EXPECT_EQ(pair.rangeOfComposedCharacterSequenceAtIndex(2).location, 1UL);
-    EXPECT_EQ(StringOf({0xDE00, u'a'}).rangeOfComposedCharacterSequenceAtIndex(0).length, 1UL);
-}
-
 } // namespace
 } // namespace corvel
