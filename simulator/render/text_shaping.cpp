@@ -4,7 +4,6 @@
 #include "runtime/utf16.hpp"
 
 #include <algorithm>
-#include <pango/pango.h>
 
 namespace sim {
 namespace {
@@ -86,10 +85,6 @@ void ShapeParagraph(std::u16string_view paragraph, const FontFace &face, std::si
 std::size_t SettledUnits(std::u16string_view paragraph, std::size_t length) {
     // A piece is settled when all that it sees lies before the cut, whole pairs included.
     return length > kContext ? PieceStart(paragraph, (length - kContext - 1) / kPiece) : 0;
-}
-
-void UnrefLayout::operator()(PangoLayout *layout) const {
-    g_object_unref(layout);
 }
 
 Layout MakeLayout(std::u16string_view text, const FontFace &face) {
