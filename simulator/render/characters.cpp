@@ -136,19 +136,20 @@ bool IsStringClass(objc::Class cls) {
 } // namespace
 
 void InstallComposedCharacters() {
-    const objc::MethodEntry methods[] = {
-        objc::MethodNamed<"rangeOfComposedCharacterSequenceAtIndex:", &RangeAtIndex>(),
-        objc::MethodNamed<"rangeOfComposedCharacterSequencesForRange:", &RangeForRange>()};
-    ExtendClass("NSString", methods);
+    constexpr auto atIndex = &objc::Selector<"rangeOfComposedCharacterSequenceAtIndex:">;
+    constexpr auto forRange = &objc::Selector<"rangeOfComposedCharacterSequencesForRange:">;
     // Some of Foundation's own strings have methods of their own, and a class in use keeps what it has inherited.
     std::vector<objc::Class> classes(static_cast<std::size_t>(objc_getClassList(nullptr, 0)));
     objc_getClassList(classes.data(), static_cast<int>(classes.size()));
     for (const objc::Class cls : classes) {
         if (IsStringClass(cls)) {
-            ReplaceMethod(class_getName(cls), methods[0].selector(), &RangeAtIndex);
-            ReplaceMethod(class_getName(cls), methods[1].selector(), &RangeForRange);
+            ReplaceMethod(class_getName(cls), atIndex(), &RangeAtIndex);
+            ReplaceMethod(class_getName(cls), forRange(), &RangeForRange);
         }
     }
+    ApiRows().push_back(
+        {"NSString", '-', sel_getName(atIndex()), objc::kMethodEncoding<ns::Range, unsigned long>.data});
+    ApiRows().push_back({"NSString", '-', sel_getName(forRange()), objc::kMethodEncoding<ns::Range, ns::Range>.data});
 }
 
 } // namespace sim

@@ -50,7 +50,7 @@ void Drop(Association association) {
 } // namespace
 
 void ReleaseAssociatedObjects(objc::id owner) {
-    Table &table = Lasting<Table>();
+    auto &table = Lasting<Table>();
     for (;;) {
         Associations gone;
         {
@@ -98,26 +98,20 @@ void objc_setAssociatedObject(objc::id object, const void *key, objc::id value, 
 
 objc::id objc_getAssociatedObject(objc::id object, const void *key) {
     sim::Association found;
+    bool atomic = false;
     {
         auto &table = sim::Lasting<sim::Table>();
         const std::lock_guard lock(table.mutex);
         const auto owner = table.owners.find(object);
-        if (owner == table.owners.end()) {
-            return nullptr;
+        if (owner != table.owners.end() && owner->second.contains(key)) {
+            found = owner->second[key];
         }
-        const auto entry = owner->second.find(key);
-        if (entry == owner->second.end()) {
-            return nullptr;
-        }
-        found = entry->second;
-        if (found.policy == sim::kRetain || found.policy == sim::kCopy) {
+        atomic = found.policy == sim::kRetain || found.policy == sim::kCopy;
+        if (atomic) {
             objc::Retain(found.value); // atomic policies hand out a value that outlives a replacement elsewhere
         }
     }
-    if (found.policy == sim::kRetain || found.policy == sim::kCopy) {
-        return objc::Send<"autorelease", objc::Object>(objc::Object{found.value}).pointer;
-    }
-    return found.value;
+    return atomic ? objc::Send<"autorelease", objc::Object>(objc::Object{found.value}).pointer : found.value;
 }
 
 } // extern "C"

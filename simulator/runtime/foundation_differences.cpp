@@ -12,10 +12,10 @@ namespace {
 // The phone gives a stored number as text; the desktop gives nil for anything but a string.
 ns::String StringForKey(ns::UserDefaults self, objc::SEL, ns::String key) {
     const ns::Object value = self.objectForKey(key);
-    if (value && value.isKindOfClass(objc::ClassOf<ns::Number>())) {
+    if (value.Is<ns::Number>()) {
         return objc::As<ns::Number>(value).stringValue();
     }
-    return value && value.isKindOfClass(objc::ClassOf<ns::String>()) ? objc::As<ns::String>(value) : ns::String{};
+    return value.Is<ns::String>() ? objc::As<ns::String>(value) : ns::String{};
 }
 
 objc::IMP originalInitWithBase64 = nullptr;

@@ -50,7 +50,7 @@ class Builder {
     bool string(const std::string &text) {
         return Add(StringOf(text));
     }
-    bool binary(const std::vector<std::uint8_t> &) {
+    static bool binary(const std::vector<std::uint8_t> &) {
         return false; // text has none
     }
     bool start_object(std::size_t) {

@@ -39,7 +39,7 @@ void Report(ErrorPointer error, long code, const std::string &what) {
 }
 
 bool IsContainer(ns::Object object) {
-    return object.isKindOfClass(objc::ClassOf<ns::Array>()) || object.isKindOfClass(objc::ClassOf<ns::Dictionary>());
+    return object.Is<ns::Array>() || object.Is<ns::Dictionary>();
 }
 
 /// The encoding of JSON text by its byte-order mark or, its first character being ASCII, by where its zero bytes are.
@@ -114,10 +114,7 @@ ns::Data WriteObject(objc::Class, objc::SEL, ns::Object object, unsigned long op
 }
 
 bool IsValid(objc::Class, objc::SEL, ns::Object object) {
-    if (!object || !IsContainer(object)) {
-        return false;
-    }
-    return json::Write(object, 0).invalid.empty();
+    return IsContainer(object) && json::Write(object, 0).invalid.empty();
 }
 
 } // namespace

@@ -21,10 +21,6 @@ struct BoolNumber : ns::Number {
     static constexpr const char *kClassName = "NSBoolNumber";
 };
 
-template <objc::Handle T> bool Is(ns::Object object) {
-    return object.isKindOfClass(objc::ClassOf<T>());
-}
-
 /// Only strings are the library's to write: it would sort keys, print 1.0 for a double that the phone writes as 1, and
 /// set a pretty-printed colon in another way.
 class Writer {
@@ -46,18 +42,18 @@ class Writer {
     }
 
     void Any(ns::Object object, int level) {
-        if (Is<ns::String>(object)) {
+        if (object.Is<ns::String>()) {
             Text(objc::As<ns::String>(object));
-        } else if (Is<BoolNumber>(object)) {
+        } else if (object.Is<BoolNumber>()) {
             Put(objc::As<ns::Number>(object).intValue() != 0 ? "true" : "false");
-        } else if (Is<ns::Number>(object)) {
+        } else if (object.Is<ns::Number>()) {
             Number(objc::As<ns::Number>(object));
-        } else if (Is<ns::Null>(object)) {
+        } else if (object.Is<ns::Null>()) {
             Put("null");
-        } else if (Is<ns::Array>(object)) {
+        } else if (object.Is<ns::Array>()) {
             const ns::ArrayOf<ns::Object> elements = objc::As<ns::Array>(object);
             Container("[", elements, "]", level, [&](ns::Object element) { Any(element, level + 1); });
-        } else if (Is<ns::Dictionary>(object)) {
+        } else if (object.Is<ns::Dictionary>()) {
             Dictionary(objc::As<ns::Dictionary>(object), level);
         } else {
             result_.invalid = std::string("Invalid type in JSON write (") +
@@ -90,7 +86,7 @@ class Writer {
     void Dictionary(ns::Dictionary dictionary, int level) {
         std::vector<ns::String> keys;
         for (const ns::Object key : dictionary.allKeys()) {
-            if (!Is<ns::String>(key)) {
+            if (!key.Is<ns::String>()) {
                 result_.invalid = "Invalid (non-string) key in JSON dictionary";
                 return;
             }

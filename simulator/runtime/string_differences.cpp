@@ -29,10 +29,6 @@ bool IsPlain(std::u16string_view units) {
     return true;
 }
 
-bool IsMutable(ns::Object string) {
-    return string.isKindOfClass(objc::ClassOf<ns::MutableString>());
-}
-
 /// A string that lends the units of somebody else's buffer, for as long as it takes Foundation to copy them.
 struct BorrowedState {
     std::u16string_view units;
@@ -62,8 +58,8 @@ ns::Object Made(ns::Object self, std::u16string_view units) {
     StateOf<BorrowedState>(borrowed.get()).units = units;
     const auto string = ns::New<ns::MutableString>();
     string->appendString(borrowed);
-    const ns::Object made = IsMutable(self) ? ns::Object(objc::Object{objc::Retain(string.get().pointer)})
-                                            : objc::Send<"copy", ns::Object>(string.get());
+    const ns::Object made = self.Is<ns::MutableString>() ? ns::Object(objc::Object{objc::Retain(string.get().pointer)})
+                                                         : objc::Send<"copy", ns::Object>(string.get());
     objc::Release(self.pointer); // what alloc gave stands for nothing yet
     return made;
 }
@@ -111,8 +107,8 @@ ns::Object InitBytes(ns::Object self, objc::SEL selector, const void *bytes, uns
 
 /// Null where the text has no UTF-8 form.
 const char *Utf8String(ns::Object self, objc::SEL selector) {
-    const auto original =
-        reinterpret_cast<const char *(*)(ns::Object, objc::SEL)>(IsMutable(self) ? originalMutableUtf8 : originalUtf8);
+    const auto original = reinterpret_cast<const char *(*)(ns::Object, objc::SEL)>(
+        self.Is<ns::MutableString>() ? originalMutableUtf8 : originalUtf8);
     const char *text = nullptr;
     objc::Guard([&] { text = original(self, selector); });
     return text;

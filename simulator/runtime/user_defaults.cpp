@@ -57,7 +57,7 @@ void Load(ns::UserDefaults defaults) {
         values = objc::SendClass<PropertyLists, "propertyListFromData:mutabilityOption:format:errorDescription:",
                                  ns::Object>(data, 0UL, static_cast<unsigned long *>(nullptr), ErrorText{nullptr});
     });
-    if (!values || !values.isKindOfClass(objc::ClassOf<ns::Dictionary>())) {
+    if (!values.Is<ns::Dictionary>()) {
         std::fprintf(stderr, "%s holds no user defaults; starting without any\n", DefaultsFile().UTF8String());
         return;
     }

@@ -58,7 +58,7 @@ ns::Object DictionaryWith(ns::Object value) {
 
 TEST(JsonReading, GivesFoundationObjects) {
     EXPECT_TRUE(Member(R"({"k":"text"})").isEqual(ns::Object("text"_ns)));
-    EXPECT_TRUE(Member(R"({"k":null})").isKindOfClass(objc_getClass("NSNull")));
+    EXPECT_TRUE(Member(R"({"k":null})").Is<ns::Null>());
     EXPECT_EQ(objc::As<ns::Array>(Member(R"( { "k" : [ 1 , 2 ] } )")).count(), 2UL);
     EXPECT_EQ(objc::As<ns::Dictionary>(Parse("{}")).allKeys().count(), 0UL);
     EXPECT_EQ(objc::As<ns::Array>(Parse("[]")).count(), 0UL);
