@@ -7,7 +7,7 @@
 namespace sim {
 namespace {
 
-objc::IMP originalIdentifier = nullptr;
+Original<ns::String, ns::Bundle> originalIdentifier = nullptr;
 
 struct Identity {
     objc::Ref<ns::String> identifier;
@@ -17,7 +17,7 @@ ns::String BundleIdentifier(ns::Bundle self, objc::SEL selector) {
     if (self == ns::Bundle::mainBundle()) {
         return Lasting<Identity>().identifier;
     }
-    return reinterpret_cast<ns::String (*)(ns::Bundle, objc::SEL)>(originalIdentifier)(self, selector);
+    return originalIdentifier(self, selector);
 }
 
 } // namespace

@@ -44,7 +44,7 @@ void ScheduleOn(const dispatch_queue_s *queue, double delay, objc::Block<void()>
     }
 }
 
-objc::IMP originalSleep = nullptr;
+Original<void, objc::id, double> originalSleep = nullptr;
 
 void SleepForTimeInterval(objc::id self, objc::SEL selector, double seconds) {
     if (background::IsCurrent()) {
@@ -52,7 +52,7 @@ void SleepForTimeInterval(objc::id self, objc::SEL selector, double seconds) {
     } else if (ns::Thread::isMainThread()) {
         clock::Skip(seconds);
     } else {
-        reinterpret_cast<void (*)(objc::id, objc::SEL, double)>(originalSleep)(self, selector, seconds);
+        originalSleep(self, selector, seconds);
     }
 }
 

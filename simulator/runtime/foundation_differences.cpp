@@ -18,7 +18,7 @@ ns::String StringForKey(ns::UserDefaults self, objc::SEL, ns::String key) {
     return value.Is<ns::String>() ? objc::As<ns::String>(value) : ns::String{};
 }
 
-objc::IMP originalInitWithBase64 = nullptr;
+Original<ns::Data, ns::Data, ns::String, unsigned long> originalInitWithBase64 = nullptr;
 
 // The phone wants whole groups of four, padded in the last two characters at most; the desktop takes any number of
 // padding characters behind the text, and none.
@@ -30,8 +30,7 @@ ns::Data InitWithBase64(ns::Data self, objc::SEL selector, ns::String text, unsi
         objc::Release(self.pointer);
         return {};
     }
-    using Original = ns::Data (*)(ns::Data, objc::SEL, ns::String, unsigned long);
-    return reinterpret_cast<Original>(originalInitWithBase64)(self, selector, text, options);
+    return originalInitWithBase64(self, selector, text, options);
 }
 
 // An exception made without a reason has none on the phone; the desktop makes one up.
@@ -41,7 +40,7 @@ ns::String Reason(ns::Object self, objc::SEL) {
     return ns::String{*reinterpret_cast<objc::id *>(reinterpret_cast<char *>(self.pointer) + offset)};
 }
 
-objc::IMP originalRaise = nullptr;
+Original<void, ns::Object> originalRaise = nullptr;
 
 struct InFlight {
     objc::Ref<ns::Object> exception;
@@ -51,7 +50,7 @@ struct InFlight {
 // die with the first pool that it unwinds, so the last one raised is held here.
 void Raise(ns::Object self, objc::SEL selector) {
     Lasting<InFlight>().exception = self;
-    reinterpret_cast<void (*)(ns::Object, objc::SEL)>(originalRaise)(self, selector);
+    originalRaise(self, selector);
 }
 
 } // namespace

@@ -68,13 +68,12 @@ ns::Object AddObserver(ns::NotificationCenter self, objc::SEL, ns::String name, 
     return observer.get();
 }
 
-objc::IMP originalRemove = nullptr;
+Original<void, ns::NotificationCenter, ns::Object, ns::String, ns::Object> originalRemove = nullptr;
 
 /// What both ways to remove an observer end in: nil for name or object stands for any.
 void RemoveObserver(ns::NotificationCenter self, objc::SEL selector, ns::Object observer, ns::String name,
                     ns::Object object) {
-    using Original = void (*)(ns::NotificationCenter, objc::SEL, ns::Object, ns::String, ns::Object);
-    reinterpret_cast<Original>(originalRemove)(self, selector, observer, name, object);
+    originalRemove(self, selector, observer, name, object);
     Registration gone; // released after the lock
     auto &registrations = Lasting<Registrations>();
     const std::lock_guard lock(registrations.mutex);

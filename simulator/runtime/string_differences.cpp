@@ -64,18 +64,17 @@ ns::Object Made(ns::Object self, std::u16string_view units) {
     return made;
 }
 
-objc::IMP originalInit = nullptr;
-objc::IMP originalInitNoCopy = nullptr;
-objc::IMP originalInitBytes = nullptr;
-objc::IMP originalUtf8 = nullptr;
-objc::IMP originalMutableUtf8 = nullptr;
+Original<ns::Object, ns::Object, const char16_t *, unsigned long> originalInit = nullptr;
+Original<ns::Object, ns::Object, char16_t *, unsigned long, bool> originalInitNoCopy = nullptr;
+Original<ns::Object, ns::Object, const void *, unsigned long, unsigned> originalInitBytes = nullptr;
+Original<const char *, ns::Object> originalUtf8 = nullptr;
+Original<const char *, ns::Object> originalMutableUtf8 = nullptr;
 
 ns::Object Init(ns::Object self, objc::SEL selector, const char16_t *units, unsigned long length) {
     if (!IsPlain({units, length})) {
         return Made(self, {units, length});
     }
-    using Original = ns::Object (*)(ns::Object, objc::SEL, const char16_t *, unsigned long);
-    return reinterpret_cast<Original>(originalInit)(self, selector, units, length);
+    return originalInit(self, selector, units, length);
 }
 
 ns::Object InitNoCopy(ns::Object self, objc::SEL selector, char16_t *units, unsigned long length, bool freeWhenDone) {
@@ -86,14 +85,14 @@ ns::Object InitNoCopy(ns::Object self, objc::SEL selector, char16_t *units, unsi
         }
         return made;
     }
-    using Original = ns::Object (*)(ns::Object, objc::SEL, char16_t *, unsigned long, bool);
-    return reinterpret_cast<Original>(originalInitNoCopy)(self, selector, units, length, freeWhenDone);
+    return originalInitNoCopy(self, selector, units, length, freeWhenDone);
 }
 
 /// Reached by all initialisers that decode bytes; only UTF-16 can hold what Foundation refuses.
 ns::Object InitBytes(ns::Object self, objc::SEL selector, const void *bytes, unsigned long length, unsigned encoding) {
     const bool bigEndian = encoding == static_cast<unsigned>(ns::StringEncoding::kUtf16BigEndian);
-    if ((bigEndian || encoding == static_cast<unsigned>(ns::StringEncoding::kUtf16LittleEndian)) && length % 2 == 0) {
+    if ((bigEndian || encoding == static_cast<unsigned>(ns::StringEncoding::kUtf16LittleEndian)) && length != 0 &&
+        length % 2 == 0) {
         std::u16string units(length / 2, u'\0');
         std::memcpy(units.data(), bytes, length);
         for (char16_t &unit : units) {
@@ -101,14 +100,12 @@ ns::Object InitBytes(ns::Object self, objc::SEL selector, const void *bytes, uns
         }
         return Init(self, objc::Selector<"initWithCharacters:length:">(), units.data(), units.size());
     }
-    using Original = ns::Object (*)(ns::Object, objc::SEL, const void *, unsigned long, unsigned);
-    return reinterpret_cast<Original>(originalInitBytes)(self, selector, bytes, length, encoding);
+    return originalInitBytes(self, selector, bytes, length, encoding);
 }
 
 /// Null where the text has no UTF-8 form.
 const char *Utf8String(ns::Object self, objc::SEL selector) {
-    const auto original = reinterpret_cast<const char *(*)(ns::Object, objc::SEL)>(
-        self.Is<ns::MutableString>() ? originalMutableUtf8 : originalUtf8);
+    const auto original = self.Is<ns::MutableString>() ? originalMutableUtf8 : originalUtf8;
     const char *text = nullptr;
     objc::Guard([&] { text = original(self, selector); });
     return text;
