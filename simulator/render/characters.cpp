@@ -20,10 +20,12 @@ constexpr unsigned long kReach = 32;
 
 constexpr char32_t kZeroWidthJoiner = 0x200D;
 
-/// A lone surrogate stands for itself alone, as control characters do; and Pango joins letters of Hangul over a blank.
+/// What stands for a character while breaks are looked for. A lone surrogate and U+0000, which UTF-8 cannot pass on,
+/// keep to themselves like any control character; a blank is replaced because Pango joins letters of Hangul over it.
 char32_t ForBreaking(char32_t character) {
-    const bool breaks = character == 0 || (character >= 0xD800 && character < 0xE000);
-    return breaks ? 1 : character == U' ' ? U'_' : character;
+    constexpr char32_t kControl = 1;
+    const bool alone = character == 0 || (character >= 0xD800 && character < 0xE000);
+    return alone ? kControl : character == U' ' ? U'_' : character;
 }
 
 /// Whether the sign, a virama, takes the vowel from the letter before it and binds that one to this letter. The phone
@@ -38,7 +40,7 @@ bool AreConjunct(char32_t sign, char32_t letter) {
 std::vector<std::size_t> CharacterStarts(std::u16string_view text) {
     const Utf8Text utf8(text, &ForBreaking);
     std::vector<PangoLogAttr> attributes(utf8.starts.size() + 1);
-    // Not what the script of a whole run asks for besides: the same characters break alike wherever they stand.
+    // Unicode's breaks alone, without what Pango adds for the script of a run: where a look starts must not matter.
     pango_default_break(utf8.bytes.data(), static_cast<int>(utf8.bytes.size()), nullptr, attributes.data(),
                         static_cast<int>(attributes.size()));
     std::vector<std::size_t> starts;
