@@ -5,6 +5,7 @@
 #include "driver/options.hpp"
 #include "driver/runner.hpp"
 #include "render/album.hpp"
+#include "render/characters.hpp"
 #include "runtime/autorelease.hpp"
 #include "runtime/bundle.hpp"
 #include "runtime/runtime.hpp"
@@ -58,6 +59,7 @@ int PlayScript(Options options) {
     }
     SetStateDirectory(options.state);
     InstallRuntime();
+    InstallComposedCharacters();
     const AutoreleasePool pool;
     RegisterUIKit();
     SetAlbumDirectory(options.state + "/album");
@@ -85,6 +87,7 @@ int ListApi() {
     const std::string state = MakeStateDirectory();
     SetStateDirectory(state);
     InstallRuntime();
+    InstallComposedCharacters();
     RegisterUIKit();
     PrintApi();
     std::filesystem::remove_all(state);

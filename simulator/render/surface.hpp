@@ -6,26 +6,15 @@
 
 namespace sim {
 
-struct DestroySurface {
-    void operator()(cairo_surface_t *surface) const {
-        cairo_surface_destroy(surface);
+/// Gives up an object by a function of the library that it comes from.
+template <auto Destroy> struct Destroyer {
+    template <class T> void operator()(T *object) const {
+        Destroy(object);
     }
 };
-using Surface = std::unique_ptr<cairo_surface_t, DestroySurface>;
-
-struct DestroyContext {
-    void operator()(cairo_t *context) const {
-        cairo_destroy(context);
-    }
-};
-using Context = std::unique_ptr<cairo_t, DestroyContext>;
-
-struct DestroyPattern {
-    void operator()(cairo_pattern_t *pattern) const {
-        cairo_pattern_destroy(pattern);
-    }
-};
-using Pattern = std::unique_ptr<cairo_pattern_t, DestroyPattern>;
+using Surface = std::unique_ptr<cairo_surface_t, Destroyer<cairo_surface_destroy>>;
+using Context = std::unique_ptr<cairo_t, Destroyer<cairo_destroy>>;
+using Pattern = std::unique_ptr<cairo_pattern_t, Destroyer<cairo_pattern_destroy>>;
 
 /// Whole pixels of a surface, in device coordinates.
 struct PixelRect {

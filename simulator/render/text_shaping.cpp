@@ -1,8 +1,9 @@
 #include "render/text_shaping.hpp"
 
+#include "render/utf8_text.hpp"
+#include "runtime/utf16.hpp"
+
 #include <algorithm>
-#include <pango/pango.h>
-#include <string>
 
 namespace sim {
 namespace {
@@ -16,38 +17,16 @@ constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kWordJoiner = 0x2060;
 constexpr char32_t kEmSpace = 0x2003;
 
-bool IsHighSurrogate(char16_t unit) {
-    return unit >= 0xD800 && unit < 0xDC00;
-}
-
-bool IsLowSurrogate(char16_t unit) {
-    return unit >= 0xDC00 && unit < 0xE000;
-}
-
-/// Text as Pango takes it, and for each of its characters the unit at which it starts.
-struct Utf8Text {
-    std::string bytes;
-    std::vector<std::size_t> starts;
-
-    explicit Utf8Text(std::u16string_view text) {
-        for (std::size_t i = 0; i < text.size();) {
-            starts.push_back(i);
-            const char16_t unit = text[i++];
-            char32_t character = unit;
-            if (IsHighSurrogate(unit) && i < text.size() && IsLowSurrogate(text[i])) {
-                character = 0x10000 + (static_cast<char32_t>(unit - 0xD800) << 10) + (text[i++] - 0xDC00U);
-            } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit) || unit == 0) {
-                character = kReplacement;
-            } else if (unit == u'\t') {
-                character = kEmSpace; // a tab is as wide wherever it stands
-            } else if (unit < 0x20 || unit == 0x7F) {
-                character = kWordJoiner; // control characters take no room
-            }
-            char buffer[6];
-            bytes.append(buffer, static_cast<std::size_t>(g_unichar_to_utf8(character, buffer)));
-        }
+/// What is laid out for a character of the text.
+char32_t Shown(char32_t character) {
+    if (character == 0 || (character >= 0xD800 && character < 0xE000)) {
+        return kReplacement;
     }
-};
+    if (character == U'\t') {
+        return kEmSpace; // a tab is as wide wherever it stands
+    }
+    return character < 0x20 || character == 0x7F ? kWordJoiner : character; // control characters take no room
+}
 
 Layout LayoutOf(const Utf8Text &text, const FontFace &face) {
     Layout layout(pango_layout_new(TextContext()));
@@ -57,20 +36,13 @@ Layout LayoutOf(const Utf8Text &text, const FontFace &face) {
     return layout;
 }
 
-/// The position, or the one before it when it lies between the halves of a pair.
-std::size_t BetweenCharacters(std::u16string_view text, std::size_t position) {
-    const bool splits =
-        position > 0 && position < text.size() && IsLowSurrogate(text[position]) && IsHighSurrogate(text[position - 1]);
-    return splits ? position - 1 : position;
-}
-
 std::size_t PieceStart(std::u16string_view paragraph, std::size_t piece) {
-    return BetweenCharacters(paragraph, std::min(piece * kPiece, paragraph.size()));
+    return BetweenPairs(paragraph, std::min(piece * kPiece, paragraph.size()));
 }
 
 /// The shapes of all units of a short text.
 std::vector<ShapedUnit> Shape(std::u16string_view text, const FontFace &face) {
-    const Utf8Text utf8(text);
+    const Utf8Text utf8(text, &Shown);
     const Layout layout = LayoutOf(utf8, face);
     std::vector<ShapedUnit> units(text.size());
     int count = 0;
@@ -102,8 +74,8 @@ void ShapeParagraph(std::u16string_view paragraph, const FontFace &face, std::si
     for (std::size_t piece = (from + kPiece - 1) / kPiece; PieceStart(paragraph, piece) < paragraph.size(); ++piece) {
         const std::size_t start = PieceStart(paragraph, piece);
         const std::size_t end = PieceStart(paragraph, piece + 1);
-        const std::size_t seenFrom = BetweenCharacters(paragraph, start - std::min(start, kContext));
-        const std::size_t seenTo = BetweenCharacters(paragraph, std::min(end + kContext, paragraph.size()));
+        const std::size_t seenFrom = BetweenPairs(paragraph, start - std::min(start, kContext));
+        const std::size_t seenTo = BetweenPairs(paragraph, std::min(end + kContext, paragraph.size()));
         const std::vector<ShapedUnit> seen = Shape(paragraph.substr(seenFrom, seenTo - seenFrom), face);
         const auto first = seen.begin() + static_cast<std::ptrdiff_t>(start - seenFrom);
         units.insert(units.end(), first, first + static_cast<std::ptrdiff_t>(end - start));
@@ -115,12 +87,8 @@ std::size_t SettledUnits(std::u16string_view paragraph, std::size_t length) {
     return length > kContext ? PieceStart(paragraph, (length - kContext - 1) / kPiece) : 0;
 }
 
-void UnrefLayout::operator()(PangoLayout *layout) const {
-    g_object_unref(layout);
-}
-
 Layout MakeLayout(std::u16string_view text, const FontFace &face) {
-    return LayoutOf(Utf8Text(text), face);
+    return LayoutOf(Utf8Text(text, &Shown), face);
 }
 
 } // namespace sim

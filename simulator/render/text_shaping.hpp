@@ -3,13 +3,12 @@
 // what was shaped before, and of a cut paragraph only the last few units differ from the whole one's.
 
 #include "render/fonts.hpp"
+#include "render/surface.hpp"
 
 #include <cstddef>
-#include <memory>
+#include <pango/pango.h>
 #include <string_view>
 #include <vector>
-
-struct _PangoLayout;
 
 namespace sim {
 
@@ -29,10 +28,7 @@ void ShapeParagraph(std::u16string_view paragraph, const FontFace &face, std::si
 /// How many units at the front of a paragraph keep their shapes when it is cut to `length` units.
 std::size_t SettledUnits(std::u16string_view paragraph, std::size_t length);
 
-struct UnrefLayout {
-    void operator()(_PangoLayout *layout) const;
-};
-using Layout = std::unique_ptr<_PangoLayout, UnrefLayout>;
+using Layout = std::unique_ptr<PangoLayout, Destroyer<g_object_unref>>;
 
 /// Pango's layout of a text without line ends, in one line.
 Layout MakeLayout(std::u16string_view text, const FontFace &face);

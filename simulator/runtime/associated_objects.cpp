@@ -1,6 +1,7 @@
 #include "runtime/associated_objects.hpp"
 
 #include "objc/ref.hpp"
+#include "runtime/lasting.hpp"
 
 #include <mutex>
 #include <unordered_map>
@@ -27,12 +28,6 @@ struct Table {
     std::unordered_map<objc::id, Associations> owners;
 };
 
-/// Never destroyed: objects are deallocated until the very end of the process.
-Table &Shared() {
-    static Table &table = *new Table;
-    return table;
-}
-
 objc::id Hold(objc::id value, std::uintptr_t policy) {
     switch (policy) {
     case kRetainNonatomic:
@@ -55,7 +50,7 @@ void Drop(Association association) {
 } // namespace
 
 void ReleaseAssociatedObjects(objc::id owner) {
-    Table &table = Shared();
+    auto &table = Lasting<Table>();
     for (;;) {
         Associations gone;
         {
@@ -85,7 +80,7 @@ void objc_setAssociatedObject(objc::id object, const void *key, objc::id value, 
     const sim::Association fresh{sim::Hold(value, policy), policy};
     sim::Association old;
     {
-        sim::Table &table = sim::Shared();
+        auto &table = sim::Lasting<sim::Table>();
         const std::lock_guard lock(table.mutex);
         if (value != nullptr) {
             old = std::exchange(table.owners[object][key], fresh);
@@ -103,26 +98,20 @@ void objc_setAssociatedObject(objc::id object, const void *key, objc::id value, 
 
 objc::id objc_getAssociatedObject(objc::id object, const void *key) {
     sim::Association found;
+    bool atomic = false;
     {
-        sim::Table &table = sim::Shared();
+        auto &table = sim::Lasting<sim::Table>();
         const std::lock_guard lock(table.mutex);
         const auto owner = table.owners.find(object);
-        if (owner == table.owners.end()) {
-            return nullptr;
+        if (owner != table.owners.end() && owner->second.contains(key)) {
+            found = owner->second[key];
         }
-        const auto entry = owner->second.find(key);
-        if (entry == owner->second.end()) {
-            return nullptr;
-        }
-        found = entry->second;
-        if (found.policy == sim::kRetain || found.policy == sim::kCopy) {
+        atomic = found.policy == sim::kRetain || found.policy == sim::kCopy;
+        if (atomic) {
             objc::Retain(found.value); // atomic policies hand out a value that outlives a replacement elsewhere
         }
     }
-    if (found.policy == sim::kRetain || found.policy == sim::kCopy) {
-        return objc::Send<"autorelease", objc::Object>(objc::Object{found.value}).pointer;
-    }
-    return found.value;
+    return atomic ? objc::Send<"autorelease", objc::Object>(objc::Object{found.value}).pointer : found.value;
 }
 
 } // extern "C"

@@ -1,13 +1,14 @@
 // imp_implementationWithBlock: methods that call a block, through closures made with libffi.
 
+#include "objc/encoding_reader.hpp"
 #include "objc/runtime.hpp"
+#include "runtime/lasting.hpp"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <deque>
 #include <ffi.h>
-#include <memory>
 #include <mutex>
 #include <vector>
 
@@ -56,19 +57,23 @@ struct BlockMethod {
     ffi_closure *closure = nullptr;
 };
 
-/// Reads a type encoding from the front, a type at a time.
+/// Reads the types of a signature from the front.
 class TypeReader {
   public:
-    TypeReader(const char *encoding, BlockMethod &owner) : whole_(encoding), at_(encoding), owner_(owner) {}
+    TypeReader(const char *signature, BlockMethod &owner) : whole_(signature), reader_{signature}, owner_(owner) {}
 
     bool AtEnd() {
-        SkipQualifiers();
-        return *at_ == '\0';
+        reader_.SkipNoise();
+        return *reader_.at == '\0';
     }
 
     ffi_type *Next() {
-        SkipQualifiers();
-        const char code = *at_++;
+        reader_.SkipNoise();
+        const char code = *reader_.at;
+        if (code == '{') {
+            return Structure();
+        }
+        reader_.SkipType();
         switch (code) {
         case 'v':
             return &ffi_type_void;
@@ -98,91 +103,30 @@ class TypeReader {
         case '*':
         case '#':
         case ':':
-            return &ffi_type_pointer;
         case '^':
-            SkipPointee();
-            return &ffi_type_pointer;
         case '@':
-            SkipObjectDetails();
             return &ffi_type_pointer;
-        case '{':
-            return Structure();
         default:
             Unsupported("cannot pass a type of the signature", whole_);
         }
     }
 
   private:
-    void SkipQualifiers() {
-        while (*at_ != '\0' && std::strchr("rnNoORV0123456789+-", *at_) != nullptr) {
-            ++at_;
-        }
-    }
-
-    /// Steps over what follows '@': '?' for a block with its own signature in angle brackets, a class name in quotes.
-    void SkipObjectDetails() {
-        if (*at_ == '?') {
-            ++at_;
-            if (*at_ == '<') {
-                SkipNested('<', '>');
-            }
-        } else if (*at_ == '"') {
-            const char *end = std::strchr(at_ + 1, '"');
-            at_ = end != nullptr ? end + 1 : at_ + std::strlen(at_);
-        }
-    }
-
-    void SkipPointee() {
-        SkipQualifiers();
-        switch (*at_) {
-        case '{':
-            SkipNested('{', '}');
-            return;
-        case '(':
-            SkipNested('(', ')');
-            return;
-        case '[':
-            SkipNested('[', ']');
-            return;
-        case '^':
-            ++at_;
-            SkipPointee();
-            return;
-        case '@':
-            ++at_;
-            SkipObjectDetails();
-            return;
-        case '\0':
-            return;
-        default:
-            ++at_;
-        }
-    }
-
-    void SkipNested(char open, char close) {
-        int depth = 0;
-        do {
-            depth += *at_ == open ? 1 : 0;
-            depth -= *at_ == close ? 1 : 0;
-            ++at_;
-        } while (depth > 0 && *at_ != '\0');
-    }
-
-    /// A structure whose opening brace is read already: {name=fields}.
+    /// A structure: {name=fields}.
     ffi_type *Structure() {
-        at_ += std::strcspn(at_, "=}");
-        if (*at_ != '=') {
+        reader_.at += std::strcspn(reader_.at, "=}");
+        if (*reader_.at != '=') {
             Unsupported("structure without fields in the signature", whole_);
         }
-        ++at_;
+        ++reader_.at;
         std::vector<ffi_type *> fields;
-        for (SkipQualifiers(); *at_ != '}'; SkipQualifiers()) {
-            if (*at_ == '\0') {
-                Unsupported("unfinished structure in the signature", whole_);
-            }
+        while (!AtEnd() && *reader_.at != '}') {
             fields.push_back(Next());
         }
-        ++at_;
+        if (AtEnd()) {
+            Unsupported("unfinished structure in the signature", whole_);
+        }
+        ++reader_.at;
         fields.push_back(nullptr);
         owner_.fieldLists.push_back(std::move(fields));
         owner_.structures.push_back({0, 0, FFI_TYPE_STRUCT, owner_.fieldLists.back().data()});
@@ -190,7 +134,7 @@ class TypeReader {
     }
 
     const char *whole_;
-    const char *at_;
+    objc::EncodingReader reader_;
     BlockMethod &owner_;
 };
 
@@ -231,12 +175,16 @@ void ReadSignature(BlockMethod &method, const char *signature) {
     prepare(method.methodInterface, method.methodTypes);
 }
 
-/// Keeps a method for good: nobody tells when the last call of an implementation is over. Never destroyed.
+/// All methods that were made, kept for good: nobody tells when the last call of an implementation is over.
+struct BlockMethods {
+    std::mutex mutex;
+    std::deque<BlockMethod> methods; // they stay where they are
+};
+
 BlockMethod &NewMethod() {
-    static std::mutex &mutex = *new std::mutex;
-    static auto &methods = *new std::vector<std::unique_ptr<BlockMethod>>;
-    const std::lock_guard lock(mutex);
-    return *methods.emplace_back(std::make_unique<BlockMethod>());
+    auto &all = Lasting<BlockMethods>();
+    const std::lock_guard lock(all.mutex);
+    return all.methods.emplace_back();
 }
 
 } // namespace

@@ -1,30 +1,30 @@
 #include "runtime/bundle.hpp"
 
 #include "apple/foundation/bundle.hpp"
+#include "runtime/lasting.hpp"
 #include "runtime/replace_method.hpp"
 
 namespace sim {
 namespace {
 
-objc::IMP originalIdentifier = nullptr;
+Original<ns::String, ns::Bundle> originalIdentifier = nullptr;
 
-/// Never destroyed: the bundle answers until the very end of the process.
-objc::Ref<ns::String> &Identifier() {
-    static auto &identifier = *new objc::Ref<ns::String>;
-    return identifier;
-}
+struct Identity {
+    objc::Ref<ns::String> identifier;
+};
 
 ns::String BundleIdentifier(ns::Bundle self, objc::SEL selector) {
     if (self == ns::Bundle::mainBundle()) {
-        return Identifier();
+        return Lasting<Identity>().identifier;
     }
-    return reinterpret_cast<ns::String (*)(ns::Bundle, objc::SEL)>(originalIdentifier)(self, selector);
+    return originalIdentifier(self, selector);
 }
 
 } // namespace
 
 void SetBundleIdentifier(const char *identifier) {
-    Identifier() = identifier != nullptr ? ns::String::stringWithUTF8String(identifier) : ns::String{};
+    Lasting<Identity>().identifier =
+        identifier != nullptr ? ns::String::stringWithUTF8String(identifier) : ns::String{};
 }
 
 void InstallBundleIdentity() {

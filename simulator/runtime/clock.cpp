@@ -1,6 +1,7 @@
 #include "runtime/clock.hpp"
 
 #include "runtime/autorelease.hpp"
+#include "runtime/lasting.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -36,6 +37,7 @@ struct Key {
     auto operator<=>(const Key &) const = default;
 };
 
+/// What still waits at exit may belong to threads that sleep.
 struct Clock {
     std::mutex mutex; // Foundation's own threads may schedule too
     Nanoseconds now = 0;
@@ -43,16 +45,10 @@ struct Clock {
     std::map<Key, std::function<void()>> waiting;
 };
 
-/// Never destroyed: what still waits at exit may belong to threads that sleep.
-Clock &Shared() {
-    static Clock &clock = *new Clock;
-    return clock;
-}
-
 /// Takes out the first work that is due by `limit` (or by now, if that is later), moving time on to its due time;
 /// empty when there is none.
 std::function<void()> TakeNext(Nanoseconds limit) {
-    Clock &clock = Shared();
+    auto &clock = Lasting<Clock>();
     const std::lock_guard lock(clock.mutex);
     const auto first = clock.waiting.begin();
     if (first == clock.waiting.end() || first->first.due > std::max(limit, clock.now)) {
@@ -73,7 +69,7 @@ void RunUntil(Nanoseconds limit) {
 }
 
 Nanoseconds NowInNanoseconds() {
-    Clock &clock = Shared();
+    auto &clock = Lasting<Clock>();
     const std::lock_guard lock(clock.mutex);
     return clock.now;
 }
@@ -85,7 +81,7 @@ double Now() {
 }
 
 Token Schedule(double delay, std::function<void()> work) {
-    Clock &clock = Shared();
+    auto &clock = Lasting<Clock>();
     const std::lock_guard lock(clock.mutex);
     const Token token = ++clock.lastToken;
     clock.waiting.emplace(Key{Later(clock.now, ToNanoseconds(delay)), token}, std::move(work));
@@ -94,7 +90,7 @@ Token Schedule(double delay, std::function<void()> work) {
 
 void Cancel(Token token) {
     std::function<void()> cancelled; // destroyed after the lock is gone: its captures may schedule in turn
-    Clock &clock = Shared();
+    auto &clock = Lasting<Clock>();
     const std::lock_guard lock(clock.mutex);
     const auto found = std::ranges::find(clock.waiting, token, [](const auto &entry) { return entry.first.token; });
     if (found != clock.waiting.end()) {
@@ -111,13 +107,13 @@ void Advance(double seconds) {
     Drain();
     const Nanoseconds target = Later(NowInNanoseconds(), ToNanoseconds(seconds));
     RunUntil(target);
-    Clock &clock = Shared();
+    auto &clock = Lasting<Clock>();
     const std::lock_guard lock(clock.mutex);
     clock.now = std::max(clock.now, target); // work that advances the clock itself may have gone further
 }
 
 void Skip(double seconds) {
-    Clock &clock = Shared();
+    auto &clock = Lasting<Clock>();
     const std::lock_guard lock(clock.mutex);
     clock.now = Later(clock.now, ToNanoseconds(seconds));
 }

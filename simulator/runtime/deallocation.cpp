@@ -8,7 +8,7 @@
 namespace sim {
 namespace {
 
-objc::IMP originalDealloc = nullptr;
+Original<void, objc::id> originalDealloc = nullptr;
 
 void Release(objc::id self, objc::SEL) {
     if (ReleaseWasLast(self)) {
@@ -22,7 +22,7 @@ void Dealloc(objc::id self, objc::SEL selector) {
         ReleaseAssociatedObjects(self);
         ClearWeakReferences(self); // some classes count for themselves and send dealloc without NSObject's release
     }
-    reinterpret_cast<void (*)(objc::id, objc::SEL)>(originalDealloc)(self, selector);
+    originalDealloc(self, selector);
 }
 
 } // namespace

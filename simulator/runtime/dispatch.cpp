@@ -3,13 +3,11 @@
 #include "runtime/dispatch.hpp"
 
 #include "apple/dispatch/queue.hpp"
+#include "apple/foundation/thread.hpp"
 #include "runtime/background_thread.hpp"
 #include "runtime/block_function.hpp"
 #include "runtime/clock.hpp"
 #include "runtime/replace_method.hpp"
-
-#include "objc/selector.hpp"
-#include "objc/send.hpp"
 
 #include <cmath>
 #include <cstdio>
@@ -46,24 +44,15 @@ void ScheduleOn(const dispatch_queue_s *queue, double delay, objc::Block<void()>
     }
 }
 
-struct Thread : objc::Object {
-    using Object::Object;
-    static constexpr const char *kClassName = "NSThread";
-
-    static bool isMainThread() {
-        return objc::SendClass<Thread, "isMainThread", bool>();
-    }
-};
-
-objc::IMP originalSleep = nullptr;
+Original<void, objc::id, double> originalSleep = nullptr;
 
 void SleepForTimeInterval(objc::id self, objc::SEL selector, double seconds) {
     if (background::IsCurrent()) {
         background::Sleep(seconds);
-    } else if (Thread::isMainThread()) {
+    } else if (ns::Thread::isMainThread()) {
         clock::Skip(seconds);
     } else {
-        reinterpret_cast<void (*)(objc::id, objc::SEL, double)>(originalSleep)(self, selector, seconds);
+        originalSleep(self, selector, seconds);
     }
 }
 

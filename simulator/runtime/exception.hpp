@@ -1,8 +1,6 @@
 #pragma once
 // NSExceptions that the simulator raises where the phone does.
 
-#include "apple/foundation/string.hpp"
-
 #include <string>
 
 namespace sim {

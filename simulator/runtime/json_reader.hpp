@@ -1,9 +1,10 @@
 #pragma once
 // JSON text to Foundation objects.
 
-#include "apple/foundation/string.hpp"
+#include "apple/foundation/object.hpp"
 
 #include <string>
+#include <string_view>
 
 namespace sim::json {
 
@@ -13,9 +14,9 @@ struct ReadResult {
     std::string error;
 };
 
-/// Reads one JSON value that makes up the whole text. Integers that fit become long long numbers, others doubles. Fails
-/// on anything that RFC 8259 does not allow, on unpaired surrogate escapes, on numbers beyond a double and on more than
-/// 512 levels.
-ReadResult Read(ns::String text, bool mutableContainers);
+/// Reads one JSON value that makes up the whole text, which is UTF-8 and may begin with a byte-order mark. Integers
+/// that fit become long long numbers, others doubles; the last of equal keys counts. Fails on anything that RFC 8259
+/// does not allow, on unpaired surrogate escapes, on numbers beyond a double and on more than 512 levels.
+ReadResult Read(std::string_view text, bool mutableContainers);
 
 } // namespace sim::json

@@ -1,6 +1,8 @@
 #include "runtime/json_serialization.hpp"
 
 #include "apple/foundation/collections.hpp"
+#include "apple/foundation/data.hpp"
+#include "runtime/autorelease.hpp"
 #include "runtime/exception.hpp"
 #include "runtime/json_reader.hpp"
 #include "runtime/json_writer.hpp"
@@ -15,17 +17,6 @@ constexpr unsigned long kFragmentsAllowed = 4; // the same bit for reading and w
 constexpr unsigned long kMutableContainers = 1;
 constexpr long kCorruptFile = 3840;
 constexpr long kUnconvertible = 3851;
-
-constexpr unsigned long kUtf8 = 4;
-constexpr unsigned long kUtf16BigEndian = 0x90000100;
-constexpr unsigned long kUtf16LittleEndian = 0x94000100;
-constexpr unsigned long kUtf32BigEndian = 0x98000100;
-constexpr unsigned long kUtf32LittleEndian = 0x9c000100;
-
-struct Data : objc::Object {
-    using Object::Object;
-    static constexpr const char *kClassName = "NSData";
-};
 
 struct Error : objc::Object {
     using Object::Object;
@@ -47,16 +38,13 @@ void Report(ErrorPointer error, long code, const std::string &what) {
     }
 }
 
-ns::Object Autoreleased(const objc::Ref<ns::Object> &object) {
-    return objc::Send<"autorelease", ns::Object>(ns::Object(objc::Object{objc::Retain(object.get().pointer)}));
-}
-
 bool IsContainer(ns::Object object) {
-    return object.isKindOfClass(objc::ClassOf<ns::Array>()) || object.isKindOfClass(objc::ClassOf<ns::Dictionary>());
+    return object.Is<ns::Array>() || object.Is<ns::Dictionary>();
 }
 
 /// The encoding of JSON text by its byte-order mark or, its first character being ASCII, by where its zero bytes are.
-unsigned long EncodingOf(std::span<const unsigned char> bytes) {
+ns::StringEncoding EncodingOf(std::span<const unsigned char> bytes) {
+    using enum ns::StringEncoding;
     const auto at = [&](std::size_t index) { return index < bytes.size() ? bytes[index] : 0xFF; };
     if (at(0) == 0 && at(1) == 0) {
         return kUtf32BigEndian;
@@ -74,27 +62,27 @@ unsigned long EncodingOf(std::span<const unsigned char> bytes) {
     return kUtf8;
 }
 
-objc::Ref<ns::String> TextOf(Data data) {
-    const std::span bytes(static_cast<const unsigned char *>(objc::Send<"bytes", const void *>(data)),
-                          objc::Send<"length", unsigned long>(data));
-    auto text = objc::Ref<ns::String>::Adopt(objc::Send<"initWithData:encoding:", ns::String>(
-        ns::Alloc<ns::String>(), data, bytes.empty() ? kUtf8 : EncodingOf(bytes)));
-    if (text && text->length() != 0 && text->characterAtIndex(0) == 0xFEFF) {
-        text = text->substringFromIndex(1);
+/// The text as UTF-8; nil when the bytes are not what they seem.
+ns::Data Utf8Of(ns::Data data) {
+    const ns::StringEncoding encoding = EncodingOf({static_cast<const unsigned char *>(data.bytes()), data.length()});
+    if (encoding == ns::StringEncoding::kUtf8) {
+        return data;
     }
-    return text;
+    const auto text = objc::Ref<ns::String>::Adopt(ns::Alloc<ns::String>().initWithData(data, encoding));
+    return text->dataUsingEncoding(ns::StringEncoding::kUtf8);
 }
 
-ns::Object ReadData(objc::Class, objc::SEL, Data data, unsigned long options, ErrorPointer error) {
+ns::Object ReadData(objc::Class, objc::SEL, ns::Data data, unsigned long options, ErrorPointer error) {
     if (!data) {
         Raise("data parameter is nil");
     }
-    const auto text = TextOf(data);
+    const ns::Data text = Utf8Of(data);
     if (!text) {
         Report(error, kCorruptFile, "Unable to convert data to string.");
         return {};
     }
-    const json::ReadResult result = json::Read(text, (options & kMutableContainers) != 0);
+    const json::ReadResult result =
+        json::Read({static_cast<const char *>(text.bytes()), text.length()}, (options & kMutableContainers) != 0);
     if (!result.object) {
         Report(error, kCorruptFile, result.error);
         return {};
@@ -107,7 +95,7 @@ ns::Object ReadData(objc::Class, objc::SEL, Data data, unsigned long options, Er
     return Autoreleased(result.object);
 }
 
-Data WriteObject(objc::Class, objc::SEL, ns::Object object, unsigned long options, ErrorPointer error) {
+ns::Data WriteObject(objc::Class, objc::SEL, ns::Object object, unsigned long options, ErrorPointer error) {
     if (!object) {
         Raise("value parameter is nil");
     }
@@ -122,15 +110,11 @@ Data WriteObject(objc::Class, objc::SEL, ns::Object object, unsigned long option
         Report(error, kUnconvertible, "Unable to convert string to UTF-8.");
         return {};
     }
-    return objc::SendClass<Data, "dataWithBytes:length:", Data>(static_cast<const void *>(result.text.data()),
-                                                                static_cast<unsigned long>(result.text.size()));
+    return ns::Data::dataWithBytes(result.text.data(), result.text.size());
 }
 
 bool IsValid(objc::Class, objc::SEL, ns::Object object) {
-    if (!object || !IsContainer(object)) {
-        return false;
-    }
-    return json::Write(object, 0).invalid.empty();
+    return IsContainer(object) && json::Write(object, 0).invalid.empty();
 }
 
 } // namespace

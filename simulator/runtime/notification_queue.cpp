@@ -1,8 +1,10 @@
 #include "runtime/notification_queue.hpp"
 
 #include "apple/foundation/notifications.hpp"
+#include "apple/foundation/thread.hpp"
 #include "runtime/block_function.hpp"
 #include "runtime/clock.hpp"
+#include "runtime/lasting.hpp"
 #include "runtime/native_class.hpp"
 #include "runtime/replace_method.hpp"
 
@@ -24,11 +26,6 @@ struct Observer : objc::Object {
     static constexpr const char *kClassName = "CorvelSimBlockObserver";
 };
 
-struct Thread : objc::Object {
-    using Object::Object;
-    static constexpr const char *kClassName = "NSThread";
-};
-
 /// What an observer is registered for; the centre keeps no reference, so it is held here until it is removed.
 struct Registration {
     objc::Ref<Observer> observer;
@@ -41,16 +38,10 @@ struct Registrations {
     std::unordered_map<objc::id, Registration> byObserver;
 };
 
-/// Never destroyed: observers may be removed until the very end of the process.
-Registrations &Shared() {
-    static Registrations &registrations = *new Registrations;
-    return registrations;
-}
-
 void Observe(Observer self, objc::SEL, ns::Notification notification) {
     const ObserverState &state = StateOf<ObserverState>(self);
     const auto block = state.block; // the block may remove its own observer
-    if (state.onMainQueue && !objc::SendClass<Thread, "isMainThread", bool>()) {
+    if (state.onMainQueue && !ns::Thread::isMainThread()) {
         clock::Schedule(0, [block, held = objc::Ref<ns::Notification>(notification)] { block(held); });
         return;
     }
@@ -68,7 +59,7 @@ ns::Object AddObserver(ns::NotificationCenter self, objc::SEL, ns::String name, 
     state.block = FunctionOf(block);
     state.onMainQueue = static_cast<bool>(queue);
     {
-        Registrations &registrations = Shared();
+        auto &registrations = Lasting<Registrations>();
         const std::lock_guard lock(registrations.mutex);
         registrations.byObserver[observer.get().pointer] = {observer, name, object};
     }
@@ -77,15 +68,14 @@ ns::Object AddObserver(ns::NotificationCenter self, objc::SEL, ns::String name, 
     return observer.get();
 }
 
-objc::IMP originalRemove = nullptr;
+Original<void, ns::NotificationCenter, ns::Object, ns::String, ns::Object> originalRemove = nullptr;
 
 /// What both ways to remove an observer end in: nil for name or object stands for any.
 void RemoveObserver(ns::NotificationCenter self, objc::SEL selector, ns::Object observer, ns::String name,
                     ns::Object object) {
-    using Original = void (*)(ns::NotificationCenter, objc::SEL, ns::Object, ns::String, ns::Object);
-    reinterpret_cast<Original>(originalRemove)(self, selector, observer, name, object);
+    originalRemove(self, selector, observer, name, object);
     Registration gone; // released after the lock
-    Registrations &registrations = Shared();
+    auto &registrations = Lasting<Registrations>();
     const std::lock_guard lock(registrations.mutex);
     const auto found = registrations.byObserver.find(observer.pointer);
     if (found == registrations.byObserver.end()) {

@@ -6,6 +6,9 @@
 
 namespace sim {
 
+/// The implementation that a replacement took the place of.
+template <class R, class Self, class... A> using Original = R (*)(Self, objc::SEL, A...);
+
 namespace detail {
 objc::IMP ReplaceChecked(const char *className, objc::SEL selector, objc::IMP replacement, const char *encoding,
                          bool classMethod);
@@ -15,16 +18,18 @@ objc::IMP ReplaceChecked(const char *className, objc::SEL selector, objc::IMP re
 /// implementation that was in force. A method that the class only inherits is added to it, its ancestor's stays.
 /// Ends the process with a message when class or method is missing or the encodings disagree.
 template <class R, class Self, class... A>
-objc::IMP ReplaceMethod(const char *className, objc::SEL selector, R (*replacement)(Self, objc::SEL, A...)) {
-    return detail::ReplaceChecked(className, selector, reinterpret_cast<objc::IMP>(replacement),
-                                  objc::kMethodEncoding<R, A...>.data, false);
+Original<R, Self, A...> ReplaceMethod(const char *className, objc::SEL selector,
+                                      R (*replacement)(Self, objc::SEL, A...)) {
+    return reinterpret_cast<Original<R, Self, A...>>(detail::ReplaceChecked(
+        className, selector, reinterpret_cast<objc::IMP>(replacement), objc::kMethodEncoding<R, A...>.data, false));
 }
 
 /// The same for a class method.
 template <class R, class Self, class... A>
-objc::IMP ReplaceClassMethod(const char *className, objc::SEL selector, R (*replacement)(Self, objc::SEL, A...)) {
-    return detail::ReplaceChecked(className, selector, reinterpret_cast<objc::IMP>(replacement),
-                                  objc::kMethodEncoding<R, A...>.data, true);
+Original<R, Self, A...> ReplaceClassMethod(const char *className, objc::SEL selector,
+                                           R (*replacement)(Self, objc::SEL, A...)) {
+    return reinterpret_cast<Original<R, Self, A...>>(detail::ReplaceChecked(
+        className, selector, reinterpret_cast<objc::IMP>(replacement), objc::kMethodEncoding<R, A...>.data, true));
 }
 
 } // namespace sim

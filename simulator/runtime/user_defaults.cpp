@@ -1,9 +1,11 @@
 #include "runtime/user_defaults.hpp"
 
+#include "apple/foundation/data.hpp"
 #include "apple/foundation/user_defaults.hpp"
 #include "objc/guard.hpp"
 #include "runtime/autorelease.hpp"
 #include "runtime/foreign_leaks.hpp"
+#include "runtime/lasting.hpp"
 #include "runtime/replace_method.hpp"
 
 #include <cstdio>
@@ -22,20 +24,14 @@ namespace {
 constexpr const char *kDomain = "corvel-sim";
 constexpr unsigned long kBinaryFormat = 200;
 
-/// Never destroyed: the last write happens while the process ends.
-std::filesystem::path &StateDirectory() {
-    static auto &directory = *new std::filesystem::path;
-    return directory;
-}
-
-std::filesystem::path DefaultsFile() {
-    return StateDirectory() / "UserDefaults.plist";
-}
-
-struct Data : objc::Object {
-    using Object::Object;
-    static constexpr const char *kClassName = "NSData";
+struct Storage {
+    std::filesystem::path directory;
+    objc::Ref<ns::Data> written; // what the file holds now, so that synchronising unchanged values touches no disk
 };
+
+ns::String DefaultsFile() {
+    return ns::String::stringWithUTF8String((Lasting<Storage>().directory / "UserDefaults.plist").c_str());
+}
 
 struct PropertyLists : objc::Object {
     using Object::Object;
@@ -44,17 +40,6 @@ struct PropertyLists : objc::Object {
 
 using ErrorText = ns::String *;
 
-std::string ReadFile(const std::filesystem::path &path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-/// What the file holds now, so that synchronising unchanged values touches no disk.
-std::string &Written() {
-    static auto &written = *new std::string;
-    return written;
-}
-
 /// First use of the defaults, at a known time: Foundation leaks a path at it.
 ns::UserDefaults OpenDefaults() {
     const ForeignLeaks path;
@@ -62,64 +47,46 @@ ns::UserDefaults OpenDefaults() {
 }
 
 void Load(ns::UserDefaults defaults) {
-    Written() = ReadFile(DefaultsFile());
-    if (Written().empty()) {
+    const auto data = objc::SendClass<ns::Data, "dataWithContentsOfFile:", ns::Data>(DefaultsFile());
+    if (!data) {
         return;
     }
-    const auto data = objc::SendClass<Data, "dataWithBytes:length:", Data>(
-        static_cast<const void *>(Written().data()), static_cast<unsigned long>(Written().size()));
+    Lasting<Storage>().written = data;
     ns::Object values;
     objc::Guard([&] {
         values = objc::SendClass<PropertyLists, "propertyListFromData:mutabilityOption:format:errorDescription:",
                                  ns::Object>(data, 0UL, static_cast<unsigned long *>(nullptr), ErrorText{nullptr});
     });
-    if (!values || !values.isKindOfClass(objc::ClassOf<ns::Dictionary>())) {
-        std::fprintf(stderr, "%s holds no user defaults; starting without any\n", DefaultsFile().c_str());
+    if (!values.Is<ns::Dictionary>()) {
+        std::fprintf(stderr, "%s holds no user defaults; starting without any\n", DefaultsFile().UTF8String());
         return;
     }
     objc::Send<"setPersistentDomain:forName:", void>(defaults, objc::As<ns::Dictionary>(values),
                                                      ns::String::stringWithUTF8String(kDomain));
 }
 
-/// Writes beside the file and renames, so that a run cut short leaves the old values whole.
-bool Replace(const std::filesystem::path &path, const std::string &bytes) {
-    std::filesystem::path fresh = path;
-    fresh += ".new";
-    std::ofstream file(fresh, std::ios::binary | std::ios::trunc);
-    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    std::error_code failure;
-    if (file) {
-        std::filesystem::rename(fresh, path, failure);
-    }
-    if (!file || failure) {
-        std::fprintf(stderr, "cannot write %s\n", path.c_str());
-        return false;
-    }
-    return true;
-}
-
 bool Store(ns::UserDefaults defaults) {
+    objc::Ref<ns::Data> &written = Lasting<Storage>().written;
     const auto values =
         objc::Send<"persistentDomainForName:", ns::Dictionary>(defaults, ns::String::stringWithUTF8String(kDomain));
-    if (!values && Written().empty()) {
+    if (!values && !written) {
         return true;
     }
     // The binary format alone keeps every string unit and every kind of number.
-    const auto data = objc::SendClass<PropertyLists, "dataFromPropertyList:format:errorDescription:", Data>(
-        ns::Object(values ? values : objc::SendClass<ns::Dictionary, "dictionary", ns::Dictionary>()), kBinaryFormat,
-        ErrorText{nullptr});
+    const auto data = objc::SendClass<PropertyLists, "dataFromPropertyList:format:errorDescription:", ns::Data>(
+        ns::Object(values ? values : ns::MutableDictionary::dictionary()), kBinaryFormat, ErrorText{nullptr});
     if (!data) {
         return false;
     }
-    std::string bytes(objc::Send<"bytes", const char *>(data), objc::Send<"length", unsigned long>(data));
-    if (bytes == Written()) {
+    if (data.isEqual(written.get())) {
         return true;
     }
-    if (!Replace(DefaultsFile(), bytes)) {
+    // Atomically: a run cut short leaves the old values whole.
+    if (!objc::Send<"writeToFile:atomically:", bool>(data, DefaultsFile(), true)) {
+        std::fprintf(stderr, "cannot write %s\n", DefaultsFile().UTF8String());
         return false;
     }
-    Written() = std::move(bytes);
+    written = data;
     return true;
 }
 
@@ -132,8 +99,9 @@ bool Synchronize(ns::UserDefaults self, objc::SEL) {
 
 void SetStateDirectory(const std::string &directory) {
     std::error_code failure;
-    StateDirectory() = std::filesystem::absolute(directory);
-    std::filesystem::create_directories(StateDirectory(), failure);
+    std::filesystem::path &state = Lasting<Storage>().directory;
+    state = std::filesystem::absolute(directory);
+    std::filesystem::create_directories(state, failure);
     if (failure) {
         std::fprintf(stderr, "cannot make the state directory %s: %s\n", directory.c_str(), failure.message().c_str());
         std::exit(1);
@@ -145,9 +113,9 @@ void SetStateDirectory(const std::string &directory) {
     setenv("LANG", "C.UTF-8", 1);
 
     // ... nor through Foundation's own configuration and defaults in the home directory. This file keeps it from both.
-    const std::filesystem::path configuration = StateDirectory() / "GNUstep.conf";
+    const std::filesystem::path configuration = state / "GNUstep.conf";
     std::ofstream(configuration) << "GNUSTEP_USER_CONFIG_FILE=.corvel-sim-has-none\n"
-                                 << "GNUSTEP_USER_DEFAULTS_DIR=\"" << StateDirectory().string() << "/Foundation\"\n";
+                                 << "GNUSTEP_USER_DEFAULTS_DIR=\"" << state.string() << "/Foundation\"\n";
     std::string configurationVariable = "GNUSTEP_CONFIG_FILE=" + configuration.string();
     std::string zone = "TZ=UTC";
     std::string locale = "LC_ALL=C.UTF-8";

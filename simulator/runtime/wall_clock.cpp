@@ -14,7 +14,7 @@ double TimeIntervalSinceReferenceDate(objc::Class, objc::SEL) {
 }
 
 ns::Date Date(objc::Class, objc::SEL) {
-    return objc::SendClass<ns::Date, "dateWithTimeIntervalSinceReferenceDate:", ns::Date>(kLaunch + clock::Now());
+    return ns::Date::dateWithTimeIntervalSinceReferenceDate(kLaunch + clock::Now());
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "runtime/weak_references.hpp"
 
 #include "objc/ref.hpp"
+#include "runtime/lasting.hpp"
 
 #include <algorithm>
 #include <mutex>
@@ -22,12 +23,6 @@ struct Table {
     std::unordered_map<objc::id, std::vector<objc::id *>> locations;
 };
 
-/// Never destroyed: objects are deallocated until the very end of the process.
-Table &Shared() {
-    static Table &table = *new Table;
-    return table;
-}
-
 void Register(Table &table, objc::id *location, objc::id object) {
     *location = object;
     if (object != nullptr) {
@@ -48,7 +43,7 @@ void Unregister(Table &table, objc::id *location) {
 } // namespace
 
 void ClearWeakReferences(objc::id object) {
-    Table &table = Shared();
+    auto &table = Lasting<Table>();
     const std::lock_guard lock(table.mutex);
     if (const auto node = table.locations.extract(object)) {
         for (objc::id *location : node.mapped()) {
@@ -58,7 +53,7 @@ void ClearWeakReferences(objc::id object) {
 }
 
 bool ReleaseWasLast(objc::id object) {
-    Table &table = Shared();
+    auto &table = Lasting<Table>();
     const std::lock_guard lock(table.mutex);
     if (NSDecrementExtraRefCountWasZero(object) == 0) {
         return false;
@@ -72,14 +67,14 @@ bool ReleaseWasLast(objc::id object) {
 extern "C" {
 
 objc::id objc_initWeak(objc::id *location, objc::id value) {
-    sim::Table &table = sim::Shared();
+    auto &table = sim::Lasting<sim::Table>();
     const std::lock_guard lock(table.mutex);
     sim::Register(table, location, value);
     return value;
 }
 
 objc::id objc_storeWeak(objc::id *location, objc::id value) {
-    sim::Table &table = sim::Shared();
+    auto &table = sim::Lasting<sim::Table>();
     const std::lock_guard lock(table.mutex);
     sim::Unregister(table, location);
     sim::Register(table, location, value);
@@ -87,19 +82,19 @@ objc::id objc_storeWeak(objc::id *location, objc::id value) {
 }
 
 objc::id objc_loadWeakRetained(objc::id *location) {
-    sim::Table &table = sim::Shared();
+    auto &table = sim::Lasting<sim::Table>();
     const std::lock_guard lock(table.mutex);
     return objc::Retain(*location);
 }
 
 void objc_copyWeak(objc::id *to, objc::id *from) {
-    sim::Table &table = sim::Shared();
+    auto &table = sim::Lasting<sim::Table>();
     const std::lock_guard lock(table.mutex);
     sim::Register(table, to, *from);
 }
 
 void objc_destroyWeak(objc::id *location) {
-    sim::Table &table = sim::Shared();
+    auto &table = sim::Lasting<sim::Table>();
     const std::lock_guard lock(table.mutex);
     sim::Unregister(table, location);
     *location = nullptr;

@@ -4,7 +4,9 @@
 
 #include "apple/dispatch/queue.hpp"
 #include "apple/foundation/date.hpp"
+#include "apple/foundation/thread.hpp"
 #include "counted_object.hpp"
+#include "runtime/autorelease.hpp"
 
 #include <gtest/gtest.h>
 
@@ -16,23 +18,12 @@
 namespace corvel {
 namespace {
 
+using ns::Thread;
 using test::Counted;
 using test::NewCounted;
 namespace clock = sim::clock;
 
 constexpr std::int64_t kSecond = 1'000'000'000;
-
-struct Thread : ns::Object {
-    using ns::Object::Object;
-    static constexpr const char *kClassName = "NSThread";
-
-    static bool isMainThread() {
-        return objc::SendClass<Thread, "isMainThread", bool>();
-    }
-    static void sleepForTimeInterval(double seconds) {
-        objc::SendClass<Thread, "sleepForTimeInterval:", void>(seconds);
-    }
-};
 
 class ClockTest : public testing::Test {
   protected:
@@ -141,7 +132,7 @@ TEST_F(ClockTest, SkippedTimeRunsNothingUntilTheNextDrain) {
 TEST_F(ClockTest, EachPieceOfWorkHasItsOwnAutoreleasePool) {
     ASSERT_EQ(Counted::alive, 0);
     clock::Schedule(0, [] {
-        objc::Send<"autorelease", ns::Object>(ns::Object(objc::Object{objc::Retain(NewCounted().get().pointer)}));
+        sim::Autoreleased(NewCounted());
         EXPECT_EQ(Counted::alive, 1);
     });
     clock::Schedule(0, [] { EXPECT_EQ(Counted::alive, 0); });
@@ -150,15 +141,14 @@ TEST_F(ClockTest, EachPieceOfWorkHasItsOwnAutoreleasePool) {
 }
 
 TEST_F(ClockTest, TheDateFollowsIt) {
-    const auto interval = [](ns::Date date) { return objc::Send<"timeIntervalSinceReferenceDate", double>(date); };
-    const double before = interval(ns::Date::date());
+    const double before = ns::Date::date().timeIntervalSinceReferenceDate();
     clock::Advance(90);
-    EXPECT_DOUBLE_EQ(interval(ns::Date::date()), before + 90);
+    EXPECT_DOUBLE_EQ(ns::Date::date().timeIntervalSinceReferenceDate(), before + 90);
     EXPECT_DOUBLE_EQ((objc::SendClass<ns::Date, "timeIntervalSinceReferenceDate", double>()), before + 90);
 }
 
 TEST_F(ClockTest, TheDateReadsTheSameWhereverTheRunIsMade) {
-    const auto date = objc::SendClass<ns::Date, "dateWithTimeIntervalSinceReferenceDate:", ns::Date>(680002860.0);
+    const auto date = ns::Date::dateWithTimeIntervalSinceReferenceDate(680002860);
     EXPECT_STREQ(date.descriptionWithLocale(ns::Locale::currentLocale()).UTF8String(), "2022-07-20 09:41:00 +0000");
 }
 

@@ -1,6 +1,6 @@
 // NSString of the simulated phone: every sequence of UTF-16 units is a string.
 
-#include "apple/foundation/string.hpp"
+#include "apple/foundation/data.hpp"
 
 #include <gtest/gtest.h>
 
@@ -33,6 +33,22 @@ const std::u16string kOdd[] = {
 TEST(FoundationString, KeepsTheUnitsItIsMadeOf) {
     for (const std::u16string &units : kOdd) {
         EXPECT_EQ(UnitsOf(StringOf(units)), units);
+    }
+}
+
+TEST(FoundationString, KeepsTheUnitsOfItsBytes) {
+    for (const std::u16string &units : kOdd) {
+        for (const auto encoding : {ns::StringEncoding::kUtf16BigEndian, ns::StringEncoding::kUtf16LittleEndian}) {
+            std::string bytes;
+            for (const char16_t unit : units) {
+                const char pair[] = {static_cast<char>(unit >> 8), static_cast<char>(unit)};
+                const bool bigEndian = encoding == ns::StringEncoding::kUtf16BigEndian;
+                bytes += {pair[bigEndian ? 0 : 1], pair[bigEndian ? 1 : 0]};
+            }
+            const auto string = objc::Ref<ns::String>::Adopt(
+                ns::Alloc<ns::String>().initWithData(ns::Data::dataWithBytes(bytes.data(), bytes.size()), encoding));
+            EXPECT_EQ(UnitsOf(string.get()), units);
+        }
     }
 }
 
@@ -74,13 +90,6 @@ TEST(FoundationString, HasUtf8TextOnlyForWholeCharacters) {
     const auto text = ns::MutableString::string();
     text.appendString(StringOf({0xDE00}));
     EXPECT_EQ(text.UTF8String(), nullptr);
-}
-
-TEST(FoundationString, ComposedCharactersStayTogether) {
-    const ns::String pair = StringOf(u"a😀b");
-    EXPECT_EQ(pair.rangeOfComposedCharacterSequenceAtIndex(1).length, 2UL);
-    EXPECT_EQ(pair.rangeOfComposedCharacterSequenceAtIndex(2).location, 1UL);
-    EXPECT_EQ(StringOf({0xDE00, u'a'}).rangeOfComposedCharacterSequenceAtIndex(0).length, 1UL);
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 // NSJSONSerialization of the simulated phone.
 
 #include "apple/foundation/collections.hpp"
+#include "apple/foundation/json_serialization.hpp"
 #include "apple/foundation/number.hpp"
-#include "apple/foundation/string.hpp"
 #include "objc/guard.hpp"
 
 #include <gtest/gtest.h>
@@ -14,30 +14,20 @@
 namespace corvel {
 namespace {
 
-struct Data : ns::Object {
-    using ns::Object::Object;
-    static constexpr const char *kClassName = "NSData";
-};
-
-struct Json : ns::Object {
-    using ns::Object::Object;
-    static constexpr const char *kClassName = "NSJSONSerialization";
-};
+using Json = ns::JSONSerialization;
 
 constexpr unsigned long kPretty = 1;
 constexpr unsigned long kSorted = 2;
 constexpr unsigned long kFragments = 4;
 constexpr unsigned long kPlainSlashes = 8;
 
-Data BytesOf(std::string_view bytes) {
-    return objc::SendClass<Data, "dataWithBytes:length:", Data>(static_cast<const void *>(bytes.data()),
-                                                                static_cast<unsigned long>(bytes.size()));
+ns::Data BytesOf(std::string_view bytes) {
+    return ns::Data::dataWithBytes(bytes.data(), bytes.size());
 }
 
 ns::Object Parse(std::string_view bytes, unsigned long options = 0) {
     ns::Object error;
-    const auto object = objc::SendClass<Json, "JSONObjectWithData:options:error:", ns::Object>(
-        ns::Object(BytesOf(bytes)), options, &error);
+    const auto object = Json::JSONObjectWithData(BytesOf(bytes), options, &error);
     EXPECT_NE(static_cast<bool>(object), static_cast<bool>(error)) << bytes;
     return object;
 }
@@ -48,12 +38,11 @@ ns::Object Member(std::string_view text, ns::String key = "k"_ns) {
 
 std::string Written(ns::Object object, unsigned long options = 0) {
     ns::Object error;
-    const auto data = objc::SendClass<Json, "dataWithJSONObject:options:error:", Data>(object, options, &error);
+    const auto data = Json::dataWithJSONObject(object, options, &error);
     if (!data) {
         return error ? "(error)" : "(nothing)";
     }
-    return {static_cast<const char *>(objc::Send<"bytes", const void *>(data)),
-            objc::Send<"length", unsigned long>(data)};
+    return {static_cast<const char *>(data.bytes()), data.length()};
 }
 
 std::string Reason(ns::Object object, unsigned long options = 0) {
@@ -69,17 +58,16 @@ ns::Object DictionaryWith(ns::Object value) {
 
 TEST(JsonReading, GivesFoundationObjects) {
     EXPECT_TRUE(Member(R"({"k":"text"})").isEqual(ns::Object("text"_ns)));
-    EXPECT_TRUE(Member(R"({"k":null})").isKindOfClass(objc_getClass("NSNull")));
+    EXPECT_TRUE(Member(R"({"k":null})").Is<ns::Null>());
     EXPECT_EQ(objc::As<ns::Array>(Member(R"( { "k" : [ 1 , 2 ] } )")).count(), 2UL);
     EXPECT_EQ(objc::As<ns::Dictionary>(Parse("{}")).allKeys().count(), 0UL);
     EXPECT_EQ(objc::As<ns::Array>(Parse("[]")).count(), 0UL);
 }
 
 TEST(JsonReading, KeepsTheKindOfANumber) {
-    EXPECT_STRNE((objc::Send<"objCType", const char *>(objc::As<ns::Number>(Member(R"({"k":1})")))), "d");
-    EXPECT_STREQ((objc::Send<"objCType", const char *>(objc::As<ns::Number>(Member(R"({"k":1.0})")))), "d");
-    EXPECT_EQ((objc::Send<"longLongValue", long long>(objc::As<ns::Number>(Member(R"({"k":9223372036854775807})")))),
-              INT64_MAX);
+    EXPECT_STRNE(objc::As<ns::Number>(Member(R"({"k":1})")).objCType(), "d");
+    EXPECT_STREQ(objc::As<ns::Number>(Member(R"({"k":1.0})")).objCType(), "d");
+    EXPECT_EQ(objc::As<ns::Number>(Member(R"({"k":9223372036854775807})")).longValue(), INT64_MAX);
     EXPECT_EQ(objc::As<ns::Number>(Member(R"({"k":-1.5e2})")).floatValue(), -150.0F);
     EXPECT_EQ(Written(Parse(R"([true,1,1.5])")), "[true,1,1.5]");
 }
@@ -131,6 +119,7 @@ TEST(JsonReading, RefusesWhatIsNoJson) {
         EXPECT_FALSE(Parse(text)) << text;
     }
     EXPECT_FALSE(Parse(std::string_view("[\0]", 3)));
+    EXPECT_FALSE(Parse(std::string_view("[]\0x", 4)));
 }
 
 TEST(JsonReading, WantsAContainerUnlessFragmentsAreAllowed) {
@@ -155,17 +144,14 @@ TEST(JsonReading, KnowsTheUnicodeEncodings) {
 
 TEST(JsonReading, ContainersAreMutableOnlyOnRequest) {
     const auto add = [](ns::Object array) {
-        return objc::Guard([&] { objc::Send<"addObject:", void>(array, ns::Object("x"_ns)); });
+        return objc::Guard([&] { objc::As<ns::MutableArray>(array).addObject("x"_ns); });
     };
     EXPECT_FALSE(add(Parse("[]")));
     EXPECT_TRUE(add(Parse("[]", 1)));
 }
 
 TEST(JsonReading, RaisesForNoData) {
-    EXPECT_FALSE(objc::Guard([] {
-        objc::SendClass<Json, "JSONObjectWithData:options:error:", ns::Object>(ns::Object{}, 0UL,
-                                                                               static_cast<ns::Object *>(nullptr));
-    }));
+    EXPECT_FALSE(objc::Guard([] { Json::JSONObjectWithData(nullptr, 0, nullptr); }));
 }
 
 TEST(JsonWriting, IsCompact) {
@@ -179,9 +165,8 @@ TEST(JsonWriting, TellsBooleansFromNumbers) {
     EXPECT_EQ(Written(DictionaryWith(ns::Number::numberWithBool(true))), R"({"k":true})");
     EXPECT_EQ(Written(DictionaryWith(ns::Number::numberWithBool(false))), R"({"k":false})");
     EXPECT_EQ(Written(DictionaryWith(ns::Number::numberWithInt(1))), R"({"k":1})");
-    EXPECT_EQ(Written(DictionaryWith(objc::SendClass<ns::Number, "numberWithDouble:", ns::Object>(1.0))), R"({"k":1})");
-    EXPECT_EQ(Written(DictionaryWith(objc::SendClass<ns::Number, "numberWithFloat:", ns::Object>(0.75F))),
-              R"({"k":0.75})");
+    EXPECT_EQ(Written(DictionaryWith(ns::Number::numberWithDouble(1.0))), R"({"k":1})");
+    EXPECT_EQ(Written(DictionaryWith(ns::Number::numberWithFloat(0.75F))), R"({"k":0.75})");
 }
 
 TEST(JsonWriting, EscapesWhatMustBeAndSlashes) {
@@ -192,6 +177,7 @@ TEST(JsonWriting, EscapesWhatMustBeAndSlashes) {
 
 TEST(JsonWriting, LeavesOtherTextAsItIs) {
     EXPECT_EQ(Written(Parse("[\"é弹😀\"]")), "[\"é弹😀\"]");
+    EXPECT_EQ(Written(Parse("[\"\\ufeff\\ufeff\\uffff\"]")), "[\"\xEF\xBB\xBF\xEF\xBB\xBF\xEF\xBF\xBF\"]");
 }
 
 TEST(JsonWriting, PrettyPrintingBreaksLines) {
@@ -203,9 +189,7 @@ TEST(JsonWriting, RaisesForWhatHasNoJsonForm) {
     EXPECT_EQ(Reason("text"_ns), "Invalid top-level type in JSON write");
     EXPECT_EQ(Reason("text"_ns, kFragments), "(none)");
     EXPECT_NE(Reason(DictionaryWith(ns::Object(BytesOf("x")))).find("Invalid type in JSON write"), std::string::npos);
-    EXPECT_NE(
-        Reason(DictionaryWith(objc::SendClass<ns::Number, "numberWithDouble:", ns::Object>(std::nan("")))).find("NaN"),
-        std::string::npos);
+    EXPECT_NE(Reason(DictionaryWith(ns::Number::numberWithDouble(std::nan("")))).find("NaN"), std::string::npos);
     EXPECT_NE(Reason(ns::Dictionary::dictionaryWithObject("v"_ns, ns::Number::numberWithInt(1))).find("non-string"),
               std::string::npos);
     EXPECT_NE(Reason(nullptr), "(none)");

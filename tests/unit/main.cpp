@@ -1,5 +1,6 @@
 // The unit tests' main: a phone without a screen, its state in a directory that goes with the run.
 
+#include "render/characters.hpp"
 #include "runtime/autorelease.hpp"
 #include "runtime/runtime.hpp"
 #include "runtime/user_defaults.hpp"
@@ -44,5 +45,6 @@ int main(int argc, char **argv) {
     sim::SetStateDirectory(StateDirectory().string());
     const sim::AutoreleasePool pool;
     sim::InstallRuntime();
+    sim::InstallComposedCharacters();
     return RUN_ALL_TESTS();
 }

@@ -1,6 +1,7 @@
 // Block observers of the notification centre.
 
 #include "apple/foundation/notifications.hpp"
+#include "apple/foundation/thread.hpp"
 
 #include "apple/dispatch/queue.hpp"
 #include "counted_object.hpp"
@@ -24,7 +25,7 @@ template <class F> ns::Object Observe(ns::String name, F function, ns::Operation
 }
 
 void Remove(ns::Object observer) {
-    objc::Send<"removeObserver:", void>(Center(), observer);
+    Center().removeObserver(observer);
 }
 
 TEST(BlockObserver, OnTheMainQueueRunsBeforeThePostReturns) {
@@ -94,17 +95,11 @@ TEST(BlockObserver, MayRemoveItselfWhileItRuns) {
     EXPECT_EQ(Counted::alive, 0);
 }
 
-struct Thread : ns::Object {
-    using ns::Object::Object;
-    static constexpr const char *kClassName = "NSThread";
-};
-
 TEST(BlockObserver, OnTheMainQueueWaitsForTheMainThreadWhenPostedElsewhere) {
     int onMain = 0;
     int elsewhere = 0;
     const auto observer = Observe(
-        "CorvelTestNote"_ns,
-        [&](ns::Notification) { ++(objc::SendClass<Thread, "isMainThread", bool>() ? onMain : elsewhere); },
+        "CorvelTestNote"_ns, [&](ns::Notification) { ++(ns::Thread::isMainThread() ? onMain : elsewhere); },
         ns::OperationQueue::mainQueue());
     dispatch::AsyncInBackground([&] {
         Center().postNotificationName("CorvelTestNote"_ns, nullptr);

@@ -100,15 +100,10 @@ TEST(Block, StateOfTheFunctionIsKeptInEachCopy) {
     EXPECT_EQ(original(), 1);
 }
 
-struct MutableArray : ns::Array {
-    using ns::Array::Array;
-    static constexpr const char *kClassName = "NSMutableArray";
-};
-
-objc::Ref<MutableArray> Letters() {
-    auto letters = ns::New<MutableArray>();
+objc::Ref<ns::MutableArray> Letters() {
+    auto letters = ns::New<ns::MutableArray>();
     for (const ns::String letter : {"c"_ns, "a"_ns, "b"_ns}) {
-        objc::Send<"addObject:", void>(letters.get(), ns::Object(letter));
+        letters->addObject(letter);
     }
     return letters;
 }

@@ -241,10 +241,9 @@ TEST_F(RoomIdentityProbeTest, AcceptsWhatDescribesItselfInOneTo63Characters) {
     expect("64 characters", Text(tooLong), "next");
     expect("63 units beyond ASCII", Text(longest.substr(1) + "弹"), longest.substr(1) + "弹");
     expect("an empty string", ns::String::stringWithUTF8String(""), "next");
-    expect("a number", objc::SendClass<ns::Number, "numberWithLongLong:", ns::Number>(7301234567890123456LL),
-           "7301234567890123456");
+    expect("a number", ns::Number::numberWithLongLong(7301234567890123456LL), "7301234567890123456");
     expect("nil", nullptr, "next");
-    expect("NSNull", objc::SendClass<ns::Null, "null", ns::Null>(), "next");
+    expect("NSNull", ns::Null::null(), "next");
     expect("an object with a description", plain("a room"_ns), "a room");
     expect("a description of nil", plain(nullptr), "next");
     expect("a description that is data, with a length too", plain(data), "next");
@@ -278,7 +277,7 @@ TEST_F(RoomIdentityProbeTest, LeavesOutWhatIsNotThere) {
         return std::ranges::any_of(
             lookups, [&](const std::string &lookup) { return lookup.starts_with(std::string(node) + "."); });
     };
-    const ns::Object null = objc::SendClass<ns::Null, "null", ns::Null>();
+    const ns::Object null = ns::Null::null();
     NodeOf(object).values["roomModel"] = null;
     NodeOf(context).values["roomInfo"] = null;
     NodeOf(context).values.erase("liveRoom");

@@ -1,44 +1,20 @@
 #pragma once
 // What tests of code on the Objective-C runtime need around it.
 
-#include "apple/foundation/string.hpp"
+#include "apple/foundation/exception.hpp"
 #include "objc/class_builder.hpp"
-#include "objc/ref.hpp"
+#include "runtime/autorelease.hpp"
 
 namespace corvel::test {
 
 /// An autorelease pool for the extent of a test.
-class Pool {
-  public:
-    Pool() = default;
-    Pool(const Pool &) = delete;
-    Pool &operator=(const Pool &) = delete;
+struct Pool : sim::AutoreleasePool {
     ~Pool() noexcept = default; // what a pool releases here does not raise; a fixture may not either
-
-  private:
-    struct View : ns::Object {
-        using ns::Object::Object;
-        static constexpr const char *kClassName = "NSAutoreleasePool";
-    };
-    objc::Ref<View> pool_ = ns::New<View>();
-};
-
-/// A view of NSException, for raising.
-struct Exception : ns::Object {
-    using ns::Object::Object;
-    static constexpr const char *kClassName = "NSException";
-
-    static Exception exceptionWithName(ns::String name, ns::String reason) {
-        return objc::SendClass<Exception, "exceptionWithName:reason:userInfo:", Exception>(name, reason, ns::Object{});
-    }
-    void raise() const {
-        objc::Send<"raise", void>(*this);
-    }
 };
 
 /// Raises an NSException with the reason.
 inline void Raise(ns::String reason) {
-    Exception::exceptionWithName("HostException"_ns, reason).raise();
+    ns::Exception::exceptionWithName("HostException"_ns, reason).raise();
 }
 
 /// Registers a class with the methods; nil when the superclass is missing or the name is taken.

@@ -2,6 +2,7 @@
 
 #include "apple/foundation/user_defaults.hpp"
 
+#include "apple/foundation/data.hpp"
 #include "apple/foundation/date.hpp"
 #include "apple/foundation/notifications.hpp"
 #include "apple/foundation/number.hpp"
@@ -14,11 +15,6 @@
 
 namespace corvel {
 namespace {
-
-struct Data : ns::Object {
-    using ns::Object::Object;
-    static constexpr const char *kClassName = "NSData";
-};
 
 class UserDefaults : public testing::Test {
   protected:
@@ -103,7 +99,7 @@ TEST_F(UserDefaults, ContainersAndDataReadZeroWithoutRaising) {
     const std::pair<const char *, ns::Object> values[] = {
         {"array", objc::SendClass<ns::Array, "arrayWithObject:", ns::Object>(ns::Object("5"_ns))},
         {"dictionary", ns::Dictionary::dictionaryWithObject(ns::Object("5"_ns), "k"_ns)},
-        {"data", objc::SendClass<Data, "dataWithBytes:length:", ns::Object>(static_cast<const void *>("5"), 1UL)},
+        {"data", ns::Data::dataWithBytes("5", 1)},
         {"date", ns::Object(ns::Date::date())},
     };
     for (const auto &[name, value] : values) {
@@ -130,7 +126,7 @@ TEST_F(UserDefaults, TextKeepsEveryUnit) {
 }
 
 TEST_F(UserDefaults, WhatIsNoPropertyListIsRefused) {
-    EXPECT_FALSE(objc::Guard([&] { defaults_.setObject(objc::SendClass<ns::Null, "null", ns::Object>(), key_); }));
+    EXPECT_FALSE(objc::Guard([&] { defaults_.setObject(ns::Null::null(), key_); }));
     EXPECT_FALSE(defaults_.objectForKey(key_));
 }
 

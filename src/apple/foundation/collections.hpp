@@ -57,6 +57,9 @@ struct MutableArray : Array {
     using Array::Array;
     static constexpr const char *kClassName = "NSMutableArray";
 
+    static MutableArray array() {
+        return objc::SendClass<MutableArray, "array", MutableArray>();
+    }
     void addObject(Object object) const {
         objc::Send<"addObject:", void>(*this, object);
     }
@@ -93,6 +96,9 @@ struct MutableDictionary : Dictionary {
     using Dictionary::Dictionary;
     static constexpr const char *kClassName = "NSMutableDictionary";
 
+    static MutableDictionary dictionary() {
+        return objc::SendClass<MutableDictionary, "dictionary", MutableDictionary>();
+    }
     void setObject(Object object, Object key) const {
         objc::Send<"setObject:forKey:", void>(*this, object, key);
     }

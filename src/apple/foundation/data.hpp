@@ -9,6 +9,10 @@ struct Data : Object {
     using Object::Object;
     static constexpr const char *kClassName = "NSData";
 
+    /// Copies the bytes.
+    static Data dataWithBytes(const void *bytes, unsigned long length) {
+        return objc::SendClass<Data, "dataWithBytes:length:", Data>(bytes, length);
+    }
     /// Takes over the bytes, which must come from malloc.
     Data initWithBytesNoCopy(void *bytes, unsigned long length) const {
         return objc::Send<"initWithBytesNoCopy:length:", Data>(*this, bytes, length);
@@ -19,6 +23,10 @@ struct Data : Object {
     }
     String base64EncodedStringWithOptions(unsigned long options) const {
         return objc::Send<"base64EncodedStringWithOptions:", String>(*this, options);
+    }
+    /// The bytes, which live as long as the data.
+    const void *bytes() const {
+        return objc::Send<"bytes", const void *>(*this);
     }
     unsigned long length() const {
         return objc::Send<"length", unsigned long>(*this);

@@ -21,6 +21,18 @@ struct Date : Object {
     static Date date() {
         return objc::SendClass<Date, "date", Date>();
     }
+    static Date dateWithTimeIntervalSince1970(double seconds) {
+        return objc::SendClass<Date, "dateWithTimeIntervalSince1970:", Date>(seconds);
+    }
+    static Date dateWithTimeIntervalSinceReferenceDate(double seconds) {
+        return objc::SendClass<Date, "dateWithTimeIntervalSinceReferenceDate:", Date>(seconds);
+    }
+    double timeIntervalSince1970() const {
+        return objc::Send<"timeIntervalSince1970", double>(*this);
+    }
+    double timeIntervalSinceReferenceDate() const {
+        return objc::Send<"timeIntervalSinceReferenceDate", double>(*this);
+    }
     String descriptionWithLocale(Locale locale) const {
         return objc::Send<"descriptionWithLocale:", String>(*this, locale);
     }

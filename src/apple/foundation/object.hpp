@@ -19,6 +19,10 @@ struct Object : objc::Object {
     bool isKindOfClass(objc::Class cls) const {
         return objc::Send<"isKindOfClass:", bool>(*this, cls);
     }
+    /// Whether the object is of the class that T stands for, or of a subclass.
+    template <objc::Handle T> bool Is() const {
+        return isKindOfClass(objc::ClassOf<T>());
+    }
     bool isEqual(Object other) const {
         return objc::Send<"isEqual:", bool>(*this, other);
     }

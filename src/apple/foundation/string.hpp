@@ -21,7 +21,13 @@ template <> struct objc::Encode<ns::Range> {
 namespace ns {
 
 /// NSStringEncoding.
-enum class StringEncoding : unsigned long { kUtf8 = 4 };
+enum class StringEncoding : unsigned long {
+    kUtf8 = 4,
+    kUtf16BigEndian = 0x90000100,
+    kUtf16LittleEndian = 0x94000100,
+    kUtf32BigEndian = 0x98000100,
+    kUtf32LittleEndian = 0x9c000100,
+};
 struct Data;
 
 struct String : Object {
@@ -67,6 +73,11 @@ struct String : Object {
     }
     Range rangeOfComposedCharacterSequenceAtIndex(unsigned long index) const {
         return objc::Send<"rangeOfComposedCharacterSequenceAtIndex:", Range>(*this, index);
+    }
+    /// The range with whole characters, as readers see them, at both ends; for an empty one the character at its place,
+    /// and nothing at the end of the text.
+    Range rangeOfComposedCharacterSequencesForRange(Range range) const {
+        return objc::Send<"rangeOfComposedCharacterSequencesForRange:", Range>(*this, range);
     }
     /// The number that the text begins with, 0 when it begins with none; the nearest that fits when it is too large.
     long integerValue() const {
