@@ -7,6 +7,8 @@
 //   in between are tried when the edge is known;
 // - where letters change their shape or words are told by a dictionary, one more letter may take less room. There a few
 //   characters beyond the edge are tried too.
+// Heights that rise and fall in yet other ways (blanks and marks alone, in fonts of different heights) are not
+// followed: a fitting prefix is found, perhaps not the longest.
 
 #include "apple/foundation/string.hpp"
 
@@ -47,7 +49,7 @@ template <class Fits> class TitleSearch {
 
     /// White space, line breaks, control and format characters.
     static bool IsBlank(char16_t unit) {
-        return unit <= u' ' || (unit >= 0x7f && unit <= 0xa0) || (unit >= 0x2000 && unit <= 0x200f) ||
+        return unit <= u' ' || (unit >= 0x7f && unit <= 0xa0) || unit == 0xad || (unit >= 0x2000 && unit <= 0x200f) ||
                (unit >= 0x2028 && unit <= 0x202f) || (unit >= 0x205f && unit <= 0x206f) || unit == 0x3000 ||
                unit == 0xfeff;
     }
@@ -63,28 +65,34 @@ template <class Fits> class TitleSearch {
         return fits_(length);
     }
 
-    /// The first place at or behind `index` where a prefix is to end: behind a character that is no blank.
+    /// Of the promised number, those within one character not counted.
+    unsigned long MeasurementsLeft() const {
+        const auto promised = (2 * static_cast<unsigned long>(std::bit_width(whole_) - 1)) + 4;
+        return promised - std::min(promised, measurements_);
+    }
+
+    /// The first place at or behind `index` where a prefix is to end: behind a character that is no blank. 0 when only
+    /// blanks follow.
     unsigned long EndFrom(unsigned long index) const {
-        const unsigned long last = std::min(index + kLongestRun, whole_);
-        for (unsigned long at = index; at <= last;) {
+        for (unsigned long at = index; at <= whole_;) {
             const ns::Range character = text_.rangeOfComposedCharacterSequenceAtIndex(at - 1);
             const unsigned long end = character.location + character.length;
-            if (character.length > kLongestRun) {
-                break;
+            if (character.length > kLongestRun || at > index + kLongestRun) {
+                return index;
             }
             if (!IsBlank(text_.characterAtIndex(end - 1))) {
                 return end;
             }
             at = end + 1;
         }
-        return index;
+        return 0;
     }
 
     /// Such a place between low and high, near their middle if possible; 0 when there is none.
     unsigned long EndBetween() const {
         for (unsigned long middle = low_ + ((high_ - low_) / 2); middle > low_; middle = low_ + ((middle - low_) / 2)) {
             const unsigned long end = EndFrom(middle);
-            if (end < high_) {
+            if (end != 0 && end < high_) {
                 return end;
             }
         }
@@ -94,7 +102,8 @@ template <class Fits> class TitleSearch {
     /// Finds a prefix that does not fit, at growing lengths; true when the whole text fits.
     bool Gallop() {
         for (unsigned long probe = kFirstProbe;; probe *= 2) {
-            high_ = probe < whole_ ? EndFrom(probe) : whole_;
+            const unsigned long end = probe < whole_ ? EndFrom(probe) : 0;
+            high_ = end != 0 ? end : whole_;
             if (!Measure(high_)) {
                 limit_ = high_;
                 return false;
@@ -115,13 +124,12 @@ template <class Fits> class TitleSearch {
     /// Looks for a prefix a few characters beyond the edge that fits although the edge does not, as far as the promised
     /// number of measurements goes, and moves the edge there.
     bool StepBeyondEdge() {
-        const auto allowed = (2 * static_cast<unsigned long>(std::bit_width(whole_) - 1)) + 4;
         const auto needed = static_cast<unsigned long>(std::bit_width(limit_ - low_));
         unsigned long end = high_;
         for (unsigned long i = 0; i < kAhead && end < limit_ && HasChangingShapes(text_.characterAtIndex(end - 1));
              ++i) {
             end = EndFrom(end + 1);
-            if (measurements_ + needed >= allowed || end >= limit_) {
+            if (needed >= MeasurementsLeft() || end == 0 || end >= limit_) {
                 return false;
             }
             if (Measure(end)) {
@@ -136,29 +144,27 @@ template <class Fits> class TitleSearch {
     /// Between low and high lie blanks, then one character's units but the last: the longest of those prefixes that
     /// fits, or low.
     unsigned long LongestAtEdge() {
-        unsigned long blanks = low_;
-        while (blanks + 1 < high_ && IsBlank(text_.characterAtIndex(blanks))) {
-            ++blanks;
+        unsigned long blanksEnd = low_;
+        while (blanksEnd + 1 < high_ && IsBlank(text_.characterAtIndex(blanksEnd))) {
+            ++blanksEnd;
         }
-        unsigned long tooLong = high_;
-        while (tooLong - blanks > kLongestRun) {
-            const unsigned long middle = blanks + ((tooLong - blanks) / 2);
-            (Measure(middle) ? blanks : tooLong) = middle;
+        const unsigned long left = MeasurementsLeft();
+        const unsigned long length = LongestBetween(blanksEnd, high_, kLongestRun);
+        return length > blanksEnd ? length : LongestBetween(low_, blanksEnd + 1, left);
+    }
+
+    /// The longest prefix that fits and is shorter than tooLong, or `low`. Once there are no more than so many, they
+    /// are tried one by one: a blank may be taller than the next one.
+    unsigned long LongestBetween(unsigned long low, unsigned long tooLong, unsigned long most) {
+        while (tooLong - low > most + 1) {
+            const unsigned long middle = low + ((tooLong - low) / 2);
+            (Measure(middle) ? low : tooLong) = middle;
+            most -= std::min(most, 1UL);
         }
-        for (unsigned long length = tooLong - 1; length > blanks; --length) {
-            if (Measure(length)) {
-                return length;
-            }
-        }
-        while (low_ < blanks) {
-            const unsigned long middle = low_ + ((blanks - low_ + 1) / 2);
-            if (Measure(middle)) {
-                low_ = middle;
-            } else {
-                blanks = middle - 1;
-            }
-        }
-        return low_;
+        do {
+            --tooLong;
+        } while (tooLong > low && !Measure(tooLong));
+        return tooLong;
     }
 
     ns::String text_;
