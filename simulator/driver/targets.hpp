@@ -14,10 +14,10 @@ struct Target {
     ui::View view;
 };
 
-/// Reads a target that a finger can reach: "TEXT", label "TEXT", button "TEXT", beside "TEXT", switch "TEXT",
-/// slider "TEXT", segment "TEXT", field "TEXT", cell N, tag N, alert "TITLE", class NAME [N], each perhaps followed by
-/// `in` and another target, or `at X Y`. Only what is visible counts; none and several are errors, and so is a target
-/// that is scrolled out of sight. The place is the middle of what the view shows now.
+/// Reads a target that a finger can reach: "TEXT", a word of kTextTargets with a text, `class NAME [N]`, `tag N [+ N]`,
+/// `with PROPERTY VALUE` or a word of the script's own, each perhaps followed by `in` and another target; or `at X Y`.
+/// Only what is visible counts; none and several are errors, and so is a target that is scrolled out of sight. The
+/// place is the middle of what the view shows now.
 Target ReadTarget(script::WordReader &words);
 
 /// The same for a target that may be scrolled out of sight.
@@ -31,15 +31,5 @@ ui::View ReadView(script::WordReader &words);
 
 /// Reads a target and gives all visible views that it means.
 std::vector<ui::View> ReadViews(script::WordReader &words);
-
-/// Whether a view and all that it lies in are shown.
-bool IsVisible(ui::View view);
-
-/// The title or text that a view shows; empty when it shows none.
-std::string TextShown(ui::View view);
-
-/// A view in few words: `UIButton "弹"`.
-script::Word DescribeClass(ui::View view);
-std::vector<script::Word> DescribeView(ui::View view);
 
 } // namespace sim::driver

@@ -38,7 +38,7 @@ Fact NameOfBlock(objc::id block) {
     if (found == Blocks().end()) {
         return {Bare("<block>")};
     }
-    return {Bare("block"), Bare(std::to_string(found->first))};
+    return {Bare("block"), Bare(found->first)};
 }
 
 } // namespace sim::hosts

@@ -2,7 +2,7 @@
 // The host's own blocks under the names that scripts give them: "block 1", "block 2".
 
 #include "objc/block.hpp"
-#include "script/expectation.hpp"
+#include "script/words.hpp"
 
 namespace sim::hosts {
 

@@ -2,21 +2,17 @@
 // Calls of host methods from a script, with arguments read by the method's own type encoding.
 
 #include "apple/uikit/view.hpp"
-#include "script/expectation.hpp"
+#include "script/words.hpp"
 
 namespace sim::hosts {
 
 /// An exception that came out of the host's own code although the host was not told to throw there.
-class ReachedHost : public std::exception {
-  public:
-    explicit ReachedHost(std::string reason) : reason_(std::move(reason)) {}
-    const char *what() const noexcept override {
-        return reason_.c_str();
-    }
-
-  private:
-    std::string reason_;
+class ReachedHost : public std::runtime_error {
+    using std::runtime_error::runtime_error;
 };
+
+/// Reads a value, or the name of a host object that is there.
+ns::Object ReadObject(script::WordReader &words);
 
 /// Sends the selector to the object as the host's own code does and describes the result (empty for none). Objects
 /// among the arguments are values, host objects or blocks by name. When the method itself was told to throw, the answer

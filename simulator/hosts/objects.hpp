@@ -3,12 +3,9 @@
 
 #include "apple/foundation/object.hpp"
 #include "objc/ref.hpp"
-#include "script/expectation.hpp"
+#include "script/words.hpp"
 
-#include <map>
-#include <memory>
-#include <string>
-#include <vector>
+#include <set>
 
 namespace sim::hosts {
 
@@ -30,20 +27,26 @@ class Objects {
     /// Its words, as in `store 1`; `<Class>` for an object without a name, `nil` for none.
     script::Fact NameOf(ns::Object object) const;
     /// Whether the object has a name.
-    bool Knows(ns::Object object) const;
+    bool Knows(ns::Object object) const {
+        return Find(object) != nullptr;
+    }
     /// The last object of a kind; nil when there is none or it is gone.
     objc::Ref<ns::Object> Last(const std::string &kind) const;
 
   private:
-    /// An object that the host may hold, and that others may hold when it no longer does.
+    /// An object that has been made; others may hold it when the host no longer does.
     struct Entry {
+        std::string kind;
+        long number;
         objc::WeakRef<ns::Object> object;
-        bool held = true;
     };
-    Entry &ReadEntry(script::WordReader &words) const;
-    Entry *Find(ns::Object object) const;
+    const Entry &ReadEntry(script::WordReader &words) const;
+    const Entry *Find(ns::Object object) const;
+    /// How many objects of the kind there have been.
+    long Count(const std::string &kind) const;
 
-    std::map<std::string, std::vector<std::unique_ptr<Entry>>> entries_;
+    std::vector<Entry> entries_; // in the order of their making
+    std::set<objc::id> held_;    // by the host
 };
 
 /// The objects of this process's one host.
