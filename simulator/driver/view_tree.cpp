@@ -20,11 +20,6 @@ std::string ColorText(ui::Color color) {
     return rgba.a == 1 ? Hex(rgba) : Hex(rgba) + "@" + Number(rgba.a);
 }
 
-std::string Quoted(ns::String text) {
-    const char *bytes = text.UTF8String();
-    return script::Quoted(bytes != nullptr ? bytes : "");
-}
-
 std::string Line(ui::View view) {
     const ViewState &state = ViewStateOf(view);
     const cg::Rect frame = FrameOf(state.model);
@@ -42,11 +37,11 @@ std::string Line(ui::View view) {
     }
     if (view.respondsToSelector(objc::Selector<"currentTitle">())) {
         if (const auto title = objc::Send<"currentTitle", ns::String>(view)) {
-            line += " title " + Quoted(title);
+            line += " title " + script::Quoted(script::TextOf(title));
         }
     } else if (view.respondsToSelector(objc::Selector<"text">())) {
         if (const auto text = objc::Send<"text", ns::String>(view)) {
-            line += " text " + Quoted(text);
+            line += " text " + script::Quoted(script::TextOf(text));
         }
     }
     if (state.model.backgroundColor) {
