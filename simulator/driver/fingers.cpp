@@ -6,7 +6,7 @@
 
 namespace sim::driver {
 
-void CheckFree(TouchId finger, const script::WordReader &words) {
+void CheckFree(TouchId finger, const WordReader &words) {
     if (touch::IsDown(finger)) {
         words.Fail("finger " + std::to_string(finger) + " is down already");
     }

@@ -10,7 +10,7 @@ namespace sim::driver {
 inline constexpr TouchId kFinger = 1;
 
 /// Throws ScriptError when the finger is down.
-void CheckFree(TouchId finger, const script::WordReader &words);
+void CheckFree(TouchId finger, const WordReader &words);
 
 /// A finger lands and waits for what that sets off at once.
 void Land(TouchId finger, cg::Point point);

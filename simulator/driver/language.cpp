@@ -22,20 +22,20 @@ template <class Row> const Row *Find(std::span<const Row> Subject::*table, const
 }
 
 /// A query in the simulator's own words.
-script::Answer AskOwn(Session &session, script::WordReader &words) {
+Answer AskOwn(Session &session, WordReader &words) {
     const std::string name = words.Name("a query");
     const Query *query = Find(&Subject::queries, name);
     if (query == nullptr) {
         words.Fail("unknown query " + name);
     }
-    script::Answer answer = query->ask(session, words);
+    Answer answer = query->ask(session, words);
     words.End();
     return answer;
 }
 
 } // namespace
 
-void Execute(Session &session, script::WordReader &words) {
+void Execute(Session &session, WordReader &words) {
     const std::string name = words.Name("a command");
     const Command *command = Find(&Subject::commands, name);
     if (command == nullptr) {
@@ -48,13 +48,13 @@ void Execute(Session &session, script::WordReader &words) {
     words.End();
 }
 
-script::Answer Ask(Session &session, script::WordReader &words) {
-    std::optional<std::vector<script::Word>> meaning = script::TheVocabulary().Take("query", words);
+Answer Ask(Session &session, WordReader &words) {
+    std::optional<std::vector<Word>> meaning = script::TheVocabulary().Take("query", words);
     if (!meaning) {
         return AskOwn(session, words);
     }
     script::Append(*meaning, words.Rest());
-    script::WordReader asked(words.place(), *meaning);
+    WordReader asked(words.place(), *meaning);
     return AskOwn(session, asked);
 }
 

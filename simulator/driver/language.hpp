@@ -9,13 +9,13 @@ enum class When { kAfterLaunch, kBeforeLaunchToo };
 
 struct Command {
     const char *name;
-    void (*execute)(Session &session, script::WordReader &words);
+    void (*execute)(Session &session, WordReader &words);
     When when = When::kAfterLaunch;
 };
 
 struct Query {
     const char *name;
-    script::Answer (*ask)(Session &session, script::WordReader &words);
+    Answer (*ask)(Session &session, WordReader &words);
 };
 
 struct Subject {
@@ -25,9 +25,9 @@ struct Subject {
 
 /// Reads a command (its first word names it) and carries it out. Throws ScriptError, also for a command that comes
 /// before the launch although it needs the app.
-void Execute(Session &session, script::WordReader &words);
+void Execute(Session &session, WordReader &words);
 
 /// Reads a query (its first word names it) and answers it. Throws ScriptError.
-script::Answer Ask(Session &session, script::WordReader &words);
+Answer Ask(Session &session, WordReader &words);
 
 } // namespace sim::driver

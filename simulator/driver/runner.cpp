@@ -15,10 +15,8 @@
 namespace sim::driver {
 namespace {
 
-using script::Bare;
 using script::Line;
 using script::ScriptError;
-using script::WordReader;
 
 /// Runs work that the host or the system would do; an exception that comes out of it has reached the host.
 template <class Work> void AsHost(const Work &work) {
@@ -43,7 +41,7 @@ void EndTurn() {
 }
 
 void SayComment(const hosts::Comment &comment, std::size_t number) {
-    script::Fact fact{Bare("comment " + std::to_string(number) + ":")};
+    Fact fact{Bare("comment " + std::to_string(number) + ":")};
     Append(fact, hosts::DescribeComment(comment));
     Say(fact);
 }
@@ -87,7 +85,7 @@ void Play(Session &session, const Line &line) {
 
 } // namespace
 
-void Say(const script::Fact &fact) {
+void Say(const Fact &fact) {
     std::printf("%s\n", script::Render(fact).c_str());
 }
 

@@ -21,6 +21,6 @@ struct Session {
 };
 
 /// Prints one fact.
-void Say(const script::Fact &fact);
+void Say(const Fact &fact);
 
 } // namespace sim::driver

@@ -18,8 +18,6 @@
 namespace sim::driver {
 namespace {
 
-using script::WordReader;
-
 struct Found {
     ui::View view;
     std::optional<cg::Point> within = std::nullopt; // a place in the view's own coordinates instead of its middle
@@ -179,7 +177,7 @@ Test PropertyTest(WordReader &words) {
     if (!IsProperty(name)) {
         words.Fail("views have no property " + name);
     }
-    const script::Fact value{words.Next("its value")};
+    const Fact value{words.Next("its value")};
     return Where([name, value](ui::View view) { return PropertyNamed(view, name) == value; });
 }
 
@@ -214,7 +212,7 @@ Description ReadOwnDescription(WordReader &words) {
 }
 
 Description ReadDescription(WordReader &words) {
-    const std::optional<std::vector<script::Word>> meaning = script::TheVocabulary().Take("target", words);
+    const std::optional<std::vector<Word>> meaning = script::TheVocabulary().Take("target", words);
     if (!meaning) {
         return ReadOwnDescription(words);
     }
@@ -266,7 +264,7 @@ void CheckOne(const std::vector<Found> &found, const WordReader &words) {
     for (const Found &one : found) {
         const cg::Point center = ToScreen(one.view, {0, 0});
         message += " " + script::Render(DescribeView(one.view)) + " at " +
-                   script::Render(std::vector{script::Bare(center.x), script::Bare(center.y)}) + ";";
+                   script::Render(std::vector{Bare(center.x), Bare(center.y)}) + ";";
     }
     message.back() = '.';
     words.Fail(message);

@@ -18,18 +18,18 @@ struct Target {
 /// `with PROPERTY VALUE` or a word of the script's own, each perhaps followed by `in` and another target; or `at X Y`.
 /// Only what is visible counts; none and several are errors, and so is a target that is scrolled out of sight. The
 /// place is the middle of what the view shows now.
-Target ReadTarget(script::WordReader &words);
+Target ReadTarget(WordReader &words);
 
 /// The same for a target that may be scrolled out of sight.
-Target ReadTargetAnywhere(script::WordReader &words);
+Target ReadTargetAnywhere(WordReader &words);
 
 /// The scroll view around the target in whose visible part its place does not lie; nil when the place can be seen.
 ui::View ScrolledOutOf(const Target &target);
 
 /// Reads a target's view, which may be hidden when no visible one is meant; nil when there is none.
-ui::View ReadView(script::WordReader &words);
+ui::View ReadView(WordReader &words);
 
 /// Reads a target and gives all visible views that it means.
-std::vector<ui::View> ReadViews(script::WordReader &words);
+std::vector<ui::View> ReadViews(WordReader &words);
 
 } // namespace sim::driver

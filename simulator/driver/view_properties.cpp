@@ -14,10 +14,6 @@
 namespace sim::driver {
 namespace {
 
-using script::Bare;
-using script::Fact;
-using script::WordReader;
-
 Fact Describe(cg::Point point) {
     return {Bare(point.x), Bare(point.y)};
 }
@@ -149,7 +145,7 @@ std::string TextShown(ui::View view) {
     return {};
 }
 
-script::Word DescribeClass(ui::View view) {
+Word DescribeClass(ui::View view) {
     return Bare(script::ClassName(view));
 }
 

@@ -23,21 +23,21 @@ bool IsShown(ui::View view);
 std::string TextShown(ui::View view);
 
 /// A view in few words: `UIButton "弹"`; `nothing` for nil.
-script::Word DescribeClass(ui::View view);
-script::Fact DescribeView(ui::View view);
+Word DescribeClass(ui::View view);
+Fact DescribeView(ui::View view);
 
 /// A rectangle as `x y width height`, a colour as `#RRGGBB`.
-script::Fact DescribeRect(cg::Rect rect);
+Fact DescribeRect(cg::Rect rect);
 std::string Hex(const Rgba &color);
 
 /// Reads [presented] PROPERTY and describes it; with `presented` the value that running animations show now.
 /// Throws ScriptError for a name that no property has or that this view does not have.
-script::Fact DescribeProperty(ui::View view, script::WordReader &words);
+Fact DescribeProperty(ui::View view, WordReader &words);
 
 /// Whether any view has a property of this name.
 bool IsProperty(const std::string &name);
 
 /// One property by its name, not as presented; empty when this view does not have it.
-script::Fact PropertyNamed(ui::View view, const std::string &name);
+Fact PropertyNamed(ui::View view, const std::string &name);
 
 } // namespace sim::driver

@@ -9,11 +9,6 @@
 namespace sim::hosts {
 namespace {
 
-using script::Answer;
-using script::Bare;
-using script::Fact;
-using script::WordReader;
-
 Plan::Method ReadMethod(WordReader &words) {
     const std::string cls = words.Name("a class");
     return {cls, words.Name("a selector")};

@@ -29,15 +29,15 @@ class Host {
     void Launch(ui::WindowScene scene);
     /// Carries out one `host …` command and gives what it has to say (may be nothing). Throws ScriptError for words
     /// that it does not know, ReachedHost for an exception that came out of the host's code unasked.
-    script::Fact Event(script::WordReader &words);
+    Fact Event(WordReader &words);
     /// Carries out one of the commands that shape the app before it is launched.
-    static void Shape(script::WordReader &words);
+    static void Shape(WordReader &words);
     /// Answers a `host …` query.
-    static script::Answer Query(script::WordReader &words);
+    static Answer Query(WordReader &words);
 
   protected:
     /// An event reads its own words and gives what it has to say.
-    using EventFunction = std::function<script::Fact(script::WordReader &words)>;
+    using EventFunction = std::function<Fact(WordReader &words)>;
 
     Host(LiveRoomLook look, std::span<const Kind> kinds);
     /// Adds an event of the app's own.
@@ -52,7 +52,7 @@ class Host {
 
   private:
     /// move VIEW to screen|VIEW|nowhere.
-    script::Fact Move(script::WordReader &words);
+    Fact Move(WordReader &words);
     /// The app keeps nothing of a room that it has left.
     void Leave();
 

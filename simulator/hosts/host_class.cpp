@@ -29,7 +29,7 @@ void Raise(const std::string &reason) {
     std::abort(); // raise does not return
 }
 
-void Arrive(objc::id self, objc::SEL selector, const std::vector<script::Fact> &arguments) {
+void Arrive(objc::id self, objc::SEL selector, const std::vector<Fact> &arguments) {
     RecordCall(ns::Object{self}, sel_getName(selector), arguments);
     if (const std::string *reason = ThePlan().ReasonToThrow(objc::object_getClass(self), sel_getName(selector))) {
         GiveUp(self, selector);

@@ -11,7 +11,7 @@ namespace sim::hosts {
 
 /// Records a call and raises what the plan holds for it. An initialiser that raises gives its object up; an object
 /// whose dealloc raises is lost, which is no leak of ours.
-void Arrive(objc::id self, objc::SEL selector, const std::vector<script::Fact> &arguments);
+void Arrive(objc::id self, objc::SEL selector, const std::vector<Fact> &arguments);
 
 /// Whether the plan lets the method do nothing. An initialiser that does nothing gives its object up.
 bool Refuses(objc::id self, objc::SEL selector);

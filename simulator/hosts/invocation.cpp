@@ -15,10 +15,6 @@
 namespace sim::hosts {
 namespace {
 
-using script::Bare;
-using script::Fact;
-using script::WordReader;
-
 /// Room for any one argument or result.
 union Slot {
     objc::id object;
@@ -84,8 +80,8 @@ std::vector<const Type *> TypesOf(const char *encoding, const WordReader &words)
             continue;
         }
         at += at[0] == '@' && at[1] == '?' ? 1 : 0;
-        const auto *const type =
-            std::ranges::find_if(kTypes, [at](const Type &row) { return row.codes.find(*at) != std::string_view::npos; });
+        const auto *const type = std::ranges::find_if(
+            kTypes, [at](const Type &row) { return row.codes.find(*at) != std::string_view::npos; });
         if (type == std::end(kTypes)) {
             words.Fail(std::string("a script cannot pass or print a value of type ") + *at);
         }
@@ -165,7 +161,7 @@ Fact Invoke(ns::Object receiver, const std::string &selector, WordReader &argume
     return outcome.threw.empty() ? outcome.result : outcome.threw;
 }
 
-Fact InvokeIfAnswered(ns::Object receiver, const std::string &selector, std::vector<script::Word> arguments) {
+Fact InvokeIfAnswered(ns::Object receiver, const std::string &selector, std::vector<Word> arguments) {
     if (!receiver.respondsToSelector(sel_registerName(selector.c_str()))) {
         return {};
     }

@@ -7,8 +7,6 @@
 
 namespace sim::hosts {
 
-using script::Bare;
-
 Objects &TheObjects() {
     // Never destroyed: the objects that it points to are not taken apart at exit either.
     static auto &objects = *new Objects();
@@ -44,7 +42,7 @@ void Objects::ReleaseToDeath(ns::Object object) {
     }
 }
 
-const Objects::Entry &Objects::ReadEntry(script::WordReader &words) const {
+const Objects::Entry &Objects::ReadEntry(WordReader &words) const {
     const std::string kind = words.Name("the kind of an object");
     const long number = words.Integer("the number of the " + kind);
     const auto found = std::ranges::find_if(
@@ -55,7 +53,7 @@ const Objects::Entry &Objects::ReadEntry(script::WordReader &words) const {
     return *found;
 }
 
-objc::Ref<ns::Object> Objects::Read(script::WordReader &words) const {
+objc::Ref<ns::Object> Objects::Read(WordReader &words) const {
     objc::Ref<ns::Object> object = ReadEntry(words).object.Lock();
     if (!object) {
         words.Fail("that object is gone");
@@ -63,15 +61,15 @@ objc::Ref<ns::Object> Objects::Read(script::WordReader &words) const {
     return object;
 }
 
-bool Objects::ReadWhetherAlive(script::WordReader &words) const {
+bool Objects::ReadWhetherAlive(WordReader &words) const {
     return static_cast<bool>(ReadEntry(words).object.Lock());
 }
 
-bool Objects::Sees(const script::WordReader &words) const {
+bool Objects::Sees(const WordReader &words) const {
     return std::ranges::any_of(entries_, [&](const Entry &entry) { return words.Sees(entry.kind); });
 }
 
-script::Fact Objects::NameOf(ns::Object object) const {
+Fact Objects::NameOf(ns::Object object) const {
     if (const Entry *entry = Find(object)) {
         return {Bare(entry->kind), Bare(entry->number)};
     }

@@ -19,13 +19,13 @@ class Objects {
     void ReleaseToDeath(ns::Object object);
 
     /// Reads "KIND N"; an unknown object and one that is gone are errors.
-    objc::Ref<ns::Object> Read(script::WordReader &words) const;
+    objc::Ref<ns::Object> Read(WordReader &words) const;
     /// Reads "KIND N" and tells whether that object still exists.
-    bool ReadWhetherAlive(script::WordReader &words) const;
+    bool ReadWhetherAlive(WordReader &words) const;
     /// Whether the next word is the kind of an object that has been made.
-    bool Sees(const script::WordReader &words) const;
+    bool Sees(const WordReader &words) const;
     /// Its words, as in `store 1`; `<Class>` for an object without a name, `nil` for none.
-    script::Fact NameOf(ns::Object object) const;
+    Fact NameOf(ns::Object object) const;
     /// Whether the object has a name.
     bool Knows(ns::Object object) const {
         return Find(object) != nullptr;
@@ -40,7 +40,7 @@ class Objects {
         long number;
         objc::WeakRef<ns::Object> object;
     };
-    const Entry &ReadEntry(script::WordReader &words) const;
+    const Entry &ReadEntry(WordReader &words) const;
     const Entry *Find(ns::Object object) const;
     /// How many objects of the kind there have been.
     long Count(const std::string &kind) const;

@@ -6,9 +6,6 @@
 namespace sim::hosts {
 namespace {
 
-using script::Bare;
-using script::Fact;
-
 struct Field {
     const char *name;
     Fact Comment::*value;
@@ -60,7 +57,7 @@ Fact DescribeComment(const Comment &comment) {
     return fact;
 }
 
-Fact DescribeField(const Comment &comment, script::WordReader &words) {
+Fact DescribeField(const Comment &comment, WordReader &words) {
     const std::string name = words.Name("text, path, object, room or context");
     for (const Field &field : kFields) {
         if (name == field.name) {

@@ -12,16 +12,16 @@ namespace sim::hosts {
 /// One call of a host method as its own implementation saw it.
 struct Call {
     std::string selector;
-    script::Fact fact; // `OBJECT SELECTOR ARGUMENTS…`
+    Fact fact; // `OBJECT SELECTOR ARGUMENTS…`
 };
 
 /// One comment that a host received.
 struct Comment {
-    script::Fact text;    // "你好", or nil
-    script::Fact path;    // the method family that it came through: `store`, `fragment`, …
-    script::Fact object;  // who received it: `store 1`
-    script::Fact room;    // the room id that it carries, or nil
-    script::Fact context; // key and value of everything that came with it, in the order of arrival; or nil
+    Fact text;    // "你好", or nil
+    Fact path;    // the method family that it came through: `store`, `fragment`, …
+    Fact object;  // who received it: `store 1`
+    Fact room;    // the room id that it carries, or nil
+    Fact context; // key and value of everything that came with it, in the order of arrival; or nil
 };
 
 struct Record {
@@ -35,31 +35,31 @@ struct Record {
 Record &TheRecord();
 
 /// Keeps a call of the selector with these arguments.
-void RecordCall(ns::Object receiver, const char *selector, const std::vector<script::Fact> &arguments);
+void RecordCall(ns::Object receiver, const char *selector, const std::vector<Fact> &arguments);
 
 /// Keeps a comment that reached an object of the host and tells the listeners; the context is `nil` unless something
 /// came with it.
 void ReceiveComment(const char *path, ns::Object receiver, ns::Object text, ns::Object room = {},
-                    script::Fact context = {script::Bare("nil")});
+                    Fact context = {Bare("nil")});
 
 /// The comment as `"text" path PATH object OBJECT room ID context KEY VALUE…`, or the one field that is named next.
 /// Throws ScriptError for a field that comments do not have.
-script::Fact DescribeComment(const Comment &comment);
-script::Fact DescribeField(const Comment &comment, script::WordReader &words);
+Fact DescribeComment(const Comment &comment);
+Fact DescribeField(const Comment &comment, WordReader &words);
 
 /// An argument in the words of a script: a value, or the name of a host object.
-script::Fact DescribeArgument(ns::Object value);
+Fact DescribeArgument(ns::Object value);
 template <class T>
     requires std::is_arithmetic_v<T>
-script::Fact DescribeArgument(T value) {
-    return {script::Bare(value)};
+Fact DescribeArgument(T value) {
+    return {Bare(value)};
 }
-template <class Signature> script::Fact DescribeArgument(objc::Block<Signature> block) {
+template <class Signature> Fact DescribeArgument(objc::Block<Signature> block) {
     return NameOfBlock(block.pointer);
 }
 template <objc::Handle View>
     requires(!std::derived_from<View, ns::Object>)
-script::Fact DescribeArgument(View object) {
+Fact DescribeArgument(View object) {
     return DescribeArgument(ns::Object{object});
 }
 

@@ -97,3 +97,14 @@ class WordReader {
 std::optional<double> ParseNumber(const Word &word);
 
 } // namespace sim::script
+
+namespace sim {
+
+// What drivers and hosts speak in all the time.
+using script::Answer;
+using script::Bare;
+using script::Fact;
+using script::Word;
+using script::WordReader;
+
+} // namespace sim

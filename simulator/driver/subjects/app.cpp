@@ -8,11 +8,6 @@
 namespace sim::driver {
 namespace {
 
-using script::Answer;
-using script::Bare;
-using script::Fact;
-using script::WordReader;
-
 void DoHost(Session &session, WordReader &words) {
     if (!session.launched) {
         hosts::Host::Shape(words);

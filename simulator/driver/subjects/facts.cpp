@@ -8,11 +8,6 @@
 namespace sim::driver {
 namespace {
 
-using script::Answer;
-using script::Fact;
-using script::Word;
-using script::WordReader;
-
 std::string RenderAnswer(const Answer &answer) {
     std::string text;
     for (const Fact &fact : answer) {
@@ -65,8 +60,7 @@ constexpr Command kCommands[] = {
 };
 
 constexpr Query kQueries[] = {
-    {"count",
-     [](Session &session, WordReader &words) -> Answer { return {{script::Bare(Ask(session, words).size())}}; }},
+    {"count", [](Session &session, WordReader &words) -> Answer { return {{Bare(Ask(session, words).size())}}; }},
 };
 
 } // namespace

@@ -11,8 +11,6 @@
 namespace sim::driver {
 namespace {
 
-using script::WordReader;
-
 /// The file's text, UTF-8. The name counts from the script's directory.
 ns::String ReadFile(WordReader &words) {
     const std::string &name = words.Next("a file").text;
@@ -60,13 +58,13 @@ void DoPasteboard(Session &, WordReader &words) {
     ui::Pasteboard::generalPasteboard().setString(text);
 }
 
-script::Answer AskPasteboard(Session &, WordReader &words) {
+Answer AskPasteboard(Session &, WordReader &words) {
     const ns::String text = ui::Pasteboard::generalPasteboard().string();
     if (!text) {
         words.Rest();
         return {};
     }
-    return {{words.Take("length") ? script::Bare(text.length()) : script::Text(script::TextOf(text))}};
+    return {{words.Take("length") ? Bare(text.length()) : script::Text(script::TextOf(text))}};
 }
 
 constexpr Command kCommands[] = {{"pasteboard", &DoPasteboard, When::kBeforeLaunchToo}};

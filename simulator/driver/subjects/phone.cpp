@@ -15,10 +15,6 @@
 namespace sim::driver {
 namespace {
 
-using script::Answer;
-using script::Bare;
-using script::WordReader;
-
 void DoWait(Session &, WordReader &words) {
     const double seconds = words.Number("seconds");
     words.End();

@@ -9,11 +9,6 @@
 namespace sim::driver {
 namespace {
 
-using script::Answer;
-using script::Bare;
-using script::Fact;
-using script::WordReader;
-
 ns::UserDefaults Defaults() {
     return ns::UserDefaults::standardUserDefaults();
 }

@@ -13,11 +13,6 @@
 namespace sim::driver {
 namespace {
 
-using script::Answer;
-using script::Bare;
-using script::Fact;
-using script::WordReader;
-
 /// The controller that everything else of the app's screen stands on.
 ui::ViewController TopController(const WordReader &words) {
     const std::vector<ui::Window> windows = WindowsOf(nullptr);
@@ -136,7 +131,7 @@ void DoPick(Session &, WordReader &words) {
     ChooseColor(picker, color);
 }
 
-script::Word TextOrNone(ns::String text) {
+Word TextOrNone(ns::String text) {
     return text ? script::Text(script::TextOf(text)) : Bare("none");
 }
 

@@ -11,10 +11,6 @@
 namespace sim::driver {
 namespace {
 
-using script::Answer;
-using script::Bare;
-using script::WordReader;
-
 /// UISceneActivationState, from its lowest value on.
 constexpr const char *kStates[] = {"unattached", "active", "inactive", "background"};
 constexpr long kLowestState = -1;

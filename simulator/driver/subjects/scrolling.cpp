@@ -16,9 +16,6 @@
 namespace sim::driver {
 namespace {
 
-using script::Bare;
-using script::WordReader;
-
 constexpr double kEdge = 6;       // points from a scroll view's edges where a finger lands and turns back
 constexpr double kMargin = 30;    // points that are left between the target and the edge
 constexpr double kTouchSlop = 12; // points that a finger goes before the content follows

@@ -12,16 +12,13 @@
 namespace sim::driver {
 namespace {
 
-using script::Bare;
-using script::WordReader;
-
 constexpr double kLongPress = 0.6; // seconds; recognisers ask for half a second
 
 /// Says what a finger did, on which view and where.
 void SayTouch(const char *what, cg::Point point) {
-    script::Fact fact{Bare(what)};
+    Fact fact{Bare(what)};
     Append(fact, DescribeView(HitTestScreen(point)));
-    Append(fact, script::Fact{Bare("at"), Bare(point.x), Bare(point.y)});
+    Append(fact, Fact{Bare("at"), Bare(point.x), Bare(point.y)});
     Say(fact);
 }
 

@@ -12,10 +12,6 @@
 namespace sim::driver {
 namespace {
 
-using script::Answer;
-using script::Bare;
-using script::WordReader;
-
 void CheckEditing(const WordReader &words) {
     if (!EditedView()) {
         words.Fail("no text is being edited");

@@ -10,10 +10,6 @@
 namespace sim::driver {
 namespace {
 
-using script::Answer;
-using script::Bare;
-using script::WordReader;
-
 Answer AskViews(Session &, WordReader &words) {
     const bool hiddenToo = words.Take("hidden");
     const ui::View root = words.AtEnd() ? ui::View{} : ReadView(words);

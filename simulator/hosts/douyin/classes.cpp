@@ -7,8 +7,6 @@ namespace sim::hosts::douyin {
 namespace {
 
 using Completion = objc::Block<void()>;
-using script::Bare;
-using script::Fact;
 
 // What a comment context holds, in the order in which facts show it.
 constexpr const char *kContextKeys[] = {"content", "plainText", "roomId", "identifier", "isUrgent", "priority"};

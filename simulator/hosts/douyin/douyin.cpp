@@ -8,9 +8,6 @@
 namespace sim::hosts {
 namespace {
 
-using script::Fact;
-using script::WordReader;
-
 constexpr Kind kKinds[] = {
     {"fragment", "HTSLiveCommentFragment", true},
     {"gift-fragment", "HTSLiveGiftFragment"},

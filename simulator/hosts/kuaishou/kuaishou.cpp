@@ -5,9 +5,6 @@
 namespace sim::hosts {
 namespace {
 
-using script::Bare;
-using script::Fact;
-using script::WordReader;
 using Completion = objc::Block<void()>;
 
 constexpr Kind kKinds[] = {

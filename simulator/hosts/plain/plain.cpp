@@ -7,7 +7,7 @@ namespace sim::hosts {
 class Plain final : public Host {
   public:
     Plain() : Host({.appName = "直播", .placeholder = "说点什么…", .anchor = "主播", .accent = 0x3478F6}, {}) {
-        On("enter", [this](script::WordReader &words) -> script::Fact {
+        On("enter", [this](WordReader &words) -> Fact {
             room().Enter(words.QuotedText("the room"));
             return {};
         });

@@ -7,9 +7,6 @@
 namespace sim::hosts {
 namespace {
 
-using script::Fact;
-using script::WordReader;
-
 constexpr Kind kKinds[] = {
     {"view", "MMLiveCommentView", true},
     {"search-view", "MMLiveSearchView"},

@@ -9,9 +9,6 @@
 namespace sim::hosts {
 namespace {
 
-using script::Bare;
-using script::Fact;
-using script::WordReader;
 using Completion = objc::Block<void()>;
 
 constexpr const char *kMessageClass = "XYLiveIMMessage";
