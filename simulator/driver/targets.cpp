@@ -41,10 +41,6 @@ void WalkScreen(bool hiddenToo, const std::function<void(ui::View)> &visit) {
     }
 }
 
-bool Shows(ui::View view, const char *className, const std::string &text) {
-    return IsKind(view, className) && TextShown(view) == text;
-}
-
 /// A segment has no view of its own.
 void AddSegments(ui::View view, const std::string &text, std::vector<Found> &found) {
     if (!IsKind(view, ui::SegmentedControl::kClassName)) {
@@ -74,9 +70,18 @@ void AddText(ui::View view, const std::string &text, std::vector<Found> &found) 
     }
 }
 
-/// The control of a class that is nearest in height to the label with this text, in the same superview: its middle is
-/// less than `up` points above the label's and less than `down` below it.
-void AddControl(ui::View label, const char *className, double up, double down, std::vector<Found> &found) {
+bool Shows(ui::View view, const char *className, const std::string &text) {
+    return IsKind(view, className) && TextShown(view) == text;
+}
+
+/// The view itself when it is of the class and shows the text.
+template <objc::FixedString ClassName> ui::View Itself(ui::View view, const std::string &text) {
+    return Shows(view, ClassName.data, text) ? view : ui::View{};
+}
+
+/// The control of a class that is nearest in height to a label, in the same superview: its middle is less than `up`
+/// points above the label's and less than `down` below it.
+ui::View ControlNear(ui::View label, const char *className, double up, double down) {
     ui::View nearest;
     double smallest = std::max(up, down);
     for (const objc::Ref<ui::View> &other : ViewStateOf(label.superview()).subviews) {
@@ -86,63 +91,43 @@ void AddControl(ui::View label, const char *className, double up, double down, s
             smallest = std::abs(below);
         }
     }
-    if (nearest) {
-        found.push_back({nearest});
-    }
+    return nearest;
 }
 
-/// The control of a row: on the height of its label or right below it.
-template <objc::FixedString ClassName>
-void AddOfRow(ui::View view, const std::string &text, std::vector<Found> &found) {
+/// The control in the row of the label with this text, or right below it.
+template <objc::FixedString ClassName> ui::View ControlOfRow(ui::View view, const std::string &text) {
     constexpr double kRowReach = 40; // points from the label's middle to the control's
-    if (Shows(view, "UILabel", text)) {
-        AddControl(view, ClassName.data, view.frame().size.height / 2, kRowReach, found);
-    }
+    return Shows(view, "UILabel", text) ? ControlNear(view, ClassName.data, view.frame().size.height / 2, kRowReach)
+                                        : ui::View{};
 }
 
-/// What a word means that a text follows.
+/// A word that a text follows, and the view that they mean when the search comes by a view; nil when they mean none.
 struct TextTarget {
     const char *word;
-    void (*add)(ui::View view, const std::string &text, std::vector<Found> &found);
+    ui::View (*find)(ui::View view, const std::string &text);
 };
 
 constexpr TextTarget kTextTargets[] = {
-    {"label",
-     [](ui::View view, const std::string &text, std::vector<Found> &found) {
-         if (Shows(view, "UILabel", text)) {
-             found.push_back({view});
-         }
-     }},
-    {"button",
-     [](ui::View view, const std::string &text, std::vector<Found> &found) {
-         if (Shows(view, "UIButton", text)) {
-             found.push_back({view});
-         }
-     }},
+    {"label", &Itself<"UILabel">},
+    {"button", &Itself<"UIButton">},
     {"beside",
-     [](ui::View view, const std::string &text, std::vector<Found> &found) {
-         if (Shows(view, "UILabel", text)) {
-             const double height = view.frame().size.height;
-             AddControl(view, "UIControl", height, height, found);
-         }
+     [](ui::View view, const std::string &text) {
+         const double height = view.frame().size.height;
+         return Shows(view, "UILabel", text) ? ControlNear(view, "UIControl", height, height) : ui::View{};
      }},
-    {"switch", &AddOfRow<"UISwitch">},
-    {"slider", &AddOfRow<"UISlider">},
-    {"segment", &AddSegments},
+    {"switch", &ControlOfRow<"UISwitch">},
+    {"slider", &ControlOfRow<"UISlider">},
     {"field", // by its placeholder, which it keeps when a text hides it
-     [](ui::View view, const std::string &text, std::vector<Found> &found) {
-         if (IsKind(view, "UITextField") && script::TextOf(objc::Send<"placeholder", ns::String>(view)) == text) {
-             found.push_back({view});
-         }
+     [](ui::View view, const std::string &text) {
+         const bool meant =
+             IsKind(view, "UITextField") && script::TextOf(objc::Send<"placeholder", ns::String>(view)) == text;
+         return meant ? view : ui::View{};
      }},
     {"alert", // in the front-most one
-     [](ui::View view, const std::string &text, std::vector<Found> &found) {
-         if (Shows(view, "UIButton", text)) {
-             const std::vector<ui::AlertController> alerts = PresentedAlerts();
-             if (!alerts.empty() && IsDescendant(view, alerts.back().view())) {
-                 found.push_back({view});
-             }
-         }
+     [](ui::View view, const std::string &text) {
+         const std::vector<ui::AlertController> alerts = PresentedAlerts();
+         return !alerts.empty() && IsDescendant(view, alerts.back().view()) ? Itself<"UIButton">(view, text)
+                                                                            : ui::View{};
      }},
 };
 
@@ -161,7 +146,11 @@ struct Description {
 
 Test TextTest(const TextTarget &target, WordReader &words) {
     const std::string text = words.QuotedText(std::string("the text of ") + target.word);
-    return [&target, text](ui::View view, std::vector<Found> &found) { target.add(view, text, found); };
+    return [&target, text](ui::View view, std::vector<Found> &found) {
+        if (const ui::View meant = target.find(view, text)) {
+            found.push_back({meant});
+        }
+    };
 }
 
 Test TagTest(WordReader &words) {
@@ -183,14 +172,17 @@ Test PropertyTest(WordReader &words) {
 
 /// A target in the simulator's own words.
 Description ReadOwnDescription(WordReader &words) {
-    static constexpr TextTarget kAnyText{"what shows it", &AddText};
     Description what;
     const auto *const target =
         std::ranges::find_if(kTextTargets, [&words](const TextTarget &row) { return words.Take(row.word); });
     if (target != std::end(kTextTargets)) {
         what.test = TextTest(*target, words);
     } else if (words.SeesText()) {
-        what.test = TextTest(kAnyText, words);
+        const std::string text = words.QuotedText("a text");
+        what.test = [text](ui::View view, std::vector<Found> &found) { AddText(view, text, found); };
+    } else if (words.Take("segment")) {
+        const std::string text = words.QuotedText("the segment's title");
+        what.test = [text](ui::View view, std::vector<Found> &found) { AddSegments(view, text, found); };
     } else if (words.Take("tag")) {
         what.test = TagTest(words);
     } else if (words.Take("with")) {
@@ -206,7 +198,7 @@ Description ReadOwnDescription(WordReader &words) {
         for (const TextTarget &row : kTextTargets) {
             known += std::string(row.word) + ", ";
         }
-        words.Fail("expected a target: \"TEXT\", " + known + "tag, with, class or at");
+        words.Fail("expected a target: \"TEXT\", " + known + "segment, tag, with, class or at");
     }
     return what;
 }
