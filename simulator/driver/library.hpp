@@ -7,7 +7,7 @@ namespace sim::driver {
 
 class Library {
   public:
-    /// Opens the library, which runs its initialisers; an empty path means libCorvel.so beside this executable.
+    /// Opens the library, which runs its initialisers.
     /// The error, empty when it went well.
     std::string Inject(const std::string &path);
     /// An exported function; null when there is none of that name or no library.

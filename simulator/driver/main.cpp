@@ -1,16 +1,16 @@
 // corvel-sim: the phone on the desk.
 
-#include "driver/api_listing.hpp"
 #include "driver/leak_check.hpp"
-#include "driver/options.hpp"
 #include "driver/runner.hpp"
 #include "render/album.hpp"
 #include "render/characters.hpp"
 #include "runtime/autorelease.hpp"
 #include "runtime/bundle.hpp"
+#include "runtime/native_class.hpp"
 #include "runtime/runtime.hpp"
 #include "runtime/user_defaults.hpp"
 #include "script/loader.hpp"
+#include "script/vocabulary.hpp"
 #include "uikit/pasteboard.hpp"
 #include "uikit/uikit.hpp"
 
@@ -32,30 +32,21 @@ std::string MakeStateDirectory() {
     return path;
 }
 
-std::unique_ptr<hosts::Host> MakeHost(Options &options) {
-    for (const hosts::HostEntry &entry : hosts::Hosts()) {
-        if (options.host == entry.name) {
-            const std::string bundle = options.bundle.value_or(entry.bundleIdentifier);
-            SetBundleIdentifier(bundle == "nil" ? nullptr : bundle.c_str());
-            return entry.make();
-        }
-    }
-    throw UsageError("unknown host " + options.host);
+std::unique_ptr<hosts::Host> MakeHost(const Options &options) {
+    const hosts::HostEntry &entry = FindHost(options.host);
+    const std::string bundle = options.bundle.empty() ? entry.bundleIdentifier : options.bundle;
+    SetBundleIdentifier(bundle == "nil" ? nullptr : bundle.c_str());
+    return entry.make();
 }
 
 int PlayScript(Options options) {
     Session session;
-    session.ownsState = options.continuation ? options.continuation->ownsState : options.state.empty();
+    session.progress = ReadProgress(options);
     if (options.state.empty()) {
         options.state = MakeStateDirectory();
     }
     if (options.script == "-") {
         script::KeepStandardInput();
-    }
-    if (options.continuation) {
-        session.nextLine = options.continuation->line;
-        session.expectations = options.continuation->expectations;
-        session.failures = options.continuation->failures;
     }
     SetStateDirectory(options.state);
     InstallRuntime();
@@ -68,11 +59,14 @@ int PlayScript(Options options) {
     session.options = options;
     Outcome outcome = Outcome::kError;
     try {
+        if (!options.words.empty()) {
+            script::TheVocabulary().Load(options.words);
+        }
         outcome = Run(session, script::LoadScript(options.script));
     } catch (const script::ScriptError &error) {
         std::fprintf(stderr, "%s\n", error.what());
     }
-    if (session.ownsState) {
+    if (session.progress.ownsState) {
         std::error_code ignored;
         std::filesystem::remove_all(options.state, ignored);
     }
@@ -83,13 +77,16 @@ int PlayScript(Options options) {
     _exit(complete && HasLeaked() ? kLeakedStatus : static_cast<int>(outcome));
 }
 
+/// Prints class, kind (+ or -), selector and type encoding of every method of the UIKit subset.
 int ListApi() {
     const std::string state = MakeStateDirectory();
     SetStateDirectory(state);
     InstallRuntime();
     InstallComposedCharacters();
     RegisterUIKit();
-    PrintApi();
+    for (const ApiRow &row : ApiRows()) {
+        std::printf("%s\t%c\t%s\t%s\n", row.className, row.kind, row.selectorName, row.encoding);
+    }
     std::filesystem::remove_all(state);
     return 0;
 }

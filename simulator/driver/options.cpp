@@ -1,8 +1,8 @@
 #include "driver/options.hpp"
 
 #include "driver/leak_check.hpp"
-#include "hosts/host.hpp"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <unistd.h>
@@ -11,28 +11,24 @@
 namespace sim::driver {
 namespace {
 
-Continuation ReadContinuation(const std::string &text) {
-    Continuation result;
-    int owns = 0;
-    if (std::sscanf(text.c_str(), "%zu:%d:%d:%d", &result.line, &result.expectations, &result.failures, &owns) != 4) {
-        throw UsageError("bad continuation " + text);
-    }
-    result.ownsState = owns != 0;
-    return result;
-}
+struct Option {
+    const char *name;
+    std::string Options::*value;
+};
 
-std::string WriteContinuation(const Continuation &continuation) {
-    return std::to_string(continuation.line) + ":" + std::to_string(continuation.expectations) + ":" +
-           std::to_string(continuation.failures) + ":" + (continuation.ownsState ? "1" : "0");
-}
+constexpr Option kOptions[] = {
+    {"--host", &Options::host},         {"--bundle", &Options::bundle}, {"--library", &Options::library},
+    {"--words", &Options::words},       {"--state", &Options::state},   {"--pictures", &Options::pictures},
+    {"--continue", &Options::progress},
+};
 
 } // namespace
 
-void CheckHost(const std::string &name) {
+const hosts::HostEntry &FindHost(const std::string &name) {
     std::string known;
     for (const hosts::HostEntry &entry : hosts::Hosts()) {
         if (name == entry.name) {
-            return;
+            return entry;
         }
         known += std::string(known.empty() ? "" : ", ") + entry.name;
     }
@@ -44,28 +40,16 @@ Options ReadOptions(int count, char **words) {
     std::vector<std::string> plain;
     for (int i = 1; i < count; ++i) {
         const std::string word = words[i];
-        if (!word.starts_with("--")) {
+        const auto *const option = std::ranges::find(kOptions, word, &Option::name);
+        if (option == std::end(kOptions)) {
+            if (word.starts_with("--")) {
+                throw UsageError("unknown option " + word);
+            }
             plain.push_back(word);
-            continue;
-        }
-        if (i + 1 == count) {
-            throw UsageError(word + " wants a value");
-        }
-        const std::string value = words[++i];
-        if (word == "--host") {
-            options.host = value;
-        } else if (word == "--bundle") {
-            options.bundle = value;
-        } else if (word == "--library") {
-            options.library = value;
-        } else if (word == "--state") {
-            options.state = value;
-        } else if (word == "--pictures") {
-            options.pictures = value;
-        } else if (word == "--continue") {
-            options.continuation = ReadContinuation(value);
+        } else if (++i < count) {
+            options.*(option->value) = words[i];
         } else {
-            throw UsageError("unknown option " + word);
+            throw UsageError(word + " wants a value");
         }
     }
     options.listsApi = plain == std::vector<std::string>{"api"};
@@ -76,25 +60,40 @@ Options ReadOptions(int count, char **words) {
         throw UsageError("expected 'run FILE' or 'api'");
     }
     options.script = plain[1];
-    CheckHost(options.host);
+    FindHost(options.host);
+    if (options.library.empty()) {
+        throw UsageError("--library is missing: the file to inject, or none");
+    }
     return options;
 }
 
+Progress ReadProgress(const Options &options) {
+    Progress progress{.ownsState = options.state.empty()};
+    int owns = 0;
+    if (!options.progress.empty()) {
+        if (std::sscanf(options.progress.c_str(), "%zu:%d:%d:%d", &progress.line, &progress.expectations,
+                        &progress.failures, &owns) != 4) {
+            throw UsageError("bad progress " + options.progress);
+        }
+        progress.ownsState = owns != 0;
+    }
+    return progress;
+}
+
 std::string Usage() {
-    return "usage: corvel-sim --host NAME [--bundle ID|nil] [--library PATH|none] [--state DIR] [--pictures DIR] "
-           "run FILE|-\n"
+    return "usage: corvel-sim --host NAME --library PATH|none [--words FILE] [--bundle ID|nil] [--state DIR] "
+           "[--pictures DIR] run FILE|-\n"
            "       corvel-sim api\n";
 }
 
-void Relaunch(const Options &options, const Continuation &continuation) {
-    std::vector<std::string> words{"corvel-sim",     "--host",      options.host,
-                                   "--state",        options.state, "--pictures",
-                                   options.pictures, "--continue",  WriteContinuation(continuation)};
-    if (options.bundle) {
-        words.insert(words.end(), {"--bundle", *options.bundle});
-    }
-    if (!options.library.empty()) {
-        words.insert(words.end(), {"--library", options.library});
+void Relaunch(Options options, const Progress &progress) {
+    options.progress = std::to_string(progress.line) + ":" + std::to_string(progress.expectations) + ":" +
+                       std::to_string(progress.failures) + ":" + (progress.ownsState ? "1" : "0");
+    std::vector<std::string> words{"corvel-sim"};
+    for (const Option &option : kOptions) {
+        if (const std::string &value = options.*(option.value); !value.empty()) {
+            words.insert(words.end(), {option.name, value});
+        }
     }
     words.insert(words.end(), {"run", options.script});
     std::vector<char *> pointers;

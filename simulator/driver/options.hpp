@@ -1,7 +1,8 @@
 #pragma once
 // The command line.
 
-#include <optional>
+#include "hosts/host.hpp"
+
 #include <stdexcept>
 #include <string>
 
@@ -12,35 +13,39 @@ class UsageError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Where a run that replaced its process goes on.
-struct Continuation {
+struct Options {
+    bool listsApi = false; // `api` instead of `run FILE`
+    std::string script;    // "-": standard input
+    std::string host;
+    std::string bundle;  // "nil" for a bundle without an identifier; empty: the host's own
+    std::string library; // "none": no library
+    std::string words;   // the file of a script's own words; empty: none
+    std::string state;   // empty: a fresh directory, removed at the end
+    std::string pictures = ".";
+    std::string progress; // given by `relaunch` to the process that it starts
+};
+
+/// How far a run has come.
+struct Progress {
     std::size_t line = 0;   // of the script's lines with all includes
     int expectations = 0;   // met so far
     int failures = 0;       // of them
     bool ownsState = false; // the state directory is removed at the end
 };
 
-struct Options {
-    bool listsApi = false; // `api` instead of `run FILE`
-    std::string script;    // "-": standard input
-    std::string host;
-    std::optional<std::string> bundle; // "nil" for a bundle without an identifier; unset: the host's own
-    std::string library;               // empty: libCorvel.so beside the executable; "none": no library
-    std::string state;                 // empty: a fresh directory, removed at the end
-    std::string pictures = ".";
-    std::optional<Continuation> continuation; // given by `relaunch` to the process that it starts
-};
-
 /// Reads the command line; throws UsageError.
 Options ReadOptions(int count, char **words);
 
-/// Throws UsageError unless there is an app of that name to simulate.
-void CheckHost(const std::string &name);
+/// The app of that name; throws UsageError when there is none.
+const hosts::HostEntry &FindHost(const std::string &name);
+
+/// How far the run had come before this process began; throws UsageError.
+Progress ReadProgress(const Options &options);
 
 /// How the program is used, in a few lines.
 std::string Usage();
 
-/// Replaces this process by one that goes on with the script as the continuation says. Returns only on failure.
-void Relaunch(const Options &options, const Continuation &continuation);
+/// Replaces this process by one that goes on with the script as the progress says. Returns only on failure.
+void Relaunch(Options options, const Progress &progress);
 
 } // namespace sim::driver

@@ -1,8 +1,7 @@
 #include "driver/runner.hpp"
 
-#include "driver/commands/commands.hpp"
+#include "driver/language.hpp"
 #include "driver/notifications.hpp"
-#include "hosts/host_class.hpp"
 #include "hosts/invocation.hpp"
 #include "hosts/record.hpp"
 #include "objc/guard.hpp"
@@ -16,10 +15,8 @@
 namespace sim::driver {
 namespace {
 
-using script::Bare;
 using script::Line;
 using script::ScriptError;
-using script::WordReader;
 
 /// Runs work that the host or the system would do; an exception that comes out of it has reached the host.
 template <class Work> void AsHost(const Work &work) {
@@ -43,9 +40,9 @@ void EndTurn() {
     });
 }
 
-void SayComment(const hosts::Comment &comment, int number) {
-    script::Fact fact = hosts::DescribeComment(comment);
-    fact.insert(fact.begin(), Bare("comment " + std::to_string(number) + ":"));
+void SayComment(const hosts::Comment &comment, std::size_t number) {
+    Fact fact{Bare("comment " + std::to_string(number) + ":")};
+    Append(fact, hosts::DescribeComment(comment));
     Say(fact);
 }
 
@@ -53,7 +50,7 @@ void Launch(Session &session, const script::Place &place) {
     hosts::RegisterLiveRoom();
     session.host->RegisterClasses();
     CountNotifications();
-    hosts::TheRecord().Listen(&SayComment);
+    hosts::TheRecord().listeners.emplace_back(&SayComment);
     session.launched = true;
     if (session.options.library != "none") {
         std::string error;
@@ -63,8 +60,8 @@ void Launch(Session &session, const script::Place &place) {
         }
     }
     AsHost([&session] {
-        if (session.firstSceneState != kNoScene) {
-            session.host->Launch(MakeWindowScene(session.firstSceneState));
+        if (session.firstSceneState) {
+            session.host->Launch(MakeWindowScene(*session.firstSceneState));
         }
     });
     EndTurn();
@@ -88,15 +85,15 @@ void Play(Session &session, const Line &line) {
 
 } // namespace
 
-void Say(const script::Fact &fact) {
+void Say(const Fact &fact) {
     std::printf("%s\n", script::Render(fact).c_str());
 }
 
 Outcome Run(Session &session, const std::vector<Line> &lines) {
     script::Place place{session.options.script, 0};
     try {
-        while (session.nextLine < lines.size()) {
-            const Line &line = lines[session.nextLine++];
+        while (session.progress.line < lines.size()) {
+            const Line &line = lines[session.progress.line++];
             place = line.place;
             Play(session, line);
         }
@@ -111,10 +108,11 @@ Outcome Run(Session &session, const std::vector<Line> &lines) {
         std::printf("%s:%d: exception reached the host: %s\n", place.file.c_str(), place.line, error.what());
         return Outcome::kExceptionReachedHost;
     }
-    if (session.expectations > 0) {
-        std::printf("%d of %d expectations held\n", session.expectations - session.failures, session.expectations);
+    const auto &[line, expectations, failures, ownsState] = session.progress;
+    if (expectations > 0) {
+        std::printf("%d of %d expectations held\n", expectations - failures, expectations);
     }
-    return session.failures == 0 ? Outcome::kHeld : Outcome::kFailed;
+    return failures == 0 ? Outcome::kHeld : Outcome::kFailed;
 }
 
 } // namespace sim::driver

@@ -3,31 +3,24 @@
 
 #include "driver/library.hpp"
 #include "driver/options.hpp"
-#include "hosts/host.hpp"
 #include "script/expectation.hpp"
 
 #include <memory>
+#include <optional>
 
 namespace sim::driver {
 
 struct Session {
     Options options;
-    bool ownsState = false;
+    Progress progress;
     std::unique_ptr<hosts::Host> host;
     Library library;
     bool launched = false;
-    long firstSceneState = 0; // UISceneActivationState; beyond its values: no scene at all
+    std::optional<long> firstSceneState = 0; // UISceneActivationState; empty: no scene at launch
     script::Pointers pointers;
-    int expectations = 0;
-    int failures = 0;
-    int readyNotifications = 0;
-    std::size_t nextLine = 0; // of the script
 };
 
-/// No scene is connected when the host launches.
-inline constexpr long kNoScene = 100;
-
 /// Prints one fact.
-void Say(const script::Fact &fact);
+void Say(const Fact &fact);
 
 } // namespace sim::driver

@@ -1,9 +1,11 @@
 #include "driver/targets.hpp"
 
-#include "apple/uikit/label.hpp"
+#include "apple/uikit/segmented_control.hpp"
 #include "apple/uikit/window.hpp"
 #include "driver/presented.hpp"
+#include "driver/view_properties.hpp"
 #include "script/values.hpp"
+#include "script/vocabulary.hpp"
 #include "uikit/application.hpp"
 #include "uikit/view.hpp"
 #include "uikit/view_geometry.hpp"
@@ -16,64 +18,39 @@
 namespace sim::driver {
 namespace {
 
-using script::WordReader;
-
-constexpr long kFirstCellTag = 1000;
-constexpr double kVisibleAlpha = 0.01;
-
-/// A segment of a segmented control, which has no view of its own.
-struct Segments : ui::View {
-    using ui::View::View;
-    static constexpr const char *kClassName = "UISegmentedControl";
-
-    unsigned long numberOfSegments() const {
-        return objc::Send<"numberOfSegments", unsigned long>(*this);
-    }
-    ns::String titleForSegmentAtIndex(unsigned long index) const {
-        return objc::Send<"titleForSegmentAtIndex:", ns::String>(*this, index);
-    }
-};
-
 struct Found {
     ui::View view;
-    std::optional<cg::Point> within; // a place in the view's own coordinates instead of its middle
+    std::optional<cg::Point> within = std::nullopt; // a place in the view's own coordinates instead of its middle
 };
 
-using Test = std::function<void(ui::View, std::vector<Found> &)>;
+/// Adds what the target means at this view: the view, something beside it, or nothing.
+using Test = std::function<void(ui::View view, std::vector<Found> &found)>;
 
-bool IsKind(ui::View view, const char *className) {
-    const objc::Class cls = objc_getClass(className);
-    return cls != nullptr && view.isKindOfClass(cls);
+/// Does something with each view, the front-most window first, a view before its subviews.
+void WalkScreen(bool hiddenToo, const std::function<void(ui::View)> &visit) {
+    const std::function<void(ui::View)> walk = [&](ui::View view) {
+        if (hiddenToo || IsShown(view)) {
+            visit(view);
+            for (const objc::Ref<ui::View> &child : ViewStateOf(view).subviews) {
+                walk(child);
+            }
+        }
+    };
+    for (const ui::Window window : hiddenToo ? WindowsOf(nullptr) : WindowsFrontToBack()) {
+        walk(window);
+    }
 }
 
-bool Shown(ui::View view) {
-    const ViewState &state = ViewStateOf(view);
-    return !state.hidden && state.model.alpha > kVisibleAlpha;
-}
-
-void Walk(ui::View view, bool hiddenToo, const std::function<void(ui::View)> &visit) {
-    if (!hiddenToo && !Shown(view)) {
+/// A segment has no view of its own.
+void AddSegments(ui::View view, const std::string &text, std::vector<Found> &found) {
+    if (!IsKind(view, ui::SegmentedControl::kClassName)) {
         return;
     }
-    visit(view);
-    for (const objc::Ref<ui::View> &child : ViewStateOf(view).subviews) {
-        Walk(child, hiddenToo, visit);
-    }
-}
-
-void WalkScreen(bool hiddenToo, const std::function<void(ui::View)> &visit) {
-    const std::vector<ui::Window> windows = hiddenToo ? WindowsOf(nullptr) : WindowsFrontToBack();
-    for (const ui::Window window : windows) {
-        Walk(window, hiddenToo, visit);
-    }
-}
-
-void AddSegments(ui::View view, const std::string &text, std::vector<Found> &found) {
-    const auto segments = objc::As<Segments>(view);
+    const auto segments = objc::As<ui::SegmentedControl>(view);
     const cg::Rect bounds = view.bounds();
-    const unsigned long count = segments.numberOfSegments();
+    const auto count = objc::Send<"numberOfSegments", unsigned long>(segments);
     for (unsigned long i = 0; i < count; ++i) {
-        if (script::TextOf(segments.titleForSegmentAtIndex(i)) == text) {
+        if (script::TextOf(objc::Send<"titleForSegmentAtIndex:", ns::String>(segments, i)) == text) {
             const double width = bounds.size.width / static_cast<double>(count);
             found.push_back({view, cg::Point{bounds.origin.x + (width * (static_cast<double>(i) + 0.5)),
                                              bounds.origin.y + (bounds.size.height / 2)}});
@@ -81,123 +58,83 @@ void AddSegments(ui::View view, const std::string &text, std::vector<Found> &fou
     }
 }
 
-Test TextTest(const std::string &text) {
-    return [text](ui::View view, std::vector<Found> &found) {
-        // A control's own label repeats its title; the control is what is meant.
-        const bool inside = !found.empty() && objc::Send<"isDescendantOfView:", bool>(view, found.back().view);
-        if (inside) {
-            return;
-        }
-        if (TextShown(view) == text) {
-            found.push_back({view, std::nullopt});
-        } else if (IsKind(view, "UISegmentedControl")) {
-            AddSegments(view, text, found);
-        }
-    };
+void AddText(ui::View view, const std::string &text, std::vector<Found> &found) {
+    // A control's own label repeats its title; the control is what is meant.
+    if (!found.empty() && IsDescendant(view, found.back().view)) {
+        return;
+    }
+    if (TextShown(view) == text) {
+        found.push_back({view});
+    } else {
+        AddSegments(view, text, found);
+    }
 }
 
-Test LabelTest(const std::string &text) {
-    return [text](ui::View view, std::vector<Found> &found) {
-        if (IsKind(view, "UILabel") && TextShown(view) == text) {
-            found.push_back({view, std::nullopt});
-        }
-    };
+bool Shows(ui::View view, const char *className, const std::string &text) {
+    return IsKind(view, className) && TextShown(view) == text;
 }
 
-Test TagTest(long tag) {
-    return [tag](ui::View view, std::vector<Found> &found) {
-        if (view.tag() == tag) {
-            found.push_back({view, std::nullopt});
-        }
-    };
+/// The view itself when it is of the class and shows the text.
+template <objc::FixedString ClassName> ui::View Itself(ui::View view, const std::string &text) {
+    return Shows(view, ClassName.data, text) ? view : ui::View{};
 }
 
-Test ClassTest(const std::string &name) {
-    return [name](ui::View view, std::vector<Found> &found) {
-        if (name == class_getName(objc::object_getClass(view.pointer))) {
-            found.push_back({view, std::nullopt});
+/// The control of a class that is nearest in height to a label, in the same superview: its middle is less than `up`
+/// points above the label's and less than `down` below it.
+ui::View ControlNear(ui::View label, const char *className, double up, double down) {
+    ui::View nearest;
+    double smallest = std::max(up, down);
+    for (const objc::Ref<ui::View> &other : ViewStateOf(label.superview()).subviews) {
+        const double below = other->center().y - label.center().y;
+        if (IsKind(other, className) && IsShown(other) && below > -up && below < down && std::abs(below) < smallest) {
+            nearest = other;
+            smallest = std::abs(below);
         }
-    };
+    }
+    return nearest;
 }
 
-/// The button with this title in the front-most alert.
-Test AlertTest(const std::string &title) {
-    const std::vector<ui::AlertController> alerts = PresentedAlerts();
-    const ui::View alert = alerts.empty() ? ui::View{} : alerts.back().view();
-    return [title, alert](ui::View view, std::vector<Found> &found) {
-        if (IsKind(view, "UIButton") && TextShown(view) == title && IsDescendant(view, alert)) {
-            found.push_back({view, std::nullopt});
-        }
-    };
+/// The control in the row of the label with this text, or right below it.
+template <objc::FixedString ClassName> ui::View ControlOfRow(ui::View view, const std::string &text) {
+    constexpr double kRowReach = 40; // points from the label's middle to the control's
+    return Shows(view, "UILabel", text) ? ControlNear(view, ClassName.data, view.frame().size.height / 2, kRowReach)
+                                        : ui::View{};
 }
 
-/// The control whose middle is on the height of the label with this text, in the same superview.
-Test BesideTest(const std::string &text) {
-    return [text](ui::View view, std::vector<Found> &found) {
-        if (!IsKind(view, "UILabel") || TextShown(view) != text) {
-            return;
-        }
-        const cg::Rect row = view.frame();
-        ui::View nearest;
-        double smallest = row.size.height;
-        for (const objc::Ref<ui::View> &other : ViewStateOf(view.superview()).subviews) {
-            const double distance = std::abs(other->center().y - view.center().y);
-            if (IsKind(other, "UIControl") && Shown(other) && distance < smallest) {
-                nearest = other;
-                smallest = distance;
-            }
-        }
-        if (nearest) {
-            found.push_back({nearest, std::nullopt});
-        }
-    };
-}
+/// A word that a text follows, and the view that they mean when the search comes by a view; nil when they mean none.
+struct TextTarget {
+    const char *word;
+    ui::View (*find)(ui::View view, const std::string &text);
+};
 
-/// The control of a class that belongs to the label with this text: in the same superview, on the label's height or
-/// right below it.
-Test RowTest(const std::string &text, const char *className) {
-    return [text, className](ui::View view, std::vector<Found> &found) {
-        constexpr double kRowReach = 40; // points from the label's middle to the control's
-        if (!IsKind(view, "UILabel") || TextShown(view) != text) {
-            return;
-        }
-        ui::View nearest;
-        double smallest = kRowReach;
-        for (const objc::Ref<ui::View> &other : ViewStateOf(view.superview()).subviews) {
-            const double below = other->center().y - view.center().y;
-            const bool reached = below > -view.frame().size.height / 2 && std::abs(below) < smallest;
-            if (IsKind(other, className) && Shown(other) && reached) {
-                nearest = other;
-                smallest = std::abs(below);
-            }
-        }
-        if (nearest) {
-            found.push_back({nearest, std::nullopt});
-        }
-    };
-}
+constexpr TextTarget kTextTargets[] = {
+    {"label", &Itself<"UILabel">},
+    {"button", &Itself<"UIButton">},
+    {"beside",
+     [](ui::View view, const std::string &text) {
+         const double height = view.frame().size.height;
+         return Shows(view, "UILabel", text) ? ControlNear(view, "UIControl", height, height) : ui::View{};
+     }},
+    {"switch", &ControlOfRow<"UISwitch">},
+    {"slider", &ControlOfRow<"UISlider">},
+    {"field", // by its placeholder, which it keeps when a text hides it
+     [](ui::View view, const std::string &text) {
+         const bool meant =
+             IsKind(view, "UITextField") && script::TextOf(objc::Send<"placeholder", ns::String>(view)) == text;
+         return meant ? view : ui::View{};
+     }},
+    {"alert", // in the front-most one
+     [](ui::View view, const std::string &text) {
+         const std::vector<ui::AlertController> alerts = PresentedAlerts();
+         return !alerts.empty() && IsDescendant(view, alerts.back().view()) ? Itself<"UIButton">(view, text)
+                                                                            : ui::View{};
+     }},
+};
 
-Test ButtonTest(const std::string &text) {
-    return [text](ui::View view, std::vector<Found> &found) {
-        if (IsKind(view, "UIButton") && TextShown(view) == text) {
-            found.push_back({view, std::nullopt});
-        }
-    };
-}
-
-Test SegmentTest(const std::string &text) {
-    return [text](ui::View view, std::vector<Found> &found) {
-        if (IsKind(view, "UISegmentedControl")) {
-            AddSegments(view, text, found);
-        }
-    };
-}
-
-/// Fields by their placeholders, which they keep when a text hides them.
-Test FieldTest(const std::string &placeholder) {
-    return [placeholder](ui::View view, std::vector<Found> &found) {
-        if (IsKind(view, "UITextField") && script::TextOf(objc::Send<"placeholder", ns::String>(view)) == placeholder) {
-            found.push_back({view, std::nullopt});
+template <class Predicate> Test Where(const Predicate &holds) {
+    return [holds](ui::View view, std::vector<Found> &found) {
+        if (holds(view)) {
+            found.push_back({view});
         }
     };
 }
@@ -207,39 +144,73 @@ struct Description {
     std::optional<long> number; // which one of several, from 1
 };
 
-Description ReadDescription(WordReader &words) {
+Test TextTest(const TextTarget &target, WordReader &words) {
+    const std::string text = words.QuotedText(std::string("the text of ") + target.word);
+    return [&target, text](ui::View view, std::vector<Found> &found) {
+        if (const ui::View meant = target.find(view, text)) {
+            found.push_back({meant});
+        }
+    };
+}
+
+Test TagTest(WordReader &words) {
+    long tag = words.Integer("a tag");
+    if (words.Take("+")) {
+        tag += words.Integer("how much more");
+    }
+    return Where([tag](ui::View view) { return view.tag() == tag; });
+}
+
+Test PropertyTest(WordReader &words) {
+    const std::string name = words.Name("a property");
+    if (!IsProperty(name)) {
+        words.Fail("views have no property " + name);
+    }
+    const Fact value{words.Next("its value")};
+    return Where([name, value](ui::View view) { return PropertyNamed(view, name) == value; });
+}
+
+/// A target in the simulator's own words.
+Description ReadOwnDescription(WordReader &words) {
     Description what;
-    if (words.SeesText()) {
-        what.test = TextTest(words.QuotedText("a text"));
-    } else if (words.Take("label")) {
-        what.test = LabelTest(words.QuotedText("the label's text"));
-    } else if (words.Take("beside")) {
-        what.test = BesideTest(words.QuotedText("the label's text"));
-    } else if (words.Take("button")) {
-        what.test = ButtonTest(words.QuotedText("the button's title"));
-    } else if (words.Take("switch")) {
-        what.test = RowTest(words.QuotedText("the row's title"), "UISwitch");
-    } else if (words.Take("slider")) {
-        what.test = RowTest(words.QuotedText("the row's title"), "UISlider");
+    const auto *const target =
+        std::ranges::find_if(kTextTargets, [&words](const TextTarget &row) { return words.Take(row.word); });
+    if (target != std::end(kTextTargets)) {
+        what.test = TextTest(*target, words);
+    } else if (words.SeesText()) {
+        const std::string text = words.QuotedText("a text");
+        what.test = [text](ui::View view, std::vector<Found> &found) { AddText(view, text, found); };
     } else if (words.Take("segment")) {
-        what.test = SegmentTest(words.QuotedText("the segment's title"));
-    } else if (words.Take("field")) {
-        what.test = FieldTest(words.QuotedText("the field's placeholder"));
-    } else if (words.Take("cell")) {
-        what.test = TagTest(kFirstCellTag + words.Integer("the cell's number"));
+        const std::string text = words.QuotedText("the segment's title");
+        what.test = [text](ui::View view, std::vector<Found> &found) { AddSegments(view, text, found); };
     } else if (words.Take("tag")) {
-        what.test = TagTest(words.Integer("a tag"));
-    } else if (words.Take("alert")) {
-        what.test = AlertTest(words.QuotedText("the title of an alert's button"));
+        what.test = TagTest(words);
+    } else if (words.Take("with")) {
+        what.test = PropertyTest(words);
     } else if (words.Take("class")) {
-        what.test = ClassTest(words.Name("a class"));
+        const std::string name = words.Name("a class");
+        what.test = Where([name](ui::View view) { return script::ClassName(view) == name; });
         if (words.SeesNumber()) {
             what.number = words.Integer("which of several");
         }
     } else {
-        words.Fail("expected a target: \"TEXT\", label, button, beside, switch, slider, segment, field, cell, tag, "
-                   "alert, class or at");
+        std::string known;
+        for (const TextTarget &row : kTextTargets) {
+            known += std::string(row.word) + ", ";
+        }
+        words.Fail("expected a target: \"TEXT\", " + known + "segment, tag, with, class or at");
     }
+    return what;
+}
+
+Description ReadDescription(WordReader &words) {
+    const std::optional<std::vector<Word>> meaning = script::TheVocabulary().Take("target", words);
+    if (!meaning) {
+        return ReadOwnDescription(words);
+    }
+    WordReader meant(words.place(), *meaning);
+    Description what = ReadOwnDescription(meant);
+    meant.End();
     return what;
 }
 
@@ -254,9 +225,8 @@ std::vector<Found> Search(const Description &what, bool hiddenToo) {
 }
 
 bool LiesIn(ui::View view, const std::vector<Found> &containers) {
-    return std::ranges::any_of(containers, [view](const Found &container) {
-        return objc::Send<"isDescendantOfView:", bool>(view, container.view);
-    });
+    return std::ranges::any_of(containers,
+                               [view](const Found &container) { return IsDescendant(view, container.view); });
 }
 
 /// Reads a target and searches visible views, hidden ones too when that is wanted and no visible one is meant.
@@ -286,7 +256,7 @@ void CheckOne(const std::vector<Found> &found, const WordReader &words) {
     for (const Found &one : found) {
         const cg::Point center = ToScreen(one.view, {0, 0});
         message += " " + script::Render(DescribeView(one.view)) + " at " +
-                   script::Render(std::vector{script::Bare(center.x), script::Bare(center.y)}) + ";";
+                   script::Render(std::vector{Bare(center.x), Bare(center.y)}) + ";";
     }
     message.back() = '.';
     words.Fail(message);
@@ -304,42 +274,6 @@ cg::Point PresentedPoint(const Found &found) {
 }
 
 } // namespace
-
-bool IsVisible(ui::View view) {
-    ui::View top;
-    for (ui::View at = view; at; at = at.superview()) {
-        if (!Shown(at)) {
-            return false;
-        }
-        top = at;
-    }
-    return top && IsKind(top, "UIWindow");
-}
-
-std::string TextShown(ui::View view) {
-    if (IsKind(view, "UIButton")) {
-        return script::TextOf(objc::Send<"titleForState:", ns::String>(view, 0UL));
-    }
-    if (view.respondsToSelector(objc::Selector<"text">())) {
-        return script::TextOf(objc::Send<"text", ns::String>(view));
-    }
-    return {};
-}
-
-script::Word DescribeClass(ui::View view) {
-    return script::Bare(class_getName(objc::object_getClass(view.pointer)));
-}
-
-std::vector<script::Word> DescribeView(ui::View view) {
-    if (!view) {
-        return {script::Bare("nothing")};
-    }
-    std::vector<script::Word> words{DescribeClass(view)};
-    if (const std::string text = TextShown(view); !text.empty()) {
-        words.push_back(script::Text(text));
-    }
-    return words;
-}
 
 Target ReadTarget(WordReader &words) {
     WordReader before = words;

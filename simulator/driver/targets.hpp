@@ -14,32 +14,22 @@ struct Target {
     ui::View view;
 };
 
-/// Reads a target that a finger can reach: "TEXT", label "TEXT", button "TEXT", beside "TEXT", switch "TEXT",
-/// slider "TEXT", segment "TEXT", field "TEXT", cell N, tag N, alert "TITLE", class NAME [N], each perhaps followed by
-/// `in` and another target, or `at X Y`. Only what is visible counts; none and several are errors, and so is a target
-/// that is scrolled out of sight. The place is the middle of what the view shows now.
-Target ReadTarget(script::WordReader &words);
+/// Reads a target that a finger can reach: "TEXT", a word of kTextTargets with a text, `class NAME [N]`, `tag N [+ N]`,
+/// `with PROPERTY VALUE` or a word of the script's own, each perhaps followed by `in` and another target; or `at X Y`.
+/// Only what is visible counts; none and several are errors, and so is a target that is scrolled out of sight. The
+/// place is the middle of what the view shows now.
+Target ReadTarget(WordReader &words);
 
 /// The same for a target that may be scrolled out of sight.
-Target ReadTargetAnywhere(script::WordReader &words);
+Target ReadTargetAnywhere(WordReader &words);
 
 /// The scroll view around the target in whose visible part its place does not lie; nil when the place can be seen.
 ui::View ScrolledOutOf(const Target &target);
 
 /// Reads a target's view, which may be hidden when no visible one is meant; nil when there is none.
-ui::View ReadView(script::WordReader &words);
+ui::View ReadView(WordReader &words);
 
 /// Reads a target and gives all visible views that it means.
-std::vector<ui::View> ReadViews(script::WordReader &words);
-
-/// Whether a view and all that it lies in are shown.
-bool IsVisible(ui::View view);
-
-/// The title or text that a view shows; empty when it shows none.
-std::string TextShown(ui::View view);
-
-/// A view in few words: `UIButton "弹"`.
-script::Word DescribeClass(ui::View view);
-std::vector<script::Word> DescribeView(ui::View view);
+std::vector<ui::View> ReadViews(WordReader &words);
 
 } // namespace sim::driver

@@ -1,60 +1,29 @@
 #include "driver/view_tree.hpp"
 
-#include "apple/foundation/string.hpp"
+#include "driver/view_properties.hpp"
+#include "script/text.hpp"
+#include "script/values.hpp"
 #include "uikit/application.hpp"
-#include "uikit/color.hpp"
 #include "uikit/view_geometry.hpp"
 
-#include <cmath>
-#include <cstdio>
-
-namespace sim {
+namespace sim::driver {
 namespace {
 
-/// A number rounded to a hundredth, without zeros that say nothing.
-std::string Number(double value) {
-    char text[64];
-    std::snprintf(text, sizeof text, "%.2f", value);
-    std::string number = text;
-    number.erase(number.find_last_not_of('0') + 1);
-    if (number.back() == '.') {
-        number.pop_back();
-    }
-    return number == "-0" ? "0" : number;
-}
+constexpr int kDecimals = 2;
 
-/// The text in quotes, on one line.
-std::string Quoted(ns::String text) {
-    std::string quoted = "\"";
-    const char *bytes = text.UTF8String();
-    for (const char *at = bytes != nullptr ? bytes : ""; *at != 0; ++at) {
-        switch (*at) {
-        case '\n':
-            quoted += "\\n";
-            break;
-        case '"':
-        case '\\':
-            quoted += '\\';
-            [[fallthrough]];
-        default:
-            quoted += *at;
-        }
-    }
-    return quoted + '"';
+std::string Number(double value) {
+    return script::FormatNumber(value, kDecimals);
 }
 
 std::string ColorText(ui::Color color) {
-    const Rgba parts = RgbaOf(color);
-    const auto byte = [](double part) { return static_cast<unsigned>(std::lround(part * 255)); };
-    char text[32];
-    std::snprintf(text, sizeof text, "#%02X%02X%02X", byte(parts.r), byte(parts.g), byte(parts.b));
-    return parts.a == 1 ? text : std::string(text) + "@" + Number(parts.a);
+    const Rgba rgba = RgbaOf(color);
+    return rgba.a == 1 ? Hex(rgba) : Hex(rgba) + "@" + Number(rgba.a);
 }
 
 std::string Line(ui::View view) {
     const ViewState &state = ViewStateOf(view);
     const cg::Rect frame = FrameOf(state.model);
-    std::string line = class_getName(objc::object_getClass(view.pointer));
+    std::string line = script::ClassName(view);
     line += " (" + Number(frame.origin.x) + ", " + Number(frame.origin.y) + ", " + Number(frame.size.width) + ", " +
             Number(frame.size.height) + ")";
     if (state.tag != 0) {
@@ -68,11 +37,11 @@ std::string Line(ui::View view) {
     }
     if (view.respondsToSelector(objc::Selector<"currentTitle">())) {
         if (const auto title = objc::Send<"currentTitle", ns::String>(view)) {
-            line += " title " + Quoted(title);
+            line += " title " + script::Quoted(script::TextOf(title));
         }
     } else if (view.respondsToSelector(objc::Selector<"text">())) {
         if (const auto text = objc::Send<"text", ns::String>(view)) {
-            line += " text " + Quoted(text);
+            line += " text " + script::Quoted(script::TextOf(text));
         }
     }
     if (state.model.backgroundColor) {
@@ -105,4 +74,4 @@ std::vector<std::string> ViewTree(ui::View root, bool hiddenToo) {
     return lines;
 }
 
-} // namespace sim
+} // namespace sim::driver

@@ -6,9 +6,6 @@
 namespace sim::hosts {
 namespace {
 
-using script::Bare;
-using script::Fact;
-
 /// Never destroyed, nor are the blocks.
 std::map<long, objc::id> &Blocks() {
     static auto &blocks = *new std::map<long, objc::id>;
@@ -17,7 +14,7 @@ std::map<long, objc::id> &Blocks() {
 
 } // namespace
 
-objc::id ReadBlock(script::WordReader &words) {
+objc::id ReadBlock(WordReader &words) {
     const long number = words.Integer("the number of the block");
     if (number < 1) {
         words.Fail("blocks are counted from 1");
@@ -38,7 +35,7 @@ Fact NameOfBlock(objc::id block) {
     if (found == Blocks().end()) {
         return {Bare("<block>")};
     }
-    return {Bare("block"), Bare(std::to_string(found->first))};
+    return {Bare("block"), Bare(found->first)};
 }
 
 } // namespace sim::hosts

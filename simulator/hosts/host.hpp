@@ -1,13 +1,12 @@
 #pragma once
 // A simulated app: its private classes, its screen, and what scripts can make it do.
 
-#include "apple/uikit/window.hpp"
 #include "hosts/live_room.hpp"
-#include "script/expectation.hpp"
+#include "script/words.hpp"
 
+#include <functional>
+#include <map>
 #include <memory>
-#include <span>
-#include <string>
 
 namespace sim::hosts {
 
@@ -15,14 +14,11 @@ namespace sim::hosts {
 struct Kind {
     const char *name;
     const char *className;
+    bool ofRoom = false; // the app lets go of the last one, and takes it off the screen, when it leaves the room
 };
-
-/// The class of a kind; null for a kind that is not there.
-const char *ClassOf(std::span<const Kind> kinds, const std::string &kind);
 
 class Host {
   public:
-    Host() = default;
     Host(const Host &) = delete;
     Host &operator=(const Host &) = delete;
     virtual ~Host() = default;
@@ -33,19 +29,21 @@ class Host {
     void Launch(ui::WindowScene scene);
     /// Carries out one `host …` command and gives what it has to say (may be nothing). Throws ScriptError for words
     /// that it does not know, ReachedHost for an exception that came out of the host's code unasked.
-    script::Fact Event(script::WordReader &words);
+    Fact Event(WordReader &words);
     /// Carries out one of the commands that shape the app before it is launched.
-    static void Shape(script::WordReader &words);
+    static void Shape(WordReader &words);
     /// Answers a `host …` query.
-    script::Answer Query(script::WordReader &words);
+    static Answer Query(WordReader &words);
 
   protected:
-    /// What the app's screen says, and its accent colour.
-    virtual LiveRoomLook Look() const = 0;
-    /// The class of which `host new KIND` makes an object; null for a kind that the app does not have.
-    virtual const char *ClassOfKind(const std::string &kind) const = 0;
-    /// The app's own events; false when the words are none of them.
-    virtual bool OwnEvent(script::WordReader &words, script::Fact &fact) = 0;
+    /// An event reads its own words and gives what it has to say.
+    using EventFunction = std::function<Fact(WordReader &words)>;
+
+    Host(LiveRoomLook look, std::span<const Kind> kinds);
+    /// Adds an event of the app's own.
+    void On(const char *name, EventFunction event) {
+        events_[name] = std::move(event);
+    }
     /// Makes and keeps an object of a kind; nil while its class is missing.
     ns::Object Make(const std::string &kind);
     LiveRoom &room() {
@@ -54,9 +52,13 @@ class Host {
 
   private:
     /// move VIEW to screen|VIEW|nowhere.
-    script::Fact Move(script::WordReader &words);
+    Fact Move(WordReader &words);
+    /// The app keeps nothing of a room that it has left.
+    void Leave();
 
+    std::span<const Kind> kinds_;
     LiveRoom room_;
+    std::map<std::string, EventFunction> events_;
 };
 
 /// A host by its name, and the bundle identifier that it has on the phone.
@@ -68,5 +70,8 @@ struct HostEntry {
 
 /// Every host, by name.
 std::span<const HostEntry> Hosts();
+
+/// Makes the app of a class that need be known to its own file only: app.hpp defines this, that file instantiates it.
+template <class App> std::unique_ptr<Host> MakeHost();
 
 } // namespace sim::hosts

@@ -9,13 +9,6 @@ namespace {
 struct Exception : ns::Object {
     using ns::Object::Object;
     static constexpr const char *kClassName = "NSException";
-
-    static Exception exceptionWithName(ns::String name, ns::String reason) {
-        return objc::SendClass<Exception, "exceptionWithName:reason:userInfo:", Exception>(name, reason, ns::Object{});
-    }
-    void raise() const {
-        objc::Send<"raise", void>(*this);
-    }
 };
 
 /// What becomes of the object of a method that fails: nobody else can give up a fresh one, or save one half taken down.
@@ -31,12 +24,13 @@ void GiveUp(objc::id self, objc::SEL selector) {
 } // namespace
 
 void Raise(const std::string &reason) {
-    Exception::exceptionWithName("HostException"_ns, script::MakeString(reason)).raise();
+    objc::Send<"raise", void>(objc::SendClass<Exception, "exceptionWithName:reason:userInfo:", Exception>(
+        "HostException"_ns, script::MakeString(reason), ns::Object{}));
     std::abort(); // raise does not return
 }
 
-void Arrive(objc::id self, objc::SEL selector, std::vector<script::Fact> arguments) {
-    TheRecord().Add(Call{TheObjects().NameOf(ns::Object{self}), sel_getName(selector), std::move(arguments)});
+void Arrive(objc::id self, objc::SEL selector, const std::vector<Fact> &arguments) {
+    RecordCall(ns::Object{self}, sel_getName(selector), arguments);
     if (const std::string *reason = ThePlan().ReasonToThrow(objc::object_getClass(self), sel_getName(selector))) {
         GiveUp(self, selector);
         Raise(*reason);
@@ -51,41 +45,26 @@ bool Refuses(objc::id self, objc::SEL selector) {
     return true;
 }
 
-namespace detail {
-
-std::vector<objc::MethodEntry> Planned(const std::string &cls, std::span<const HostMethod> methods, bool inherited) {
-    std::vector<objc::MethodEntry> entries;
-    for (const HostMethod &method : methods) {
-        const Plan::Method name{cls, sel_getName(method.entry.selector())};
-        const bool exists = !ThePlan().LacksMethod(name) && (!method.optional || ThePlan().HasMethod(name));
-        if (exists && ThePlan().Inherits(name) == inherited) {
-            entries.push_back(method.entry);
-        }
-    }
-    return entries;
+HostClass::HostClass(const char *root, const char *base, const char *name, const char *sibling)
+    : name_(name), base_(RegisterClass(base, root, {})),
+      own_(ThePlan().lackedClasses.contains(name) ? nullptr : RegisterClass(name, base, {})) {
+    RegisterClass(sibling, base, {});
 }
 
-} // namespace detail
-
-void RegisterFamily(const Family &family, std::span<const HostMethod> methods,
-                    std::span<const HostMethod> classMethods) {
-    const auto planned = [&](std::span<const HostMethod> those, bool inherited) {
-        return detail::Planned(family.name, those, inherited);
-    };
-    RegisterClass(family.base, family.root, planned(methods, true), planned(classMethods, true));
-    if (!ThePlan().LacksClass(family.name)) {
-        RegisterClass(family.name, family.base, planned(methods, false), planned(classMethods, false));
+void HostClass::Add(const objc::MethodEntry &method, bool optional, bool ofClass) const {
+    const Plan &plan = ThePlan();
+    const Plan::Method name{name_, sel_getName(method.selector())};
+    const objc::Class holder = plan.inheritedMethods.contains(name) ? base_ : own_;
+    const bool exists = !plan.lackedMethods.contains(name) && (!optional || plan.extraMethods.contains(name));
+    if (exists && holder != nullptr) {
+        class_addMethod(ofClass ? objc::MetaclassOf(holder) : holder, method.selector(), method.implementation,
+                        method.encoding);
     }
-    RegisterClass(family.sibling, family.base, {});
 }
 
 objc::Ref<ns::Object> MakeObject(const char *className) {
-    const objc::Class cls = objc_getClass(className);
-    if (cls == nullptr) {
-        return nullptr;
-    }
-    const auto fresh = objc::Send<"alloc", ns::Object>(ns::Object{objc::AsObject(cls)});
-    return objc::Ref<ns::Object>::Adopt(objc::Send<"init", ns::Object>(fresh));
+    const ns::Object cls{objc::AsObject(objc_getClass(className))};
+    return objc::Ref<ns::Object>::Adopt(objc::Send<"new", ns::Object>(cls));
 }
 
 } // namespace sim::hosts

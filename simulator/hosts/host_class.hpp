@@ -1,6 +1,6 @@
 #pragma once
-// Registration of a host's classes. Each method records its calls and throws when the plan says so; the plan also
-// decides which classes and methods exist at all.
+// The private classes of a host. Each method is declared where it is written. It records its calls and throws or
+// refuses when the plan says so; the plan also decides which classes and methods exist at all.
 
 #include "hosts/objects.hpp"
 #include "hosts/plan.hpp"
@@ -9,15 +9,9 @@
 
 namespace sim::hosts {
 
-/// A method of a host class. Optional ones exist only when the plan adds them.
-struct HostMethod {
-    objc::MethodEntry entry;
-    bool optional = false;
-};
-
 /// Records a call and raises what the plan holds for it. An initialiser that raises gives its object up; an object
 /// whose dealloc raises is lost, which is no leak of ours.
-void Arrive(objc::id self, objc::SEL selector, std::vector<script::Fact> arguments);
+void Arrive(objc::id self, objc::SEL selector, const std::vector<Fact> &arguments);
 
 /// Whether the plan lets the method do nothing. An initialiser that does nothing gives its object up.
 bool Refuses(objc::id self, objc::SEL selector);
@@ -27,46 +21,53 @@ bool Refuses(objc::id self, objc::SEL selector);
 
 namespace detail {
 
-template <auto Function> struct Arrival;
+/// The implementation that a lambda without captures stands for.
+template <class F, class Signature = decltype(&F::operator())> struct Arrival;
 
-template <class R, class Self, class... A, R (*Function)(Self, objc::SEL, A...)> struct Arrival<Function> {
+template <class F, class R, class Self, class... A> struct Arrival<F, R (F::*)(Self, A...) const> {
     static R Call(Self self, objc::SEL selector, A... arguments) {
         Arrive(self.pointer, selector, {DescribeArgument(arguments)...});
-        return Refuses(self.pointer, selector) ? R() : Function(self, selector, arguments...);
+        return Refuses(self.pointer, selector) ? R() : F{}(self, arguments...);
     }
 };
 
-/// The methods that a class defines itself, or those that it inherits from its base, as the plan divides them.
-std::vector<objc::MethodEntry> Planned(const std::string &cls, std::span<const HostMethod> methods, bool inherited);
-
 } // namespace detail
 
-/// The entry of a function R (Self, SEL, arguments...) under a selector, recorded and able to throw.
-template <objc::FixedString Name, auto Function> HostMethod Method() {
-    return {objc::MethodNamed<Name, &detail::Arrival<Function>::Call>()};
-}
+/// A class between its base class, which may hold inherited methods, and a sibling that shares the base:
+///
+///     HostClass store("NSObject", "AppBaseStore", "AppCommentStore", "AppGiftStore");
+///     store.Method<"send:">([](ns::Object self, ns::Object text) { ReceiveComment("store", self, text); });
+///
+/// A method's function takes the receiver and the arguments; it must have no captures.
+class HostClass {
+  public:
+    /// Registers the three classes under a root that exists. The plan may leave the class itself out.
+    HostClass(const char *root, const char *base, const char *name, const char *sibling);
 
-/// The same for a method that only some builds of the app have.
-template <objc::FixedString Name, auto Function> HostMethod OptionalMethod() {
-    return {objc::MethodNamed<Name, &detail::Arrival<Function>::Call>(), true};
-}
+    template <objc::FixedString Name, class F> void Method(F) {
+        Add(objc::MethodNamed<Name, &detail::Arrival<F>::Call>(), false, false);
+    }
+    /// A method that only some builds of the app have: it exists when the plan adds it.
+    template <objc::FixedString Name, class F> void OptionalMethod(F) {
+        Add(objc::MethodNamed<Name, &detail::Arrival<F>::Call>(), true, false);
+    }
+    template <objc::FixedString Name, class F> void ClassMethod(F) {
+        Add(objc::MethodNamed<Name, &detail::Arrival<F>::Call>(), false, true);
+    }
 
-/// What a method does that only the app calls. It answers something, because a hook has to hand on what there is.
-inline ns::Object Itself(ns::Object self, objc::SEL) {
-    return self;
-}
+  private:
+    void Add(const objc::MethodEntry &method, bool optional, bool ofClass) const;
 
-/// A class of a host between its base class, which may hold inherited methods, and a sibling that shares the base.
-struct Family {
-    const char *root;
-    const char *base;
-    const char *name;
-    const char *sibling;
+    const char *name_;
+    objc::Class base_;
+    objc::Class own_; // nil while the plan leaves it out
 };
 
-/// Registers base, class and sibling. The plan may leave the class itself out.
-void RegisterFamily(const Family &family, std::span<const HostMethod> methods,
-                    std::span<const HostMethod> classMethods = {});
+/// What a method does that only the app calls. It answers something, because a hook has to hand on what there is.
+inline constexpr auto kItself = [](ns::Object self) { return self; };
+
+/// What a method does that only hooks wait for.
+inline constexpr auto kNothing = [](ns::Object) {};
 
 /// Makes an object of a class by name; nil when the class is missing.
 objc::Ref<ns::Object> MakeObject(const char *className);

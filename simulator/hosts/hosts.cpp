@@ -1,18 +1,17 @@
-#include "hosts/douyin/douyin.hpp"
 #include "hosts/host.hpp"
-#include "hosts/kuaishou/kuaishou.hpp"
-#include "hosts/plain/plain.hpp"
-#include "hosts/wechat/wechat.hpp"
-#include "hosts/xiaohongshu/xiaohongshu.hpp"
 
 namespace sim::hosts {
 
+// A new app is one line here and a folder with its class. The class is only named here, its own file makes it.
+constexpr HostEntry kHosts[] = {
+    {"douyin", "com.ss.iphone.ugc.Aweme", &MakeHost<class Douyin>},
+    {"kuaishou", "com.jiangjia.gif", &MakeHost<class Kuaishou>},
+    {"plain", "org.example.plain", &MakeHost<class Plain>},
+    {"wechat", "com.tencent.xin", &MakeHost<class WeChat>},
+    {"xhs", "com.xingin.discover", &MakeHost<class Xiaohongshu>},
+};
+
 std::span<const HostEntry> Hosts() {
-    static constexpr HostEntry kHosts[] = {
-        {"douyin", "com.ss.iphone.ugc.Aweme", &MakeDouyin}, {"kuaishou", "com.jiangjia.gif", &MakeKuaishou},
-        {"plain", "org.example.plain", &MakePlain},         {"wechat", "com.tencent.xin", &MakeWeChat},
-        {"xhs", "com.xingin.discover", &MakeXiaohongshu},
-    };
     return kHosts;
 }
 

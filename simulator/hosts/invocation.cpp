@@ -15,10 +15,6 @@
 namespace sim::hosts {
 namespace {
 
-using script::Bare;
-using script::Fact;
-using script::WordReader;
-
 /// Room for any one argument or result.
 union Slot {
     objc::id object;
@@ -30,110 +26,68 @@ union Slot {
     ffi_arg raw;
 };
 
+/// How scripts write the values of one type and how calls pass them.
 struct Type {
-    char code;
-    bool block;
+    std::string_view codes; // of type encodings, `?` for a block
     ffi_type *ffi;
+    void (*read)(Slot &slot, WordReader &words);
+    Fact (*describe)(const Slot &result);
 };
 
-ffi_type *FfiTypeOf(char code) {
-    switch (code) {
-    case 'v':
-        return &ffi_type_void;
-    case 'B':
-    case 'c':
-    case 'C':
-        return &ffi_type_uint8;
-    case 'i':
-    case 'I':
-        return &ffi_type_sint32;
-    case 'q':
-    case 'Q':
-    case 'l':
-    case 'L':
-        return &ffi_type_sint64;
-    case 'd':
-        return &ffi_type_double;
-    case 'f':
-        return &ffi_type_float;
-    case '@':
-    case '#':
-    case ':':
-        return &ffi_type_pointer;
-    default:
-        return nullptr;
+void ReadObjectOrBlock(Slot &slot, WordReader &words) {
+    slot.object = words.Take("block") ? ReadBlock(words) : ReadObject(words).pointer;
+}
+
+void ReadBoolean(Slot &slot, WordReader &words) {
+    slot.boolean = words.Take("true") ? 1 : 0;
+    if (slot.boolean == 0) {
+        words.Expect("false");
     }
 }
 
+void ReadInteger(Slot &slot, WordReader &words) {
+    slot.integer = words.Integer("a whole number");
+}
+
+Fact DescribeInteger(const Slot &result) {
+    return DescribeArgument(result.integer);
+}
+
+const Type kTypes[] = {
+    {"v", &ffi_type_void, nullptr, [](const Slot &) { return Fact{}; }},
+    {"@#", &ffi_type_pointer, &ReadObjectOrBlock,
+     [](const Slot &result) { return DescribeArgument(ns::Object{result.object}); }},
+    {"?", &ffi_type_pointer, &ReadObjectOrBlock, [](const Slot &result) { return NameOfBlock(result.object); }},
+    {":", &ffi_type_pointer,
+     [](Slot &slot, WordReader &words) { slot.selector = sel_registerName(words.Name("a selector").c_str()); },
+     [](const Slot &result) { return Fact{Bare(sel_getName(result.selector))}; }},
+    {"BcC", &ffi_type_uint8, &ReadBoolean,
+     [](const Slot &result) { return DescribeArgument((result.raw & 0xFF) != 0); }},
+    {"iI", &ffi_type_sint32, &ReadInteger, &DescribeInteger},
+    {"qQlL", &ffi_type_sint64, &ReadInteger, &DescribeInteger},
+    {"d", &ffi_type_double, [](Slot &slot, WordReader &words) { slot.real = words.Number("a number"); },
+     [](const Slot &result) { return DescribeArgument(result.real); }},
+    {"f", &ffi_type_float,
+     [](Slot &slot, WordReader &words) { slot.single = static_cast<float>(words.Number("a number")); },
+     [](const Slot &result) { return DescribeArgument(result.single); }},
+};
+
 /// The types of a method encoding: result, receiver, selector, arguments.
-std::vector<Type> TypesOf(const char *encoding, const WordReader &words) {
-    std::vector<Type> types;
+std::vector<const Type *> TypesOf(const char *encoding, const WordReader &words) {
+    std::vector<const Type *> types;
     for (const char *at = encoding; *at != '\0'; ++at) {
         if (std::strchr("rnNoORV0123456789+-", *at) != nullptr) {
             continue;
         }
-        const Type type{*at, at[0] == '@' && at[1] == '?', FfiTypeOf(*at)};
-        if (type.ffi == nullptr) {
+        at += at[0] == '@' && at[1] == '?' ? 1 : 0;
+        const auto *const type = std::ranges::find_if(
+            kTypes, [at](const Type &row) { return row.codes.find(*at) != std::string_view::npos; });
+        if (type == std::end(kTypes)) {
             words.Fail(std::string("a script cannot pass or print a value of type ") + *at);
         }
-        at += type.block ? 1 : 0;
         types.push_back(type);
     }
     return types;
-}
-
-ns::Object ReadObject(WordReader &words) {
-    return TheObjects().Sees(words) ? TheObjects().Read(words).get() : script::ReadValue(words);
-}
-
-Slot ReadArgument(const Type &type, WordReader &words) {
-    Slot slot{};
-    switch (type.code) {
-    case '@':
-    case '#':
-        slot.object = words.Take("block") ? ReadBlock(words) : ReadObject(words).pointer;
-        break;
-    case ':':
-        slot.selector = sel_registerName(words.Name("a selector").c_str());
-        break;
-    case 'd':
-        slot.real = words.Number("a number");
-        break;
-    case 'f':
-        slot.single = static_cast<float>(words.Number("a number"));
-        break;
-    case 'B':
-    case 'c':
-    case 'C':
-        if (words.Take("true")) {
-            slot.boolean = 1;
-        } else {
-            words.Expect("false");
-        }
-        break;
-    default:
-        slot.integer = words.Integer("a whole number");
-    }
-    return slot;
-}
-
-Fact DescribeResult(const Type &type, const Slot &result) {
-    switch (type.code) {
-    case 'v':
-        return {};
-    case '@':
-        return type.block ? NameOfBlock(result.object) : DescribeArgument(ns::Object{result.object});
-    case 'd':
-        return DescribeArgument(result.real);
-    case 'f':
-        return DescribeArgument(static_cast<double>(result.single));
-    case 'B':
-    case 'c':
-    case 'C':
-        return DescribeArgument((result.raw & 0xFF) != 0);
-    default:
-        return DescribeArgument(result.integer);
-    }
 }
 
 /// Runs work that calls these methods of the object; what one of them was told to throw is the answer, any other
@@ -167,44 +121,47 @@ struct Outcome {
 
 Outcome Perform(ns::Object receiver, const std::string &selector, WordReader &words) {
     const objc::SEL name = sel_registerName(selector.c_str());
-    const objc::Class cls = objc::object_getClass(receiver.pointer);
-    const objc::Method method = class_getInstanceMethod(cls, name);
+    const objc::Method method = class_getInstanceMethod(objc::object_getClass(receiver.pointer), name);
     if (method == nullptr) {
-        words.Fail(std::string(class_getName(cls)) + " has no method " + selector);
+        words.Fail(script::ClassName(receiver) + " has no method " + selector);
     }
-    const std::vector<Type> types = TypesOf(method_getTypeEncoding(method), words);
+    const std::vector<const Type *> types = TypesOf(method_getTypeEncoding(method), words);
     std::deque<Slot> slots(2);
     slots[0].object = receiver.pointer;
     slots[1].selector = name;
-    for (std::size_t i = 3; i < types.size(); ++i) {
-        slots.push_back(ReadArgument(types[i], words));
+    for (const Type *type : std::span(types).subspan(3)) {
+        type->read(slots.emplace_back(), words);
     }
     words.End();
 
     std::vector<ffi_type *> ffiTypes;
     std::vector<void *> values;
-    for (std::size_t i = 1; i < types.size(); ++i) {
-        ffiTypes.push_back(types[i].ffi);
-        values.push_back(&slots[i - 1]);
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        ffiTypes.push_back(types[i + 1]->ffi);
+        values.push_back(&slots[i]);
     }
     ffi_cif interface;
-    ffi_prep_cif(&interface, FFI_DEFAULT_ABI, static_cast<unsigned>(ffiTypes.size()), types[0].ffi, ffiTypes.data());
+    ffi_prep_cif(&interface, FFI_DEFAULT_ABI, static_cast<unsigned>(ffiTypes.size()), types[0]->ffi, ffiTypes.data());
 
     Slot result{};
     const Fact threw = Watched(receiver, {selector}, [&] {
         ffi_call(&interface, objc_msg_lookup(receiver.pointer, name), &result, values.data());
     });
-    return {threw, threw.empty() ? DescribeResult(types[0], result) : Fact{}};
+    return {threw, threw.empty() ? types[0]->describe(result) : Fact{}};
 }
 
 } // namespace
+
+ns::Object ReadObject(WordReader &words) {
+    return TheObjects().Sees(words) ? TheObjects().Read(words).get() : script::ReadValue(words);
+}
 
 Fact Invoke(ns::Object receiver, const std::string &selector, WordReader &arguments) {
     const Outcome outcome = Perform(receiver, selector, arguments);
     return outcome.threw.empty() ? outcome.result : outcome.threw;
 }
 
-Fact InvokeIfAnswered(ns::Object receiver, const std::string &selector, std::vector<script::Word> arguments) {
+Fact InvokeIfAnswered(ns::Object receiver, const std::string &selector, std::vector<Word> arguments) {
     if (!receiver.respondsToSelector(sel_registerName(selector.c_str()))) {
         return {};
     }

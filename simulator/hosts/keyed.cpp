@@ -5,25 +5,31 @@
 namespace sim::hosts {
 namespace {
 
+struct KeyedState {
+    std::map<std::string, objc::Ref<ns::Object>> values;
+};
+
 /// A planned throw may name the key itself.
 ns::Object ValueForUndefinedKey(ns::Object self, objc::SEL, ns::String key) {
     const std::string name = script::TextOf(key);
     if (const std::string *reason = ThePlan().ReasonToThrow(objc::object_getClass(self.pointer), name)) {
         Raise(*reason);
     }
-    const auto &values = ValuesOf(self);
-    const auto found = values.find(name);
-    if (found != values.end()) {
-        return found->second;
+    if (ValuesOf(self).contains(name)) {
+        return ValueUnder(self, name);
     }
     return objc::SendSuper<"valueForUndefinedKey:", ns::Object>(self, key); // raises, as for any object
 }
 
 } // namespace
 
-void RegisterKeyedRoot(const char *name) {
+void RegisterKeyedRoot(const char *name, const char *superclass) {
     const objc::MethodEntry methods[] = {objc::MethodNamed<"valueForUndefinedKey:", &ValueForUndefinedKey>()};
-    RegisterClassWithState<KeyedState>(name, "NSObject", methods);
+    RegisterClassWithState<KeyedState>(name, superclass, methods);
+}
+
+std::map<std::string, objc::Ref<ns::Object>> &ValuesOf(ns::Object object) {
+    return StateOf<KeyedState>(object).values;
 }
 
 ns::Object ValueUnder(ns::Object object, const std::string &key) {

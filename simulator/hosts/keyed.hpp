@@ -8,27 +8,19 @@
 
 namespace sim::hosts {
 
-struct KeyedState {
-    std::map<std::string, objc::Ref<ns::Object>> values;
-};
-
-/// Registers a root class whose objects, and those of its subclasses, are keyed.
-void RegisterKeyedRoot(const char *name);
+/// Registers a root class under one that exists; its objects, and those of its subclasses, are keyed. One an app.
+void RegisterKeyedRoot(const char *name, const char *superclass);
 
 /// What an object of such a class answers for keys.
-inline std::map<std::string, objc::Ref<ns::Object>> &ValuesOf(ns::Object object) {
-    return StateOf<KeyedState>(object).values;
-}
+std::map<std::string, objc::Ref<ns::Object>> &ValuesOf(ns::Object object);
 
 /// The value under a key; nil when there is none.
 ns::Object ValueUnder(ns::Object object, const std::string &key);
 
 /// A getter and a setter of one key.
-template <objc::FixedString Key> ns::Object GetKey(ns::Object self, objc::SEL) {
-    return ValueUnder(self, Key.data);
-}
-template <objc::FixedString Key> void SetKey(ns::Object self, objc::SEL, ns::Object value) {
-    ValuesOf(self)[Key.data] = objc::Ref<ns::Object>(value);
-}
+template <objc::FixedString Key>
+inline constexpr auto kGet = [](ns::Object self) { return ValueUnder(self, Key.data); };
+template <objc::FixedString Key>
+inline constexpr auto kSet = [](ns::Object self, ns::Object value) { ValuesOf(self)[Key.data] = value; };
 
 } // namespace sim::hosts

@@ -1,10 +1,9 @@
 #include "hosts/live_room.hpp"
 
 #include "apple/uikit/gesture_recognizer.hpp"
-#include "apple/uikit/label.hpp"
 #include "hosts/video_view.hpp"
+#include "hosts/view_building.hpp"
 #include "runtime/native_class.hpp"
-#include "script/values.hpp"
 #include "uikit/application.hpp"
 
 #include <algorithm>
@@ -27,41 +26,6 @@ void Tapped(ns::Object, objc::SEL, ui::GestureRecognizer) {
     ++taps;
 }
 
-ui::Color Rgb(unsigned rgb, double alpha = 1) {
-    return objc::SendClass<ui::Color, "colorWithRed:green:blue:alpha:", ui::Color>(
-        ((rgb >> 16) & 255) / 255.0, ((rgb >> 8) & 255) / 255.0, (rgb & 255) / 255.0, alpha);
-}
-
-cg::Rect Box(double x, double y, double width, double height) {
-    return {{x, y}, {width, height}};
-}
-
-/// Adds a plain view with round corners.
-ui::View AddBox(ui::View parent, cg::Rect frame, ui::Color color, double radius) {
-    const auto box = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame(frame));
-    box->setBackgroundColor(color);
-    box->layer().setCornerRadius(radius);
-    parent.addSubview(box);
-    return box;
-}
-
-struct LabelLook {
-    double size = 14;
-    bool bold = false;
-    ui::Color color = ui::Color::whiteColor();
-    ui::TextAlignment alignment = ui::TextAlignment::kLeft;
-};
-
-ui::Label AddLabel(ui::View parent, cg::Rect frame, const std::string &text, const LabelLook &look) {
-    const auto label = objc::Ref<ui::Label>::Adopt(objc::As<ui::Label>(ns::Alloc<ui::Label>().initWithFrame(frame)));
-    label->setText(script::MakeString(text));
-    label->setFont(look.bold ? ui::Font::boldSystemFontOfSize(look.size) : ui::Font::systemFontOfSize(look.size));
-    label->setTextColor(look.color);
-    label->setTextAlignment(look.alignment);
-    parent.addSubview(label);
-    return label;
-}
-
 } // namespace
 
 void RegisterLiveRoom() {
@@ -78,33 +42,28 @@ cg::Rect LiveRoom::InputFrame() {
     return Box(kMargin, ScreenSize().height - kBottom - kInputBar, 210, kInputBar);
 }
 
-void LiveRoom::ShowLobby(ui::WindowScene scene, const LiveRoomLook &look) {
-    look_ = look;
-    const cg::Size size = ScreenSize();
+void LiveRoom::ShowLobby(ui::WindowScene scene) {
     window_ = objc::Ref<ui::Window>::Adopt(ns::Alloc<ui::Window>().initWithWindowScene(scene));
-    window_->setFrame({{0, 0}, size});
+    window_->setFrame({{0, 0}, ScreenSize()});
     window_->setBackgroundColor(ui::Color::blackColor());
     window_->setRootViewController(ns::New<ui::ViewController>());
     DrawLobby();
     window_->makeKeyAndVisible();
 }
 
-void LiveRoom::NewScreen(const char *className) {
+template <class T> void LiveRoom::NewScreen() {
     if (screen_) {
         screen_->removeFromSuperview();
     }
     chat_ = nullptr;
-    const auto fresh = objc::Send<"alloc", ui::View>(ui::View{objc::AsObject(objc_getClass(className))});
-    screen_ = objc::Ref<ui::View>::Adopt(fresh.initWithFrame({{0, 0}, ScreenSize()}));
-    const auto recognizer = objc::Ref<ui::TapGestureRecognizer>::Adopt(
+    screen_ = AddNew<T>(window_->rootViewController().view(), {{0, 0}, ScreenSize()});
+    screen_->addGestureRecognizer(objc::Ref<ui::TapGestureRecognizer>::Adopt(
         objc::As<ui::TapGestureRecognizer>(ns::Alloc<ui::TapGestureRecognizer>().initWithTarget(
-            ns::Object{objc::AsObject(objc_getClass(kTapListener))}, objc::Selector<"tapped:">())));
-    screen_->addGestureRecognizer(recognizer);
-    window_->rootViewController().view().addSubview(screen_);
+            ns::Object{objc::AsObject(objc_getClass(kTapListener))}, objc::Selector<"tapped:">()))));
 }
 
 void LiveRoom::DrawLobby() {
-    NewScreen("UIView");
+    NewScreen<ui::View>();
     screen_->setBackgroundColor(Rgb(0x161823));
     const double width = ScreenSize().width;
     AddLabel(screen_, Box(0, kTop, width, 28), look_.appName,
@@ -117,7 +76,9 @@ void LiveRoom::DrawLobby() {
         const int row = i / 2;
         const cg::Rect frame =
             Box(kMargin + (i % 2) * (card + kMargin), 100 + row * (card * 1.4 + kMargin), card, card * 1.4);
-        const ui::View view = AddPoster(screen_, frame);
+        const ui::View view = AddNew<PosterView>(screen_, frame);
+        view.layer().setCornerRadius(10);
+        view.setClipsToBounds(true);
         AddLabel(view, Box(10, frame.size.height - 48, card - 20, 20), kRooms[i], {.size = 14, .bold = true});
         AddLabel(view, Box(10, frame.size.height - 27, card - 20, 16), kViewers[i],
                  {.size = 11, .color = Rgb(0xFFFFFF, 0.7)});
@@ -128,7 +89,7 @@ void LiveRoom::DrawLobby() {
 }
 
 void LiveRoom::Enter(const std::string &title) {
-    NewScreen(kVideoClass);
+    NewScreen<VideoView>();
     if (look_.wash) {
         AddBox(screen_, screen_->bounds(), Rgb(*look_.wash, 0.25), 0);
     }
@@ -188,9 +149,8 @@ void LiveRoom::Say(const std::string &who, const std::string &text, bool own) {
     const cg::Size fitted = label.sizeThatFits({kChatWidth - 20, 1e6});
     const cg::Size size{std::min(fitted.width, kChatWidth - 20) + 20, fitted.height + 10};
     label.setFrame(Box(10, 5, size.width - 20, fitted.height));
-    const ns::Array bubbles = chat_->subviews();
-    for (unsigned long i = 0; i + 1 < bubbles.count(); ++i) {
-        const auto older = objc::As<ui::View>(bubbles.objectAtIndex(i));
+    const ns::ArrayOf<ui::View> bubbles = chat_->subviews();
+    for (const ui::View older : bubbles) {
         const cg::Point center = older.center();
         older.setCenter({center.x, center.y - size.height - kBubbleGap});
     }
@@ -205,10 +165,6 @@ void LiveRoom::AddComment(const std::string &text) {
     if (chat_) {
         Say("我", text, true);
     }
-}
-
-void LiveRoom::Leave() {
-    DrawLobby();
 }
 
 } // namespace sim::hosts

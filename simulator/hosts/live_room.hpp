@@ -29,12 +29,15 @@ struct LiveRoomLook {
 
 class LiveRoom {
   public:
+    explicit LiveRoom(LiveRoomLook look) : look_(std::move(look)) {}
     /// Puts the lobby into a new key window of the scene.
-    void ShowLobby(ui::WindowScene scene, const LiveRoomLook &look);
+    void ShowLobby(ui::WindowScene scene);
     /// Shows the room with this title (as the app words it) and an empty chat.
     void Enter(const std::string &title);
     /// Back to the lobby.
-    void Leave();
+    void Leave() {
+        DrawLobby();
+    }
     /// Adds the user's own comment to the chat; the oldest bubble goes when there is no more room.
     void AddComment(const std::string &text);
     /// Where a room shows its comment input, for an input view of the app's own.
@@ -52,7 +55,7 @@ class LiveRoom {
 
   private:
     /// Replaces the screen by an empty one of this class.
-    void NewScreen(const char *className);
+    template <class T> void NewScreen();
     void DrawLobby();
     void DrawTopBar(const std::string &title);
     void DrawInputBar();

@@ -1,11 +1,11 @@
 #include "hosts/objects.hpp"
 
+#include "script/values.hpp"
+
 #include <algorithm>
+#include <ranges>
 
 namespace sim::hosts {
-
-using script::Bare;
-using script::Fact;
 
 Objects &TheObjects() {
     // Never destroyed: the objects that it points to are not taken apart at exit either.
@@ -13,51 +13,47 @@ Objects &TheObjects() {
     return objects;
 }
 
-Objects::Entry *Objects::Find(ns::Object object) const {
-    for (const auto &[kind, numbered] : entries_) {
-        for (const std::unique_ptr<Entry> &entry : numbered) {
-            if (object && entry->object.Lock().get() == object) {
-                return entry.get();
-            }
-        }
-    }
-    return nullptr;
+const Objects::Entry *Objects::Find(ns::Object object) const {
+    const auto found = std::ranges::find_if(
+        entries_, [object](const Entry &entry) { return object && entry.object.Lock().get() == object; });
+    return found != entries_.end() ? &*found : nullptr;
+}
+
+long Objects::Count(const std::string &kind) const {
+    return std::ranges::count(entries_, kind, &Entry::kind);
 }
 
 void Objects::Keep(const std::string &kind, ns::Object object) {
     objc::Retain(object.pointer);
-    entries_[kind].push_back(std::make_unique<Entry>(objc::WeakRef<ns::Object>(object)));
+    held_.insert(object.pointer);
+    entries_.push_back({kind, Count(kind) + 1, objc::WeakRef<ns::Object>(object)});
 }
 
 void Objects::LetGo(ns::Object object) {
-    Entry *entry = Find(object);
-    if (entry != nullptr && entry->held) {
-        entry->held = false;
+    if (Knows(object) && held_.erase(object.pointer) != 0) {
         objc::Release(object.pointer);
     }
 }
 
 void Objects::ReleaseToDeath(ns::Object object) {
-    while (Entry *entry = Find(object)) {
-        entry->held = false;
+    held_.erase(object.pointer);
+    while (Knows(object)) {
         objc::Release(object.pointer);
     }
 }
 
-Objects::Entry &Objects::ReadEntry(script::WordReader &words) const {
+const Objects::Entry &Objects::ReadEntry(WordReader &words) const {
     const std::string kind = words.Name("the kind of an object");
-    const auto numbered = entries_.find(kind);
-    if (numbered == entries_.end()) {
-        words.Fail("the host has made no " + kind);
-    }
     const long number = words.Integer("the number of the " + kind);
-    if (number < 1 || number > std::ssize(numbered->second)) {
+    const auto found = std::ranges::find_if(
+        entries_, [&](const Entry &entry) { return entry.kind == kind && entry.number == number; });
+    if (found == entries_.end()) {
         words.Fail("the host has made no " + kind + " " + std::to_string(number));
     }
-    return *numbered->second[static_cast<std::size_t>(number - 1)];
+    return *found;
 }
 
-objc::Ref<ns::Object> Objects::Read(script::WordReader &words) const {
+objc::Ref<ns::Object> Objects::Read(WordReader &words) const {
     objc::Ref<ns::Object> object = ReadEntry(words).object.Lock();
     if (!object) {
         words.Fail("that object is gone");
@@ -65,32 +61,25 @@ objc::Ref<ns::Object> Objects::Read(script::WordReader &words) const {
     return object;
 }
 
-bool Objects::ReadWhetherAlive(script::WordReader &words) const {
+bool Objects::ReadWhetherAlive(WordReader &words) const {
     return static_cast<bool>(ReadEntry(words).object.Lock());
 }
 
-bool Objects::Sees(const script::WordReader &words) const {
-    return std::ranges::any_of(entries_, [&](const auto &entry) { return words.Sees(entry.first); });
+bool Objects::Sees(const WordReader &words) const {
+    return std::ranges::any_of(entries_, [&](const Entry &entry) { return words.Sees(entry.kind); });
 }
 
 Fact Objects::NameOf(ns::Object object) const {
-    for (const auto &[kind, numbered] : entries_) {
-        for (std::size_t i = 0; i < numbered.size(); ++i) {
-            if (object && numbered[i]->object.Lock().get() == object) {
-                return {Bare(kind), Bare(std::to_string(i + 1))};
-            }
-        }
+    if (const Entry *entry = Find(object)) {
+        return {Bare(entry->kind), Bare(entry->number)};
     }
-    return {Bare(object ? std::string("<") + class_getName(objc::object_getClass(object.pointer)) + ">" : "nil")};
-}
-
-bool Objects::Knows(ns::Object object) const {
-    return Find(object) != nullptr;
+    return {Bare(object ? "<" + script::ClassName(object) + ">" : "nil")};
 }
 
 objc::Ref<ns::Object> Objects::Last(const std::string &kind) const {
-    const auto numbered = entries_.find(kind);
-    return numbered == entries_.end() ? objc::Ref<ns::Object>{} : numbered->second.back()->object.Lock();
+    const auto newestFirst = entries_ | std::views::reverse;
+    const auto found = std::ranges::find(newestFirst, kind, &Entry::kind);
+    return found != newestFirst.end() ? found->object.Lock() : objc::Ref<ns::Object>{};
 }
 
 } // namespace sim::hosts

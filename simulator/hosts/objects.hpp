@@ -3,12 +3,9 @@
 
 #include "apple/foundation/object.hpp"
 #include "objc/ref.hpp"
-#include "script/expectation.hpp"
+#include "script/words.hpp"
 
-#include <map>
-#include <memory>
-#include <string>
-#include <vector>
+#include <set>
 
 namespace sim::hosts {
 
@@ -22,28 +19,34 @@ class Objects {
     void ReleaseToDeath(ns::Object object);
 
     /// Reads "KIND N"; an unknown object and one that is gone are errors.
-    objc::Ref<ns::Object> Read(script::WordReader &words) const;
+    objc::Ref<ns::Object> Read(WordReader &words) const;
     /// Reads "KIND N" and tells whether that object still exists.
-    bool ReadWhetherAlive(script::WordReader &words) const;
+    bool ReadWhetherAlive(WordReader &words) const;
     /// Whether the next word is the kind of an object that has been made.
-    bool Sees(const script::WordReader &words) const;
+    bool Sees(const WordReader &words) const;
     /// Its words, as in `store 1`; `<Class>` for an object without a name, `nil` for none.
-    script::Fact NameOf(ns::Object object) const;
+    Fact NameOf(ns::Object object) const;
     /// Whether the object has a name.
-    bool Knows(ns::Object object) const;
+    bool Knows(ns::Object object) const {
+        return Find(object) != nullptr;
+    }
     /// The last object of a kind; nil when there is none or it is gone.
     objc::Ref<ns::Object> Last(const std::string &kind) const;
 
   private:
-    /// An object that the host may hold, and that others may hold when it no longer does.
+    /// An object that has been made; others may hold it when the host no longer does.
     struct Entry {
+        std::string kind;
+        long number;
         objc::WeakRef<ns::Object> object;
-        bool held = true;
     };
-    Entry &ReadEntry(script::WordReader &words) const;
-    Entry *Find(ns::Object object) const;
+    const Entry &ReadEntry(WordReader &words) const;
+    const Entry *Find(ns::Object object) const;
+    /// How many objects of the kind there have been.
+    long Count(const std::string &kind) const;
 
-    std::map<std::string, std::vector<std::unique_ptr<Entry>>> entries_;
+    std::vector<Entry> entries_; // in the order of their making
+    std::set<objc::id> held_;    // by the host
 };
 
 /// The objects of this process's one host.

@@ -4,68 +4,71 @@
 #include "script/values.hpp"
 
 namespace sim::hosts {
+namespace {
 
-using script::Bare;
-using script::Fact;
+struct Field {
+    const char *name;
+    Fact Comment::*value;
+};
 
-void Append(Fact &fact, const Fact &more) {
-    fact.insert(fact.end(), more.begin(), more.end());
-}
+/// In the order in which facts show them; the first needs no name.
+constexpr Field kFields[] = {{"text", &Comment::text},
+                             {"path", &Comment::path},
+                             {"object", &Comment::object},
+                             {"room", &Comment::room},
+                             {"context", &Comment::context}};
+
+} // namespace
 
 Record &TheRecord() {
     static Record record;
     return record;
 }
 
-void Record::Add(Comment comment) {
-    comments_.push_back(std::move(comment));
-    for (const auto &listener : listeners_) {
-        listener(comments_.back(), static_cast<int>(comments_.size()));
+void RecordCall(ns::Object receiver, const char *selector, const std::vector<Fact> &arguments) {
+    Fact fact = TheObjects().NameOf(receiver);
+    fact.push_back(Bare(selector));
+    for (const Fact &argument : arguments) {
+        Append(fact, argument);
     }
+    TheRecord().calls.push_back({selector, std::move(fact)});
 }
 
 void ReceiveComment(const char *path, ns::Object receiver, ns::Object text, ns::Object room, Fact context) {
-    TheRecord().Add(Comment{.path = path,
-                            .object = TheObjects().NameOf(receiver),
-                            .text = DescribeArgument(text),
-                            .room = DescribeArgument(room),
-                            .context = std::move(context)});
+    Record &record = TheRecord();
+    record.comments.push_back({.text = DescribeArgument(text),
+                               .path = {Bare(path)},
+                               .object = TheObjects().NameOf(receiver),
+                               .room = DescribeArgument(room),
+                               .context = std::move(context)});
+    for (const auto &listener : record.listeners) {
+        listener(record.comments.back(), record.comments.size());
+    }
+}
+
+Fact DescribeComment(const Comment &comment) {
+    Fact fact;
+    for (const Field &field : kFields) {
+        if (!fact.empty()) {
+            fact.push_back(Bare(field.name));
+        }
+        Append(fact, comment.*field.value);
+    }
+    return fact;
+}
+
+Fact DescribeField(const Comment &comment, WordReader &words) {
+    const std::string name = words.Name("text, path, object, room or context");
+    for (const Field &field : kFields) {
+        if (name == field.name) {
+            return comment.*field.value;
+        }
+    }
+    words.Fail("a comment has no " + name);
 }
 
 Fact DescribeArgument(ns::Object value) {
     return TheObjects().Knows(value) ? TheObjects().NameOf(value) : script::DescribeValue(value);
-}
-
-Fact DescribeArgument(long value) {
-    return {Bare(std::to_string(value))};
-}
-
-Fact DescribeArgument(bool value) {
-    return {Bare(value ? "true" : "false")};
-}
-
-Fact DescribeArgument(double value) {
-    return {Bare(value)};
-}
-
-Fact DescribeCall(const Call &call) {
-    Fact fact = call.object;
-    fact.push_back(Bare(call.selector));
-    for (const Fact &argument : call.arguments) {
-        Append(fact, argument);
-    }
-    return fact;
-}
-
-Fact DescribeComment(const Comment &comment) {
-    Fact fact = comment.text;
-    Append(fact, {Bare("path"), Bare(comment.path), Bare("object")});
-    Append(fact, comment.object);
-    fact.push_back(Bare("room"));
-    Append(fact, comment.room);
-    fact.push_back(Bare("context"));
-    Append(fact, comment.context);
-    return fact;
 }
 
 } // namespace sim::hosts

@@ -11,7 +11,6 @@ namespace sim::hosts {
 namespace {
 
 using std::numbers::pi;
-constexpr const char *kPosterClass = "SimLivePosterView";
 
 struct Stop {
     double at, r, g, b, a;
@@ -59,19 +58,10 @@ void DrawPoster(ui::View view, cairo_t *context) {
 } // namespace
 
 void RegisterVideoViews() {
-    RegisterClass(kVideoClass, "UIView", {});
-    RegisterDrawing(kVideoClass, &DrawVideo);
-    RegisterClass(kPosterClass, "UIView", {});
-    RegisterDrawing(kPosterClass, &DrawPoster);
-}
-
-ui::View AddPoster(ui::View parent, cg::Rect frame) {
-    const auto fresh = objc::Send<"alloc", ui::View>(ui::View{objc::AsObject(objc_getClass(kPosterClass))});
-    const auto poster = objc::Ref<ui::View>::Adopt(fresh.initWithFrame(frame));
-    poster->layer().setCornerRadius(10);
-    poster->setClipsToBounds(true);
-    parent.addSubview(poster);
-    return poster;
+    RegisterClass(VideoView::kClassName, "UIView", {});
+    RegisterDrawing(VideoView::kClassName, &DrawVideo);
+    RegisterClass(PosterView::kClassName, "UIView", {});
+    RegisterDrawing(PosterView::kClassName, &DrawPoster);
 }
 
 } // namespace sim::hosts

@@ -5,12 +5,17 @@
 
 namespace sim::hosts {
 
-inline constexpr const char *kVideoClass = "SimLiveVideoView";
+struct VideoView : ui::View {
+    using ui::View::View;
+    static constexpr const char *kClassName = "SimLiveVideoView";
+};
+
+struct PosterView : ui::View {
+    using ui::View::View;
+    static constexpr const char *kClassName = "SimLivePosterView";
+};
 
 /// Registers the classes and their drawing. After UIKit's.
 void RegisterVideoViews();
-
-/// Adds a poster with round corners.
-ui::View AddPoster(ui::View parent, cg::Rect frame);
 
 } // namespace sim::hosts

@@ -76,10 +76,10 @@ std::optional<std::string_view> MatchFront(std::string_view pattern, std::string
 }
 
 bool SameWord(const Word &expected, const Word &found, Pointers &pointers) {
-    double left = 0;
-    double right = 0;
-    if (ParseNumber(expected, left) && ParseNumber(found, right)) {
-        return left == right || std::abs(left - right) <= kTolerance;
+    const std::optional<double> left = ParseNumber(expected);
+    const std::optional<double> right = ParseNumber(found);
+    if (left && right) {
+        return *left == *right || std::abs(*left - *right) <= kTolerance; // infinities differ by nothing at all
     }
     const std::optional<std::string_view> rest = MatchFront(expected.text, found.text, pointers);
     return rest && rest->empty();
@@ -123,7 +123,7 @@ bool Matches(const std::string &pattern, const Answer &answer) {
 std::optional<double> FirstNumber(const Answer &answer) {
     for (const Fact &fact : answer) {
         for (const Word &word : fact) {
-            if (double number = 0; ParseNumber(word, number)) {
+            if (const std::optional<double> number = ParseNumber(word)) {
                 return number;
             }
         }
@@ -147,28 +147,21 @@ Expectation Expectation::Read(WordReader &words) {
     if (words.AtEnd()) {
         return result;
     }
-    WordReader ahead = words;
-    if (!Begins(ahead.Next("a verb"))) {
-        words.Fail("expected is, contains, matches, above or below");
+    const Word &verb = words.Next("a verb");
+    if (!Begins(verb)) {
+        words.Fail("expected is, contains, matches, above or below, not " + Render({&verb, 1}));
     }
-    const std::string &verb = words.Name("a verb");
-    if (verb == "above" || verb == "below") {
-        result.kind_ = verb == "above" ? Kind::kAbove : Kind::kBelow;
-        result.number_ = words.Number("the bound");
-        words.End();
-        return result;
-    }
-    if (verb == "is") {
-        result.kind_ = Kind::kIs;
-    } else {
-        result.kind_ = verb == "contains" ? Kind::kContains : Kind::kMatches;
-    }
+    result.verb_ = verb.text;
     if (words.AtEnd()) {
-        words.Fail("expected a value after '" + verb + "'");
+        words.Fail("expected a value after '" + verb.text + "'");
     }
     const std::span<const Word> rest = words.Rest();
     result.words_.assign(rest.begin(), rest.end());
-    if (result.kind_ == Kind::kMatches) {
+    if (verb.text == "above" || verb.text == "below") {
+        WordReader bound(words.place(), rest);
+        bound.Number("the bound");
+        bound.End();
+    } else if (verb.text == "matches") {
         try {
             std::regex(PlainText(result.words_));
         } catch (const std::regex_error &error) {
@@ -179,25 +172,19 @@ Expectation Expectation::Read(WordReader &words) {
 }
 
 bool Expectation::Holds(const Answer &answer, Pointers &pointers) const {
-    Pointers trial = pointers;
-    bool holds = false;
-    switch (kind_) {
-    case Kind::kPresent:
+    if (verb_.empty()) {
         return !answer.empty();
-    case Kind::kIs:
-        holds = Is(words_, answer, trial);
-        break;
-    case Kind::kContains:
-        holds = Contains(PlainText(words_), answer, trial);
-        break;
-    case Kind::kMatches:
+    }
+    if (verb_ == "matches") {
         return Matches(PlainText(words_), answer);
-    case Kind::kAbove:
-    case Kind::kBelow: {
+    }
+    if (verb_ == "above" || verb_ == "below") {
         const std::optional<double> number = FirstNumber(answer);
-        return number && (kind_ == Kind::kAbove ? *number > number_ : *number < number_);
+        const double bound = ParseNumber(words_.front()).value_or(0);
+        return number && (verb_ == "above" ? *number > bound : *number < bound);
     }
-    }
+    Pointers trial = pointers;
+    const bool holds = verb_ == "is" ? Is(words_, answer, trial) : Contains(PlainText(words_), answer, trial);
     if (holds) {
         pointers = std::move(trial);
     }
@@ -205,21 +192,7 @@ bool Expectation::Holds(const Answer &answer, Pointers &pointers) const {
 }
 
 std::string Expectation::Describe() const {
-    switch (kind_) {
-    case Kind::kPresent:
-        return {};
-    case Kind::kIs:
-        return " is " + Render(words_);
-    case Kind::kContains:
-        return " contains " + Render(words_);
-    case Kind::kMatches:
-        return " matches " + Render(words_);
-    case Kind::kAbove:
-        return " above " + FormatNumber(number_);
-    case Kind::kBelow:
-        return " below " + FormatNumber(number_);
-    }
-    return {};
+    return verb_.empty() ? "" : " " + verb_ + " " + Render(words_);
 }
 
 } // namespace sim::script

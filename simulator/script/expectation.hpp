@@ -7,11 +7,6 @@
 
 namespace sim::script {
 
-/// One fact of an answer, as words.
-using Fact = std::vector<Word>;
-/// What a query found, in its own order; empty when the thing asked for is not there.
-using Answer = std::vector<Fact>;
-
 /// A fact as one text: the raw text of a single quoted word, otherwise the words as a script writes them.
 std::string PlainText(const Fact &fact);
 
@@ -33,10 +28,8 @@ class Expectation {
     std::string Describe() const;
 
   private:
-    enum class Kind { kPresent, kIs, kContains, kMatches, kAbove, kBelow };
-    Kind kind_ = Kind::kPresent;
+    std::string verb_; // empty: the thing is to be there
     std::vector<Word> words_;
-    double number_ = 0;
 };
 
 } // namespace sim::script

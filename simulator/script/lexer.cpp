@@ -2,6 +2,7 @@
 
 #include "script/text.hpp"
 
+#include <algorithm>
 #include <charconv>
 
 namespace sim::script {
@@ -92,21 +93,15 @@ class LineLexer {
     }
 
     char16_t Escape() {
-        switch (const char c = TakeChar()) {
-        case 'n':
-            return u'\n';
-        case 't':
-            return u'\t';
-        case '0':
-            return u'\0';
-        case '"':
-        case '\\':
-            return static_cast<char16_t>(c);
-        case 'u':
+        const char letter = TakeChar();
+        if (letter == 'u') {
             return HexUnit();
-        default:
-            Fail(std::string("unknown escape \\") + c);
         }
+        const auto *const escape = std::ranges::find(kEscapes, letter, &std::pair<char, char>::second);
+        if (escape == std::end(kEscapes)) {
+            Fail(std::string("unknown escape \\") + letter);
+        }
+        return static_cast<char16_t>(escape->first);
     }
 
     char16_t HexUnit() {

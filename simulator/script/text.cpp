@@ -1,5 +1,6 @@
 #include "script/text.hpp"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
@@ -17,21 +18,11 @@ bool IsLowSurrogate(char32_t unit) {
 }
 
 void AppendUtf8(std::string &out, char32_t point) {
-    const auto tail = [&out](char32_t bits) { out.push_back(static_cast<char>(0x80 | (bits & 0x3F))); };
-    if (point < 0x80) {
-        out.push_back(static_cast<char>(point));
-    } else if (point < 0x800) {
-        out.push_back(static_cast<char>(0xC0 | (point >> 6)));
-        tail(point);
-    } else if (point < 0x10000) {
-        out.push_back(static_cast<char>(0xE0 | (point >> 12)));
-        tail(point >> 6);
-        tail(point);
-    } else {
-        out.push_back(static_cast<char>(0xF0 | (point >> 18)));
-        tail(point >> 12);
-        tail(point >> 6);
-        tail(point);
+    const int tail = point < 0x80 ? 0 : point < 0x800 ? 1 : point < 0x10000 ? 2 : 3; // bytes after the first
+    constexpr unsigned kFirst[] = {0, 0xC0, 0xE0, 0xF0};
+    out.push_back(static_cast<char>(kFirst[tail] | (point >> (6 * tail))));
+    for (int i = tail - 1; i >= 0; --i) {
+        out.push_back(static_cast<char>(0x80 | ((point >> (6 * i)) & 0x3F)));
     }
 }
 
@@ -101,11 +92,6 @@ std::string ToUtf8(std::u16string_view units) {
 
 std::string Quoted(std::string_view text) {
     std::string out = "\"";
-    const auto escape = [&out](char32_t point) {
-        std::array<char, 8> buffer{};
-        std::snprintf(buffer.data(), buffer.size(), "\\u%04X", static_cast<unsigned>(point));
-        out += buffer.data();
-    };
     while (!text.empty()) {
         const std::optional<char32_t> point = TakePoint(text);
         if (!point) { // a byte that is no UTF-8 shows as the replacement character
@@ -113,43 +99,28 @@ std::string Quoted(std::string_view text) {
             text.remove_prefix(1);
             continue;
         }
-        switch (*point) {
-        case U'"':
-            out += "\\\"";
-            break;
-        case U'\\':
-            out += "\\\\";
-            break;
-        case U'\n':
-            out += "\\n";
-            break;
-        case U'\t':
-            out += "\\t";
-            break;
-        case U'\0':
-            out += "\\0";
-            break;
-        default:
-            if (*point < 0x20 || *point == 0x7F || IsHighSurrogate(*point) || IsLowSurrogate(*point)) {
-                escape(*point);
-            } else {
-                AppendUtf8(out, *point);
-            }
+        const auto *const escape =
+            std::ranges::find(kEscapes, *point, [](const auto &row) { return char32_t(row.first); });
+        if (escape != std::end(kEscapes)) {
+            out += {'\\', escape->second};
+        } else if (*point < 0x20 || *point == 0x7F || IsHighSurrogate(*point) || IsLowSurrogate(*point)) {
+            std::array<char, 8> buffer{};
+            std::snprintf(buffer.data(), buffer.size(), "\\u%04X", static_cast<unsigned>(*point));
+            out += buffer.data();
+        } else {
+            AppendUtf8(out, *point);
         }
     }
     out += '"';
     return out;
 }
 
-std::string FormatNumber(double value) {
-    if (!std::isfinite(value)) {
-        if (std::isnan(value)) {
-            return "nan";
-        }
-        return value > 0 ? "inf" : "-inf";
+std::string FormatNumber(double value, int decimals) {
+    if (std::isnan(value)) { // whose sign is nobody's business
+        return "nan";
     }
     std::array<char, 400> buffer{};
-    std::snprintf(buffer.data(), buffer.size(), "%.4f", value);
+    std::snprintf(buffer.data(), buffer.size(), "%.*f", decimals, value);
     std::string text = buffer.data();
     text.erase(text.find_last_not_of('0') + 1);
     if (text.back() == '.') {

@@ -5,8 +5,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace sim::script {
+
+/// The characters that stand escaped in quotes, and the letter behind the backslash of each.
+inline constexpr std::pair<char, char> kEscapes[] = {{'\n', 'n'}, {'\t', 't'}, {'\0', '0'}, {'"', '"'}, {'\\', '\\'}};
 
 /// UTF-16 units of a UTF-8 text; nothing when the bytes are not UTF-8 (lone surrogates are let through).
 std::optional<std::u16string> ToUtf16(std::string_view text);
@@ -18,7 +22,7 @@ std::string ToUtf8(std::u16string_view units);
 /// backslash, control characters and lone surrogates.
 std::string Quoted(std::string_view text);
 
-/// A number as facts show it: at most four decimals, no trailing zeros, never "-0".
-std::string FormatNumber(double value);
+/// A number as facts show it: at most so many decimals, no trailing zeros, never "-0".
+std::string FormatNumber(double value, int decimals = 4);
 
 } // namespace sim::script

@@ -1,90 +1,17 @@
 #include "script/values.hpp"
 
 #include "apple/foundation/collections.hpp"
+#include "apple/foundation/data.hpp"
+#include "apple/foundation/date.hpp"
 #include "apple/foundation/number.hpp"
 #include "script/text.hpp"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
-#include <cstring>
+#include <map>
 
 namespace sim::script {
 namespace {
-
-struct Data : ns::Object {
-    using ns::Object::Object;
-    static constexpr const char *kClassName = "NSData";
-
-    static Data dataWithBytes(const void *bytes, unsigned long length) {
-        return objc::SendClass<Data, "dataWithBytes:length:", Data>(static_cast<const char *>(bytes), length);
-    }
-    const char *bytes() const {
-        return objc::Send<"bytes", const char *>(*this);
-    }
-    unsigned long length() const {
-        return objc::Send<"length", unsigned long>(*this);
-    }
-};
-
-struct Date : ns::Object {
-    using ns::Object::Object;
-    static constexpr const char *kClassName = "NSDate";
-
-    static Date dateWithTimeIntervalSince1970(double seconds) {
-        return objc::SendClass<Date, "dateWithTimeIntervalSince1970:", Date>(seconds);
-    }
-    double timeIntervalSince1970() const {
-        return objc::Send<"timeIntervalSince1970", double>(*this);
-    }
-};
-
-struct MutableArray : ns::Array {
-    using ns::Array::Array;
-    static constexpr const char *kClassName = "NSMutableArray";
-
-    static MutableArray array() {
-        return objc::SendClass<MutableArray, "array", MutableArray>();
-    }
-    void addObject(ns::Object object) const {
-        objc::Send<"addObject:", void>(*this, object);
-    }
-};
-
-struct MutableDictionary : ns::Dictionary {
-    using ns::Dictionary::Dictionary;
-    static constexpr const char *kClassName = "NSMutableDictionary";
-
-    static MutableDictionary dictionary() {
-        return objc::SendClass<MutableDictionary, "dictionary", MutableDictionary>();
-    }
-    void setObject(ns::Object object, ns::Object key) const {
-        objc::Send<"setObject:forKey:", void>(*this, object, key);
-    }
-};
-
-struct TypedNumber : ns::Number {
-    using ns::Number::Number;
-
-    static ns::Object WithLong(long value) {
-        return objc::SendClass<TypedNumber, "numberWithLong:", ns::Object>(value);
-    }
-    static ns::Object WithFloat(float value) {
-        return objc::SendClass<TypedNumber, "numberWithFloat:", ns::Object>(value);
-    }
-    static ns::Object WithDouble(double value) {
-        return objc::SendClass<TypedNumber, "numberWithDouble:", ns::Object>(value);
-    }
-    const char *objCType() const {
-        return objc::Send<"objCType", const char *>(*this);
-    }
-    double doubleValue() const {
-        return objc::Send<"doubleValue", double>(*this);
-    }
-    long longValue() const {
-        return objc::Send<"longValue", long>(*this);
-    }
-};
 
 template <class T> bool IsKindOf(ns::Object object) {
     return object.isKindOfClass(objc::ClassOf<T>());
@@ -114,7 +41,8 @@ ns::Object ReadData(WordReader &words) {
             bytes.push_back(static_cast<char>(value));
         }
     }
-    return Data::dataWithBytes(bytes.data(), bytes.size());
+    return objc::SendClass<ns::Data, "dataWithBytes:length:", ns::Object>(static_cast<const char *>(bytes.data()),
+                                                                          static_cast<unsigned long>(bytes.size()));
 }
 
 /// A collection's elements end at the closing word; nil has no place in one.
@@ -127,7 +55,7 @@ ns::Object ReadElement(WordReader &words) {
 }
 
 ns::Object ReadArray(WordReader &words) {
-    const MutableArray array = MutableArray::array();
+    const auto array = objc::SendClass<ns::MutableArray, "array", ns::MutableArray>();
     words.Expect("[");
     while (!words.Take("]")) {
         array.addObject(ReadElement(words));
@@ -136,13 +64,18 @@ ns::Object ReadArray(WordReader &words) {
 }
 
 ns::Object ReadDictionary(WordReader &words) {
-    const MutableDictionary dictionary = MutableDictionary::dictionary();
+    const auto dictionary = objc::SendClass<ns::MutableDictionary, "dictionary", ns::MutableDictionary>();
     words.Expect("{");
     while (!words.Take("}")) {
         const ns::String key = MakeString(words.QuotedText("a key"));
         dictionary.setObject(ReadElement(words), key);
     }
     return dictionary;
+}
+
+/// A number that is written back as the type that it came in.
+template <objc::FixedString Name, class T> ns::Object MakeNumber(T value) {
+    return objc::SendClass<ns::Number, Name, ns::Object>(value);
 }
 
 struct Kind {
@@ -152,64 +85,60 @@ struct Kind {
 
 constexpr Kind kKinds[] = {
     {"string", [](WordReader &words) -> ns::Object { return MakeString(words.QuotedText("a text")); }},
-    {"int", [](WordReader &words) { return TypedNumber::WithLong(words.Integer("an integer")); }},
-    {"float", [](WordReader &words) { return TypedNumber::WithFloat(static_cast<float>(words.Number("a number"))); }},
-    {"double", [](WordReader &words) { return TypedNumber::WithDouble(words.Number("a number")); }},
+    {"int", [](WordReader &words) { return MakeNumber<"numberWithLong:">(words.Integer("an integer")); }},
+    {"float",
+     [](WordReader &words) { return MakeNumber<"numberWithFloat:">(static_cast<float>(words.Number("a number"))); }},
+    {"double", [](WordReader &words) { return MakeNumber<"numberWithDouble:">(words.Number("a number")); }},
     {"bool", [](WordReader &words) -> ns::Object { return ns::Number::numberWithBool(ReadBool(words)); }},
     {"data", ReadData},
     {"date",
-     [](WordReader &words) -> ns::Object { return Date::dateWithTimeIntervalSince1970(words.Number("seconds")); }},
+     [](WordReader &words) {
+         return objc::SendClass<ns::Date, "dateWithTimeIntervalSince1970:", ns::Object>(words.Number("seconds"));
+     }},
     {"array", ReadArray},
     {"dict", ReadDictionary},
     {"null", [](WordReader &) -> ns::Object { return objc::SendClass<ns::Null, "null", ns::Object>(); }},
     {"nil", [](WordReader &) { return ns::Object{}; }},
 };
 
-Fact DescribeNumber(TypedNumber number) {
-    const char *type = number.objCType();
+Fact DescribeNumber(ns::Number number) {
+    const char type = *objc::Send<"objCType", const char *>(number);
     // Foundation's boolean numbers are characters; no other number of a store has that type.
-    if (std::strchr("cCB", *type) != nullptr) {
-        return {Bare("bool"), Bare(number.longValue() != 0 ? "true" : "false")};
+    if (type == 'c' || type == 'C' || type == 'B') {
+        return {Bare("bool"), Bare(number.intValue() != 0)};
     }
-    if (std::strchr("fd", *type) != nullptr) {
+    if (type == 'f' || type == 'd') {
         return {Bare("float"), Bare(number.doubleValue())};
     }
-    return {Bare("int"), Bare(std::to_string(number.longValue()))};
+    return {Bare("int"), Bare(objc::Send<"longValue", long>(number))};
 }
 
-Fact DescribeData(Data data) {
+Fact DescribeData(ns::Data data) {
+    std::string bytes(data.length(), '\0');
+    data.getBytes(bytes.data(), bytes.size());
     std::string hex;
-    const char *bytes = data.bytes();
-    for (unsigned long i = 0; i < data.length(); ++i) {
+    for (const char byte : bytes) {
         constexpr char kDigits[] = "0123456789ABCDEF";
-        const auto byte = static_cast<unsigned char>(bytes[i]);
-        hex += kDigits[byte >> 4];
+        hex += kDigits[static_cast<unsigned char>(byte) >> 4];
         hex += kDigits[byte & 15];
     }
     return {Bare("data"), Bare(hex.empty() ? "empty" : hex)};
 }
 
-void Append(Fact &fact, const Fact &more) {
-    fact.insert(fact.end(), more.begin(), more.end());
-}
-
-Fact DescribeArray(ns::Array array) {
+Fact DescribeArray(ns::ArrayOf<ns::Object> array) {
     Fact fact{Bare("[")};
-    for (unsigned long i = 0; i < array.count(); ++i) {
-        Append(fact, DescribeValue(array.objectAtIndex(i)));
+    for (const ns::Object element : array) {
+        Append(fact, DescribeValue(element));
     }
     fact.push_back(Bare("]"));
     return fact;
 }
 
 Fact DescribeDictionary(ns::Dictionary dictionary) {
-    std::vector<std::pair<std::string, ns::Object>> entries;
-    const ns::Array keys = dictionary.allKeys();
-    for (unsigned long i = 0; i < keys.count(); ++i) {
-        const ns::Object key = keys.objectAtIndex(i);
-        entries.emplace_back(PlainText(DescribeValue(key)), dictionary.objectForKey(key));
+    std::multimap<std::string, ns::Object> entries; // a number and a text may read alike
+    for (const ns::Object key : dictionary.allKeys()) {
+        entries.emplace(PlainText(DescribeValue(key)), dictionary.objectForKey(key));
     }
-    std::ranges::sort(entries, {}, &std::pair<std::string, ns::Object>::first);
     Fact fact{Bare("{")};
     for (const auto &[key, value] : entries) {
         fact.push_back(Text(key));
@@ -234,6 +163,10 @@ std::string TextOf(ns::String string) {
     return ToUtf8(units);
 }
 
+std::string ClassName(ns::Object object) {
+    return class_getName(objc::object_getClass(object.pointer));
+}
+
 bool SeesValue(const WordReader &words) {
     return words.SeesText() || words.SeesNumber() ||
            std::ranges::any_of(kKinds, [&words](const Kind &kind) { return words.Sees(kind.name); });
@@ -246,7 +179,8 @@ ns::Object ReadValue(WordReader &words) {
     if (words.SeesNumber()) {
         const double number = words.Number("a number");
         const bool whole = number == static_cast<double>(static_cast<long>(number));
-        return whole ? TypedNumber::WithLong(static_cast<long>(number)) : TypedNumber::WithDouble(number);
+        return whole ? MakeNumber<"numberWithLong:">(static_cast<long>(number))
+                     : MakeNumber<"numberWithDouble:">(number);
     }
     for (const Kind &kind : kKinds) {
         if (words.Take(kind.name)) {
@@ -264,13 +198,13 @@ Fact DescribeValue(ns::Object value) {
         return {Text(TextOf(objc::As<ns::String>(value)))};
     }
     if (IsKindOf<ns::Number>(value)) {
-        return DescribeNumber(objc::As<TypedNumber>(value));
+        return DescribeNumber(objc::As<ns::Number>(value));
     }
-    if (IsKindOf<Data>(value)) {
-        return DescribeData(objc::As<Data>(value));
+    if (IsKindOf<ns::Data>(value)) {
+        return DescribeData(objc::As<ns::Data>(value));
     }
-    if (IsKindOf<Date>(value)) {
-        return {Bare("date"), Bare(objc::As<Date>(value).timeIntervalSince1970())};
+    if (IsKindOf<ns::Date>(value)) {
+        return {Bare("date"), Bare(objc::Send<"timeIntervalSince1970", double>(objc::As<ns::Date>(value)))};
     }
     if (IsKindOf<ns::Array>(value)) {
         return DescribeArray(objc::As<ns::Array>(value));
@@ -281,7 +215,7 @@ Fact DescribeValue(ns::Object value) {
     if (IsKindOf<ns::Null>(value)) {
         return {Bare("null")};
     }
-    return {Bare(std::string("<") + class_getName(objc::object_getClass(value.pointer)) + ">")};
+    return {Bare("<" + ClassName(value) + ">")};
 }
 
 } // namespace sim::script

@@ -12,6 +12,9 @@ ns::String MakeString(std::string_view text);
 /// The UTF-8 text of a string; empty for nil.
 std::string TextOf(ns::String string);
 
+/// The name of an object's class; the object must not be nil.
+std::string ClassName(ns::Object object);
+
 /// Reads one value: "text" or string "text", a number, int N, float X, double X, bool true|false, data HEX,
 /// date SECONDS (since 1970), array [ VALUE... ], dict { "key" VALUE ... }, null (NSNull), nil. Autoreleased.
 ns::Object ReadValue(WordReader &words);

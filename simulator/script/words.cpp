@@ -22,6 +22,10 @@ Word Text(std::string_view text) {
     return {std::string(text), true};
 }
 
+void Append(Fact &fact, std::span<const Word> more) {
+    fact.insert(fact.end(), more.begin(), more.end());
+}
+
 std::string Render(std::span<const Word> words) {
     std::string line;
     for (const Word &word : words) {
@@ -33,14 +37,15 @@ std::string Render(std::span<const Word> words) {
     return line;
 }
 
-bool ParseNumber(const Word &word, double &number) {
+std::optional<double> ParseNumber(const Word &word) {
     if (word.quoted || word.text.empty()) {
-        return false;
+        return std::nullopt;
     }
+    double number = 0;
     const char *begin = word.text.data() + (word.text.front() == '+' ? 1 : 0);
     const char *end = word.text.data() + word.text.size();
     const auto [stop, error] = std::from_chars(begin, end, number);
-    return error == std::errc() && stop == end;
+    return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
 }
 
 bool WordReader::Sees(std::string_view bare) const {
@@ -52,8 +57,7 @@ bool WordReader::SeesText() const {
 }
 
 bool WordReader::SeesNumber() const {
-    double number = 0;
-    return !words_.empty() && ParseNumber(words_.front(), number);
+    return !words_.empty() && ParseNumber(words_.front());
 }
 
 bool WordReader::Take(std::string_view bare) {
@@ -97,11 +101,11 @@ const std::string &WordReader::QuotedText(std::string_view what) {
 
 double WordReader::Number(std::string_view what) {
     const Word &word = Next(what);
-    double number = 0;
-    if (!ParseNumber(word, number)) {
+    const std::optional<double> number = ParseNumber(word);
+    if (!number) {
         Fail("expected " + std::string(what) + " (a number), not " + Render({&word, 1}));
     }
-    return number;
+    return *number;
 }
 
 long WordReader::Integer(std::string_view what) {

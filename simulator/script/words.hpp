@@ -1,6 +1,8 @@
 #pragma once
 // The words of a line, as commands, queries and host events take them. Stands on nothing but text.
 
+#include <concepts>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -28,10 +30,25 @@ struct Word {
     friend bool operator==(const Word &, const Word &) = default;
 };
 
+/// One fact of an answer, as words.
+using Fact = std::vector<Word>;
+/// What a query found, in its own order; empty when the thing asked for is not there.
+using Answer = std::vector<Fact>;
+
 /// Short forms for building facts.
 Word Bare(std::string_view text);
 Word Bare(double number);
+template <std::integral T> Word Bare(T number) {
+    if constexpr (std::same_as<T, bool>) {
+        return Bare(number ? "true" : "false");
+    } else {
+        return Bare(std::to_string(number));
+    }
+}
 Word Text(std::string_view text);
+
+/// Adds the words of another fact.
+void Append(Fact &fact, std::span<const Word> more);
 
 /// Words as a script would write them, one space between.
 std::string Render(std::span<const Word> words);
@@ -76,7 +93,18 @@ class WordReader {
     std::span<const Word> words_;
 };
 
-/// The number that a bare word spells whole, as in "-1.5"; false when it spells none.
-bool ParseNumber(const Word &word, double &number);
+/// The number that a bare word spells whole, as in "-1.5".
+std::optional<double> ParseNumber(const Word &word);
 
 } // namespace sim::script
+
+namespace sim {
+
+// What drivers and hosts speak in all the time.
+using script::Answer;
+using script::Bare;
+using script::Fact;
+using script::Word;
+using script::WordReader;
+
+} // namespace sim

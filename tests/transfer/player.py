@@ -1,12 +1,14 @@
-"""Plays scripts of the simulator's commands for the tests of this directory, which name it as their first argument."""
+"""Plays scripts of the simulator's commands for the tests of this directory, which name the simulator and the library as
+their first arguments."""
 
 import os
 import subprocess
 import sys
 from pathlib import Path
 
-SIMULATOR = Path(sys.argv[1]).resolve()
-SEED = int(sys.argv[2]) if len(sys.argv) > 2 else 1
+SIMULATOR, LIBRARY = (Path(argument).resolve() for argument in sys.argv[1:3])
+SEED = int(sys.argv[3]) if len(sys.argv) > 3 else 1
+WORDS = Path(__file__).resolve().parents[1] / "scenarios" / "corvel.words"
 
 
 class Played:
@@ -14,7 +16,7 @@ class Played:
 
     def __init__(self, directory, host, lines):
         (directory / "play.scn").write_text("\n".join(lines) + "\n", encoding="utf-8")
-        command = [SIMULATOR, "--host", host, "--pictures", ".", "run", "play.scn"]
+        command = [SIMULATOR, "--library", LIBRARY, "--words", WORDS, "--host", host, "--pictures", ".", "run", "play.scn"]
         with open(directory / "printed.txt", "w+", encoding="utf-8") as printed:
             process = subprocess.Popen(command, cwd=directory, stdout=printed, stderr=subprocess.STDOUT)
             _, status, usage = os.wait4(process.pid, 0)

@@ -1,7 +1,7 @@
 """Configurations with values of every wrong kind under every key are imported, and then fingers go over everything: no
 exception may reach the app and nothing may crash.
 
-usage: test_hostile_imports.py SIMULATOR [SEED]
+usage: test_hostile_imports.py SIMULATOR LIBRARY [SEED]
 """
 
 import json

@@ -1,7 +1,7 @@
 """Configurations go back and forth between the library and Python's own zlib, base64 and json, and texts that are none
 are refused.
 
-usage: test_interchange.py SIMULATOR [SEED]
+usage: test_interchange.py SIMULATOR LIBRARY [SEED]
 """
 
 import base64

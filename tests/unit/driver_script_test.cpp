@@ -4,6 +4,7 @@
 #include "script/lexer.hpp"
 #include "script/loader.hpp"
 #include "script/text.hpp"
+#include "script/vocabulary.hpp"
 
 #include <filesystem>
 #include <fstream>
@@ -212,6 +213,27 @@ TEST_F(LoaderTest, MissingAndCircularFilesAreErrors) {
         },
         ScriptError);
     EXPECT_THROW(LoadScript(Write("circle.scn", "include circle.scn\n")), ScriptError);
+}
+
+TEST_F(LoaderTest, AVocabularyPutsMeaningsForItsWords) {
+    Vocabulary vocabulary;
+    vocabulary.Load(Write("own.words", "target cell N means tag 1000 + N\nquery notes means lines Some.key # one\n"));
+    const auto meaning = [&](const std::string &kind, const Words &line) {
+        WordReader words({"a.scn", 1}, line);
+        std::optional<Words> meant = vocabulary.Take(kind, words);
+        if (meant) {
+            Append(*meant, words.Rest());
+        }
+        return meant;
+    };
+    EXPECT_EQ(meaning("target", {Bare("cell"), Bare("7"), Bare("in")}),
+              (Words{Bare("tag"), Bare("1000"), Bare("+"), Bare("7"), Bare("in")}));
+    EXPECT_EQ(meaning("query", {Bare("notes"), Bare("last")}), (Words{Bare("lines"), Bare("Some.key"), Bare("last")}));
+    EXPECT_EQ(meaning("query", {Bare("cell"), Bare("7")}), std::nullopt) << "a target is no query";
+    EXPECT_EQ(meaning("target", {Text("cell")}), std::nullopt) << "a text is no word";
+    EXPECT_THROW(meaning("target", {Bare("cell")}), ScriptError) << "the number is missing";
+    EXPECT_THROW(vocabulary.Load(Write("bad.words", "verb cell means tap\n")), ScriptError);
+    EXPECT_THROW(vocabulary.Load(Write("bad.words", "target cell is tag 1000\n")), ScriptError);
 }
 
 } // namespace

@@ -1,21 +1,17 @@
-#include "hosts/douyin/douyin.hpp"
+// Douyin: comment fragments, comment stores, the context of a comment, room models, the live player's preferences.
 
-#include "hosts/douyin/comment_classes.hpp"
-#include "hosts/douyin/player_classes.hpp"
-#include "hosts/invocation.hpp"
+#include "hosts/app.hpp"
+#include "hosts/douyin/classes.hpp"
 #include "hosts/keyed.hpp"
 #include "script/values.hpp"
 
 namespace sim::hosts {
 namespace {
 
-using script::Fact;
-using script::WordReader;
-
 constexpr Kind kKinds[] = {
-    {"fragment", "HTSLiveCommentFragment"},
+    {"fragment", "HTSLiveCommentFragment", true},
     {"gift-fragment", "HTSLiveGiftFragment"},
-    {"store", "HTSLiveCommentStore"},
+    {"store", "HTSLiveCommentStore", true},
     {"gift-store", "HTSLiveGiftStore"},
     {"context", "IESLiveCommentContext"},
     {"model", "IESLiveRoomModel"},
@@ -30,35 +26,25 @@ std::string KindUnder(const std::string &key) {
     return key == "roomModel" ? "model" : key == "context" ? "context" : key.ends_with("tore") ? "store" : "info";
 }
 
+} // namespace
+
 class Douyin final : public Host {
   public:
+    Douyin()
+        : Host({.appName = "抖音直播", .placeholder = "说点什么…", .anchor = "小鹿的歌房", .accent = 0xFE2C55},
+               kKinds) {
+        On("enter", [this](WordReader &words) { return Enter(words); });
+        On("give", [this](WordReader &words) -> Fact {
+            Give(words);
+            return {};
+        });
+    }
+
     void RegisterClasses() override {
-        douyin::RegisterCommentClasses();
-        douyin::RegisterPlayerClasses();
+        douyin::RegisterClasses();
     }
 
   private:
-    LiveRoomLook Look() const override {
-        return {.appName = "抖音直播", .placeholder = "说点什么…", .anchor = "小鹿的歌房", .accent = 0xFE2C55};
-    }
-
-    const char *ClassOfKind(const std::string &kind) const override {
-        return ClassOf(kKinds, kind);
-    }
-
-    bool OwnEvent(WordReader &words, Fact &fact) override {
-        if (words.Take("enter")) {
-            fact = Enter(words);
-        } else if (words.Take("leave")) {
-            Leave();
-        } else if (words.Take("give")) {
-            Give(words);
-        } else {
-            return false;
-        }
-        return true;
-    }
-
     /// enter VALUE|none [at PATH]: a room as the app opens it, its id where the build keeps it.
     Fact Enter(WordReader &words) {
         const bool none = words.Take("none");
@@ -67,26 +53,15 @@ class Douyin final : public Host {
         const ns::Object store = Make("store");
         const ns::Object fragment = Make("fragment");
         if (store && !none) {
-            Put(store, path, id, words);
+            ValueAt(store, path, words) = id;
         }
         if (fragment && store) {
-            ValuesOf(fragment)["store"] = objc::Ref<ns::Object>(store);
+            ValuesOf(fragment)["store"] = store;
         }
         room().Enter(none ? "" : script::PlainText(script::DescribeValue(id)));
-        Fact fact;
-        Append(fact, InvokeIfAnswered(fragment, "componentMount"));
+        Fact fact = InvokeIfAnswered(fragment, "componentMount");
         Append(fact, InvokeIfAnswered(store, "setup"));
         return fact;
-    }
-
-    /// The app keeps nothing of a room that it has left.
-    void Leave() {
-        for (const char *kind : {"fragment", "store"}) {
-            if (const objc::Ref<ns::Object> object = TheObjects().Last(kind)) {
-                TheObjects().LetGo(object);
-            }
-        }
-        room().Leave();
     }
 
     /// give OBJECT PATH VALUE|OBJECT|none: what key-value reads of the object find.
@@ -101,12 +76,13 @@ class Douyin final : public Host {
             ValuesOf(holder).erase(key);
             return;
         }
-        Put(owner, path, TheObjects().Sees(words) ? TheObjects().Read(words).get() : script::ReadValue(words), words);
+        const objc::Ref<ns::Object> value = ReadObject(words);
+        ValueAt(owner, path, words) = value;
     }
 
-    void Put(ns::Object owner, const std::string &path, ns::Object value, const WordReader &words) {
+    objc::Ref<ns::Object> &ValueAt(ns::Object owner, const std::string &path, const WordReader &words) {
         const auto [holder, key] = Holder(owner, path, words);
-        ValuesOf(holder)[key] = objc::Ref<ns::Object>(value);
+        return ValuesOf(holder)[key];
     }
 
     /// The object that holds the last key of a path, those on the way made where they are missing.
@@ -119,7 +95,7 @@ class Douyin final : public Host {
                 if (!next) {
                     words.Fail("the class for " + key + " is missing");
                 }
-                ValuesOf(owner)[key] = objc::Ref<ns::Object>(next);
+                ValuesOf(owner)[key] = next;
                 TheObjects().LetGo(next);
             }
             owner = next;
@@ -129,10 +105,6 @@ class Douyin final : public Host {
     }
 };
 
-} // namespace
-
-std::unique_ptr<Host> MakeDouyin() {
-    return std::make_unique<Douyin>();
-}
+template std::unique_ptr<Host> MakeHost<Douyin>();
 
 } // namespace sim::hosts

@@ -1,36 +1,20 @@
-#include "hosts/plain/plain.hpp"
+// An app with a live room and none of the private classes that adapters look for.
+
+#include "hosts/app.hpp"
 
 namespace sim::hosts {
-namespace {
 
 class Plain final : public Host {
   public:
-    void RegisterClasses() override {}
-
-  private:
-    LiveRoomLook Look() const override {
-        return {.appName = "直播", .placeholder = "说点什么…", .anchor = "主播", .accent = 0x3478F6};
-    }
-    const char *ClassOfKind(const std::string &) const override {
-        return nullptr;
-    }
-    bool OwnEvent(script::WordReader &words, script::Fact &) override {
-        if (words.Take("enter")) {
+    Plain() : Host({.appName = "直播", .placeholder = "说点什么…", .anchor = "主播", .accent = 0x3478F6}, {}) {
+        On("enter", [this](WordReader &words) -> Fact {
             room().Enter(words.QuotedText("the room"));
-            return true;
-        }
-        if (words.Take("leave")) {
-            room().Leave();
-            return true;
-        }
-        return false;
+            return {};
+        });
     }
+    void RegisterClasses() override {}
 };
 
-} // namespace
-
-std::unique_ptr<Host> MakePlain() {
-    return std::make_unique<Plain>();
-}
+template std::unique_ptr<Host> MakeHost<Plain>();
 
 } // namespace sim::hosts

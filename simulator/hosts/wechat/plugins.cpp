@@ -3,6 +3,7 @@
 #include "apple/foundation/user_defaults.hpp"
 #include "apple/uikit/button.hpp"
 #include "hosts/host_class.hpp"
+#include "hosts/view_building.hpp"
 #include "uikit/application.hpp"
 #include "uikit/view_state.hpp"
 
@@ -32,18 +33,12 @@ std::vector<Row> &Rows() {
     return rows;
 }
 
-// The manager.
-
-ns::Object SharedInstance(ns::Object, objc::SEL) {
+ns::Object SharedManager() {
     static const ns::Object shared = [] {
         TheObjects().Keep("plugins", MakeObject("WCPluginsMgr"));
         return TheObjects().Last("plugins").get();
     }();
     return shared;
-}
-
-void RegisterSwitch(ns::Object, objc::SEL, ns::String title, ns::String key) {
-    Rows().push_back({objc::Ref<ns::String>(title), objc::Ref<ns::String>(key)});
 }
 
 // The switch on the page.
@@ -90,30 +85,11 @@ void DrawSwitch(ui::View self, cairo_t *context) {
 
 // The page.
 
-template <class T> T AddNew(ui::View parent, cg::Rect frame) {
-    const auto view = objc::Ref<T>::Adopt(objc::As<T>(ns::Alloc<T>().initWithFrame(frame)));
-    parent.addSubview(view);
-    return view;
-}
-
-ui::Color Gray(double white) {
-    return objc::SendClass<ui::Color, "colorWithRed:green:blue:alpha:", ui::Color>(white, white, white, 1.0);
-}
-
-void AddText(ui::View parent, cg::Rect frame, ns::String text, ui::Font font) {
-    const auto label = AddNew<ui::Label>(parent, frame);
-    label.setText(text);
-    label.setFont(font);
-    label.setTextColor(ui::Color::blackColor());
-}
-
 void AddRow(ui::View sheet, double y, const Row &row) {
     const double width = sheet.bounds().size.width;
-    const auto card = AddNew<ui::View>(sheet, {{kMargin, y}, {width - 2 * kMargin, kRowHeight}});
-    card.setBackgroundColor(ui::Color::whiteColor());
-    card.layer().setCornerRadius(10);
-    AddText(card, {{kMargin, 0}, {200, kRowHeight}}, row.title, ui::Font::systemFontOfSize(16));
-    const auto control = AddNew<Switch>(card, {{width - 3 * kMargin - 51, (kRowHeight - 31) / 2}, {51, 31}});
+    const ui::View card = AddBox(sheet, Box(kMargin, y, width - 2 * kMargin, kRowHeight), ui::Color::whiteColor(), 10);
+    AddLabel(card, Box(kMargin, 0, 200, kRowHeight), row.title, {.size = 16, .color = ui::Color::blackColor()});
+    const auto control = AddNew<Switch>(card, Box(width - 3 * kMargin - 51, (kRowHeight - 31) / 2, 51, 31));
     StateOf<SwitchState>(control).key = row.key;
     control.addTarget(control, objc::Selector<"toggle">(), ui::kTouchUpInside);
 }
@@ -121,9 +97,10 @@ void AddRow(ui::View sheet, double y, const Row &row) {
 } // namespace
 
 void RegisterPlugins() {
-    const HostMethod methods[] = {Method<"registerSwitchWithTitle:key:", &RegisterSwitch>()};
-    const HostMethod classMethods[] = {Method<"sharedInstance", &SharedInstance>()};
-    RegisterFamily({"NSObject", "WCBaseMgr", "WCPluginsMgr", "WCAccountMgr"}, methods, classMethods);
+    HostClass manager("NSObject", "WCBaseMgr", "WCPluginsMgr", "WCAccountMgr");
+    manager.ClassMethod<"sharedInstance">([](ns::Object) { return SharedManager(); });
+    manager.Method<"registerSwitchWithTitle:key:">(
+        [](ns::Object, ns::String title, ns::String key) { Rows().push_back({title, key}); });
 
     const objc::MethodEntry control[] = {objc::MethodNamed<"toggle", &Toggle>(), objc::MethodNamed<"isOn", &On>()};
     RegisterClassWithState<SwitchState>(kSwitchClass, "UIControl", control);
@@ -133,10 +110,10 @@ void RegisterPlugins() {
 void PluginsPage::Open(ui::View parent) {
     Close();
     const cg::Size size = ScreenSize();
-    sheet_ = AddNew<ui::View>(parent, {{0, size.height - kSheetHeight}, {size.width, kSheetHeight + kSheetRadius}});
-    sheet_->setBackgroundColor(Gray(0.93));
-    sheet_->layer().setCornerRadius(kSheetRadius); // only the upper corners are on the screen
-    AddText(sheet_, {{kMargin, 10}, {200, 36}}, u"插件"_ns, ui::Font::boldSystemFontOfSize(17));
+    sheet_ = AddBox(parent, Box(0, size.height - kSheetHeight, size.width, kSheetHeight + kSheetRadius),
+                    ui::Color::colorWithRed(0.93, 0.93, 0.93, 1), kSheetRadius); // only the upper corners show
+    AddLabel(sheet_, Box(kMargin, 10, 200, 36), u"插件"_ns,
+             {.size = 17, .bold = true, .color = ui::Color::blackColor()});
     double y = 56;
     for (const Row &row : Rows()) {
         AddRow(sheet_, y, row);
