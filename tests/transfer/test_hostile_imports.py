@@ -14,7 +14,7 @@ from pathlib import Path
 
 from player import SEED, Played
 
-KEYS_HEADER = Path(__file__).resolve().parents[2] / "src" / "settings" / "preference_keys.hpp"
+KEYS_HEADER = Path(__file__).resolve().parents[2] / "src" / "preferences" / "preferences.hpp"
 HOSTS = ("douyin", "xhs", "kuaishou", "wechat")
 NUMBERS = ("0", "-0.0", "1", "-1", "8", "12", "13", "0.01", "-3.5", "1e-320", "1e9", "-1e9", "3.5e38", "1e39", "-1e39",
            "1.7976931348623157e308", "2147483648", "-2147483649", "4294967297", "9223372036854775807",
@@ -45,7 +45,7 @@ def hostile_value(chance):
 
 
 def own_keys():
-    found = re.findall(r'"(Corvel\.[A-Za-z.]+)"_ns', KEYS_HEADER.read_text(encoding="utf-8"))
+    found = re.findall(r'"(Corvel\.[A-Za-z.]+)"_literal', KEYS_HEADER.read_text(encoding="utf-8"))
     assert len(found) > 25, found
     return found + [f"Corvel.slots.{index}" for index in range(-1, 50)] + ["Corvel.", "Corvel.unknown", "Other"]
 
