@@ -1,12 +1,20 @@
-"""Plays scripts of the simulator's commands for the tests of this directory, which name it as their first argument."""
+"""Plays scripts of the simulator's commands for the tests of this directory.
+
+Each of them is called with the simulator and then unittest's own arguments; CORVEL_SEED asks for other random values.
+"""
 
 import os
 import subprocess
 import sys
+import unittest
 from pathlib import Path
 
 SIMULATOR = Path(sys.argv[1]).resolve()
-SEED = int(sys.argv[2]) if len(sys.argv) > 2 else 1
+SEED = os.environ.get("CORVEL_SEED", "1")
+
+
+def main():
+    unittest.main(argv=[sys.argv[0], *sys.argv[2:]])
 
 
 class Played:
