@@ -60,7 +60,10 @@ int PlayScript(Options options) {
     InstallRuntime();
     const AutoreleasePool pool;
     RegisterUIKit();
-    SetAlbumDirectory(options.state + "/album");
+    // An album that goes with the run need not be written: nobody could look at it.
+    if (!session.ownsState) {
+        SetAlbumDirectory(options.state + "/album");
+    }
     SetPasteboardFile(options.state + "/pasteboard");
     session.host = MakeHost(options);
     session.options = options;
