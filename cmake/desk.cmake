@@ -2,7 +2,7 @@
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 find_package(PkgConfig REQUIRED)
-pkg_check_modules(CAIRO REQUIRED IMPORTED_TARGET cairo pangocairo pangoft2 fontconfig)
+pkg_check_modules(CAIRO REQUIRED IMPORTED_TARGET cairo-png pangocairo pangoft2 fontconfig)
 pkg_check_modules(FFI REQUIRED IMPORTED_TARGET libffi)
 find_package(ZLIB REQUIRED)
 
