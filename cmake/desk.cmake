@@ -9,7 +9,7 @@ find_package(ZLIB REQUIRED)
 # The same arithmetic, and so the same pictures, on every processor.
 add_compile_options(-ffp-contract=off)
 add_compile_options(-fno-omit-frame-pointer)
-# The exceptions of the runtime that is here.
+# Objective-C as the runtime that is here takes it.
 add_compile_options($<$<COMPILE_LANGUAGE:OBJC>:-fobjc-runtime=gcc>)
 if(CORVEL_SANITIZE)
   # Calls through untyped implementations are the runtime's way; everything else of UBSan counts.
