@@ -1,11 +1,9 @@
 # Linux on arm64, against the root that device/make-root makes; its programs run under qemu-aarch64.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR aarch64)
-set(CMAKE_C_COMPILER clang-19)
-set(CMAKE_CXX_COMPILER clang++-19)
 set(CMAKE_ASM_COMPILER clang-19)
-set(CMAKE_C_COMPILER_TARGET aarch64-linux-gnu)
 set(CMAKE_CXX_COMPILER_TARGET aarch64-linux-gnu)
+set(CMAKE_OBJC_COMPILER_TARGET aarch64-linux-gnu)
 set(CMAKE_ASM_COMPILER_TARGET aarch64-linux-gnu)
 get_filename_component(CMAKE_SYSROOT ${CMAKE_CURRENT_LIST_DIR}/../out/device-root ABSOLUTE)
 set(CMAKE_EXE_LINKER_FLAGS_INIT -fuse-ld=lld-19)

@@ -63,7 +63,8 @@ class Library:
 
     def __init__(self, data):
         self.data = data
-        self.segments, self.sections, self.dependencies, self.commands = [], [], [], []
+        self.segments, self.sections, self.dependencies = [], [], []
+        self.commands = {}  # where the last of each kind stands
         self.install_name = self.platform = self.minimum = self.uuid = None
         self._ranges, self._symbol_table = {}, (0, 0, 0, 0)
         try:
@@ -91,7 +92,7 @@ class Library:
         at = 32
         for _ in range(count):
             command, size = self._unpack("2I", at)
-            self.commands.append(command)
+            self.commands[command] = at
             if command == LC_SEGMENT_64:
                 self._read_segment(at)
             elif command in (LC_ID_DYLIB, LC_LOAD_DYLIB):

@@ -53,7 +53,10 @@ int PlayScript(Options options) {
     InstallComposedCharacters();
     const AutoreleasePool pool;
     RegisterUIKit();
-    SetAlbumDirectory(options.state + "/album");
+    // An album that goes with the run need not be written: nobody could look at it.
+    if (!session.progress.ownsState) {
+        SetAlbumDirectory(options.state + "/album");
+    }
     SetPasteboardFile(options.state + "/pasteboard");
     session.host = MakeHost(options);
     session.options = options;

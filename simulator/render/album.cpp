@@ -1,8 +1,8 @@
 #include "render/album.hpp"
 
+#include "render/png.hpp"
 #include "runtime/clock.hpp"
 
-#include <cairo.h>
 #include <cstdio>
 #include <filesystem>
 
@@ -45,7 +45,7 @@ bool SaveToAlbum(cairo_surface_t *image, double scale) {
         std::error_code error;
         std::filesystem::create_directories(album.directory, error);
         path = FreePath(album.directory);
-        if (cairo_surface_write_to_png(image, path.c_str()) != CAIRO_STATUS_SUCCESS) {
+        if (!WritePng(image, path)) {
             return false;
         }
     }

@@ -75,10 +75,28 @@ std::size_t FirstSettled(std::u16string_view text, const std::vector<std::size_t
     return starts.size();
 }
 
+/// Units that join nothing among their like: most text, and Foundation asks for every unit of what it searches.
+bool IsPlain(char16_t unit) {
+    constexpr char16_t kFirstIdeograph = 0x4E00;
+    constexpr char16_t kLastIdeograph = 0x9FFF;
+    return (unit >= u' ' && unit <= u'~') || (unit >= kFirstIdeograph && unit <= kLastIdeograph);
+}
+
+bool IsAmongPlainUnits(ns::String text, unsigned long index, unsigned long length) {
+    const unsigned long from = index - std::min(index, 1UL);
+    const unsigned long count = std::min(index + 2, length) - from;
+    char16_t units[3];
+    text.getCharacters(units, {from, count});
+    return std::all_of(units, units + count, IsPlain);
+}
+
 /// The character that holds the unit. As much of the text is looked at as settles where it starts and ends, so the cost
 /// grows with the character's length, and not with the text's.
 ns::Range CharacterAt(ns::String text, unsigned long index) {
     const unsigned long length = text.length();
+    if (IsAmongPlainUnits(text, index, length)) {
+        return {index, 1};
+    }
     for (unsigned long reach = kReach;; reach *= 2) {
         const unsigned long from = index - std::min(index, reach);
         const unsigned long to = std::min(length, index + reach);

@@ -1,5 +1,6 @@
 #include "uikit/screenshot.hpp"
 
+#include "render/png.hpp"
 #include "render/surface.hpp"
 #include "runtime/autorelease.hpp"
 #include "uikit/application.hpp"
@@ -32,7 +33,7 @@ bool WriteScreenshot(const std::string &path, double scale) {
     const Context context(cairo_create(picture.get()));
     cairo_scale(context.get(), scale, scale);
     DrawScreen(context.get());
-    return cairo_surface_write_to_png(picture.get(), path.c_str()) == CAIRO_STATUS_SUCCESS;
+    return WritePng(picture.get(), path);
 }
 
 } // namespace sim

@@ -3,7 +3,6 @@
 #include "overlay/recognizers.hpp"
 #include "settings/grid_rows.hpp"
 #include "settings/settings_rows.hpp"
-#include "version.hpp"
 
 namespace corvel {
 namespace {
@@ -59,7 +58,7 @@ double AddLatencyRows(ui::View container) {
 
 double AddFooter(ui::View container) {
     constexpr double kHeight = 85;
-    const objc::ArgumentSlot arguments[] = {reinterpret_cast<objc::ArgumentSlot>(kVersion)};
+    const objc::ArgumentSlot arguments[] = {reinterpret_cast<objc::ArgumentSlot>(CORVEL_VERSION)};
     const ui::Label version =
         AddLabel(container, {{0, kHeight - 20}, {kSettingsWidth, 20}}, ns::Formatted("Corvel v%s"_ns, arguments),
                  ui::Font::systemFontOfSize(12), ui::Color::secondaryLabelColor());

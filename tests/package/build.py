@@ -1,5 +1,6 @@
 """What the checks of the phone build share: where it lies, and how to run a tool."""
 
+import re
 import subprocess
 import sys
 from pathlib import Path
@@ -8,9 +9,8 @@ ROOT = Path(__file__).resolve().parents[2]
 PACKAGES = ROOT / "out" / "packages"
 LIBRARY = PACKAGES / "Corvel.dylib"
 DEBUG_INFORMATION = PACKAGES / "Corvel.dylib.dSYM"
-LINKED = ROOT / "out" / "ios" / "Corvel.dylib"  # with all its names, before the debug information was parted from it
 STUBS = ROOT / "ios" / "stubs"
-VERSION = "1.1.1"
+VERSION = re.search(r"^project\(Corvel VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text(), re.M)[1]
 
 # Architecture of each package to the directory on the phone that it installs into.
 DIRECTORIES = {

@@ -1,14 +1,22 @@
-"""Plays scripts of the simulator's commands for the tests of this directory, which name the simulator and the library as
-their first arguments."""
+"""Plays scripts of the simulator's commands for the tests of this directory.
+
+Each of them is called with the simulator, the library and then unittest's own arguments; CORVEL_SEED asks for other
+random values.
+"""
 
 import os
 import subprocess
 import sys
+import unittest
 from pathlib import Path
 
 SIMULATOR, LIBRARY = (Path(argument).resolve() for argument in sys.argv[1:3])
-SEED = int(sys.argv[3]) if len(sys.argv) > 3 else 1
 WORDS = Path(__file__).resolve().parents[1] / "scenarios" / "corvel.words"
+SEED = os.environ.get("CORVEL_SEED", "1")
+
+
+def main():
+    unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
 
 
 class Played:
