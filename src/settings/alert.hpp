@@ -14,7 +14,7 @@ class Alert {
     }
 
     /// An answer that runs the function.
-    template <class F> Alert &Answer(ns::String title, ui::AlertActionStyle style, F function) {
+    template <class F> Alert &Answer(ns::String title, ui::AlertActionStyle style, const F &function) {
         controller_.addAction(ui::AlertAction::actionWithTitle(
             title, style, objc::MakeBlock<void(ui::AlertAction)>([function](ui::AlertAction) { function(); })));
         return *this;
