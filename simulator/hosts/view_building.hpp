@@ -27,7 +27,7 @@ struct LabelLook {
     double size = 14;
     bool bold = false;
     ui::Color color = ui::Color::whiteColor();
-    ui::TextAlignment alignment = ui::TextAlignment::kLeft;
+    NSTextAlignment alignment = NSTextAlignmentLeft;
 };
 
 ui::Label AddLabel(ui::View parent, cg::Rect frame, ns::String text, const LabelLook &look);

@@ -90,8 +90,8 @@ ns::Object InitNoCopy(ns::Object self, objc::SEL selector, char16_t *units, unsi
 
 /// Reached by all initialisers that decode bytes; only UTF-16 can hold what Foundation refuses.
 ns::Object InitBytes(ns::Object self, objc::SEL selector, const void *bytes, unsigned long length, unsigned encoding) {
-    const bool bigEndian = encoding == static_cast<unsigned>(ns::StringEncoding::kUtf16BigEndian);
-    if ((bigEndian || encoding == static_cast<unsigned>(ns::StringEncoding::kUtf16LittleEndian)) && length != 0 &&
+    const bool bigEndian = encoding == static_cast<unsigned>(NSUTF16BigEndianStringEncoding);
+    if ((bigEndian || encoding == static_cast<unsigned>(NSUTF16LittleEndianStringEncoding)) && length != 0 &&
         length % 2 == 0) {
         std::u16string units(length / 2, u'\0');
         std::memcpy(units.data(), bytes, length);

@@ -7,6 +7,8 @@
 #include "uikit/scene_state.hpp"
 #include "uikit/touch_delivery.hpp"
 
+#include <algorithm>
+
 namespace sim {
 namespace {
 
@@ -38,12 +40,12 @@ void DefineSceneSet() {
     set.Method<"anyObject">([](const OrderedSetState &state) { return state.objects->firstObject(); });
 }
 
-/// UIApplicationState: 0 active, 1 inactive, 2 background; the most active one that any scene has.
+/// The most active state that any scene has. UIApplicationState numbers the states of a connected scene alike.
 long ApplicationState(ui::Application) {
-    long best = 2;
+    UISceneActivationState best = UISceneActivationStateBackground;
     for (const ui::WindowScene scene : ConnectedScenes()) {
-        const long state = SceneStateOf(scene).activationState;
-        best = state >= 0 && state < best ? state : best;
+        const UISceneActivationState state = SceneStateOf(scene).activationState;
+        best = state != UISceneActivationStateUnattached ? std::min(best, state) : best;
     }
     return best;
 }

@@ -129,7 +129,8 @@ void Move(cg::Rect begin, cg::Rect end, ns::String will, ns::String did, const s
     }
     const objc::Ref<ns::String> ended = did;
     Animate(
-        {.duration = keyboard.duration, .options = kAnimationAllowUserInteraction}, [end] { MovePanel(end); },
+        {.duration = keyboard.duration, .options = UIViewAnimationOptionAllowUserInteraction},
+        [end] { MovePanel(end); },
         [=](bool) {
             if (Shared().movement == movement) {
                 after();

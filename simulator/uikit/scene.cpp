@@ -35,13 +35,13 @@ SceneState &SceneStateOf(ui::Scene scene) {
     return StateOf<SceneState>(scene);
 }
 
-ui::WindowScene MakeWindowScene(long activationState) {
+ui::WindowScene MakeWindowScene(UISceneActivationState activationState) {
     Connected().push_back(ns::New<ui::WindowScene>());
     SceneStateOf(Connected().back().get()).activationState = activationState;
     return Connected().back();
 }
 
-void SetActivationState(ui::Scene scene, long activationState) {
+void SetActivationState(ui::Scene scene, UISceneActivationState activationState) {
     SceneStateOf(scene).activationState = activationState;
 }
 
@@ -52,7 +52,7 @@ void DisconnectScene(ui::Scene scene) {
     }
     const objc::Ref<ui::WindowScene> keep = *place;
     Connected().erase(place);
-    SceneStateOf(scene).activationState = -1;
+    SceneStateOf(scene).activationState = UISceneActivationStateUnattached;
     SetKeyWindow(keep, nullptr);
     for (const ui::Window window : AllWindows()) {
         if (WindowStateOf(window).scene == scene) {

@@ -18,11 +18,12 @@ FontFace FaceIn(ns::Dictionary attributes) {
     return font ? FaceOf(font) : FontFace{kDefaultPointSize, false};
 }
 
-cg::Rect BoundingRect(ns::String self, cg::Size size, long options, ns::Dictionary attributes, ns::Object) {
+cg::Rect BoundingRect(ns::String self, cg::Size size, NSStringDrawingOptions options, ns::Dictionary attributes,
+                      ns::Object) {
     const FontFace face = FaceIn(attributes);
     const double lineHeight = MetricsOf(face).lineHeight;
     const std::u16string text = UnitsOf(self);
-    if ((options & ui::kUsesLineFragmentOrigin) == 0) { // one line, whatever the text holds and the size says
+    if ((options & NSStringDrawingUsesLineFragmentOrigin) == 0) { // one line, whatever the text holds and the size says
         const TextExtent extent = MeasureText(text, {face, Wrapping::kNone, 0}, 1);
         return {{}, {extent.width, lineHeight}};
     }

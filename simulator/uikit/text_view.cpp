@@ -129,7 +129,7 @@ std::size_t UnitNear(const TextPlace &place, cg::Point point) {
 }
 
 void HandleTap(TextView self, ui::GestureRecognizer tap) {
-    if (tap.state() == ui::GestureState::kEnded && self.becomeFirstResponder()) {
+    if (tap.state() == UIGestureRecognizerStateEnded && self.becomeFirstResponder()) {
         const auto point = objc::Send<"locationInView:", cg::Point>(tap, self);
         TextOf(self).Select({UnitNear(PlaceText(self, self.bounds().size), point), 0});
     }

@@ -41,7 +41,7 @@ objc::Ref<ui::Event> MakeEvent(const objc::Ref<ui::Touch> &changed) {
     return event;
 }
 
-void Send(const objc::Ref<ui::Touch> &touch, TouchPhase phase) {
+void Send(const objc::Ref<ui::Touch> &touch, UITouchPhase phase) {
     TouchState &state = TouchStateOf(touch);
     state.phase = phase;
     state.timestamp = clock::Now();
@@ -51,7 +51,7 @@ void Send(const objc::Ref<ui::Touch> &touch, TouchPhase phase) {
 }
 
 /// Lifts the finger: its last event is sent, then it is forgotten.
-void Lift(TouchId finger, TouchPhase phase) {
+void Lift(TouchId finger, UITouchPhase phase) {
     const auto place = Fingers().find(finger);
     if (place == Fingers().end()) {
         return;
@@ -65,7 +65,7 @@ void Lift(TouchId finger, TouchPhase phase) {
     } const eraser{finger};
     const objc::Ref<ui::Touch> touch = place->second;
     const TouchState &state = TouchStateOf(touch);
-    if (phase == TouchPhase::kEnded) {
+    if (phase == UITouchPhaseEnded) {
         Last() = {clock::Now(), state.location, state.tapCount};
     }
     Send(touch, phase);
@@ -87,7 +87,7 @@ void Began(TouchId finger, cg::Point point) {
     Fingers()[finger] = touch;
     state.view = HitTestWindows(point, MakeEvent(touch));
     state.window = objc::As<ui::Window>(state.view->window());
-    Send(touch, TouchPhase::kBegan);
+    Send(touch, UITouchPhaseBegan);
 }
 
 void Moved(TouchId finger, cg::Point point) {
@@ -99,17 +99,17 @@ void Moved(TouchId finger, cg::Point point) {
     TouchState &state = TouchStateOf(touch);
     if (state.location != point) {
         state.location = point;
-        Send(touch, TouchPhase::kMoved);
+        Send(touch, UITouchPhaseMoved);
     }
 }
 
 void Ended(TouchId finger, cg::Point point) {
     Moved(finger, point);
-    Lift(finger, TouchPhase::kEnded);
+    Lift(finger, UITouchPhaseEnded);
 }
 
 void Cancelled(TouchId finger) {
-    Lift(finger, TouchPhase::kCancelled);
+    Lift(finger, UITouchPhaseCancelled);
 }
 
 bool IsDown(TouchId finger) {

@@ -38,11 +38,11 @@ TEST(FoundationString, KeepsTheUnitsItIsMadeOf) {
 
 TEST(FoundationString, KeepsTheUnitsOfItsBytes) {
     for (const std::u16string &units : kOdd) {
-        for (const auto encoding : {ns::StringEncoding::kUtf16BigEndian, ns::StringEncoding::kUtf16LittleEndian}) {
+        for (const auto encoding : {NSUTF16BigEndianStringEncoding, NSUTF16LittleEndianStringEncoding}) {
             std::string bytes;
             for (const char16_t unit : units) {
                 const char pair[] = {static_cast<char>(unit >> 8), static_cast<char>(unit)};
-                const bool bigEndian = encoding == ns::StringEncoding::kUtf16BigEndian;
+                const bool bigEndian = encoding == NSUTF16BigEndianStringEncoding;
                 bytes += {pair[bigEndian ? 0 : 1], pair[bigEndian ? 1 : 0]};
             }
             const auto string = objc::Ref<ns::String>::Adopt(

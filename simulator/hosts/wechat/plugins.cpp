@@ -91,7 +91,7 @@ void AddRow(ui::View sheet, double y, const Row &row) {
     AddLabel(card, Box(kMargin, 0, 200, kRowHeight), row.title, {.size = 16, .color = ui::Color::blackColor()});
     const auto control = AddNew<Switch>(card, Box(width - 3 * kMargin - 51, (kRowHeight - 31) / 2, 51, 31));
     StateOf<SwitchState>(control).key = row.key;
-    control.addTarget(control, objc::Selector<"toggle">(), ui::kTouchUpInside);
+    control.addTarget(control, objc::Selector<"toggle">(), UIControlEventTouchUpInside);
 }
 
 } // namespace
