@@ -22,16 +22,11 @@ constexpr double kBubbleGap = 6;
 
 int taps = 0;
 
-void Tapped(ns::Object, objc::SEL, ui::GestureRecognizer) {
-    ++taps;
-}
-
 } // namespace
 
 void RegisterLiveRoom() {
     RegisterVideoViews();
-    const objc::MethodEntry methods[] = {objc::MethodNamed<"tapped:", &Tapped>()};
-    RegisterClass(kTapListener, "NSObject", {}, methods);
+    Class(kTapListener, "NSObject").ClassMethod<"tapped:">([](ns::Object, ui::GestureRecognizer) { ++taps; });
 }
 
 int LiveRoom::Taps() {

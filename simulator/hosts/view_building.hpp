@@ -15,7 +15,7 @@ ui::Color Rgb(unsigned rgb, double alpha = 1);
 
 /// Adds a new view of a class.
 template <class T> T AddNew(ui::View parent, cg::Rect frame) {
-    const auto view = objc::Ref<T>::Adopt(objc::As<T>(ns::Alloc<T>().initWithFrame(frame)));
+    const auto view = ui::MakeView<T>(frame);
     parent.addSubview(view);
     return view;
 }

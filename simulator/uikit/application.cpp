@@ -1,5 +1,6 @@
 #include "uikit/application.hpp"
 
+#include "runtime/lasting.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/array.hpp"
 #include "uikit/classes.hpp"
@@ -11,6 +12,10 @@
 
 namespace sim {
 namespace {
+
+struct Shared {
+    objc::Ref<ui::Application> application = ns::New<ui::Application>();
+};
 
 struct OrderedSetState {
     objc::Ref<ns::Array> objects;
@@ -74,10 +79,8 @@ bool SendActionTo(ui::Application, objc::SEL action, ns::Object target, ns::Obje
 void DefineApplication() {
     DefineSceneSet();
     auto application = Class("UIApplication", "UIResponder");
-    application.ClassMethod<"sharedApplication">([](ui::Application) -> ui::Application {
-        static const auto &shared = *new objc::Ref<ui::Application>(ns::New<ui::Application>());
-        return shared;
-    });
+    application.ClassMethod<"sharedApplication">(
+        [](ui::Application) -> ui::Application { return Lasting<Shared>().application; });
     application.Method<"connectedScenes">([](ui::Application) {
         const auto set = ns::New<SceneSet>();
         StateOf<OrderedSetState>(set).objects = MakeArray(ConnectedScenes());

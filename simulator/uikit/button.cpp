@@ -193,6 +193,7 @@ void DefineLayout(Class<ButtonState> &button) {
 void DefineButton() {
     auto button = Class<ButtonState>("UIButton", "UIControl");
     button.ClassMethod<"buttonWithType:">([](Button self, UIButtonType type) {
+        // By the receiver, for a subclass makes its own kind.
         const auto made =
             objc::Ref<Button>::Adopt(objc::As<Button>(objc::Send<"alloc", Button>(self).initWithFrame({})));
         StateOf<ButtonState>(made).type = type;

@@ -3,11 +3,11 @@
 #include "apple/uikit/label.hpp"
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
+#include "runtime/utf16.hpp"
 #include "uikit/application.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/drawing.hpp"
 #include "uikit/font.hpp"
-#include "uikit/text_measuring.hpp"
 #include "uikit/view_state.hpp"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 // UIScene and UIWindowScene.
 
+#include "runtime/lasting.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/application.hpp"
 #include "uikit/array.hpp"
@@ -12,9 +13,12 @@
 namespace sim {
 namespace {
 
+struct Scenes {
+    std::vector<objc::Ref<ui::WindowScene>> connected;
+};
+
 std::vector<objc::Ref<ui::WindowScene>> &Connected() {
-    static auto &scenes = *new std::vector<objc::Ref<ui::WindowScene>>;
-    return scenes;
+    return Lasting<Scenes>().connected;
 }
 
 } // namespace

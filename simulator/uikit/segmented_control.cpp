@@ -3,12 +3,12 @@
 #include "apple/uikit/segmented_control.hpp"
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
+#include "runtime/utf16.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/color.hpp"
 #include "uikit/control.hpp"
 #include "uikit/drawing.hpp"
 #include "uikit/font.hpp"
-#include "uikit/text_measuring.hpp"
 #include "uikit/view.hpp"
 #include "uikit/view_geometry.hpp"
 

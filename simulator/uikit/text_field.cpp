@@ -3,13 +3,13 @@
 #include "apple/uikit/text_field.hpp"
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
+#include "runtime/utf16.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/control.hpp"
 #include "uikit/drawing.hpp"
 #include "uikit/font.hpp"
 #include "uikit/responder.hpp"
 #include "uikit/text_input.hpp"
-#include "uikit/text_measuring.hpp"
 #include "uikit/view.hpp"
 
 #include <algorithm>
@@ -49,7 +49,7 @@ void DropLineEnds(EditableText &text) {
     std::erase_if(units, [](char16_t unit) { return unit == u'\n' || unit == u'\r'; });
     if (units.size() != before) {
         const unsigned long caret = text.selection().location - (before - units.size());
-        text.SetText(ns::String::stringWithCharacters(units.data(), units.size()));
+        text.SetText(StringOf(units));
         text.Select({caret, 0});
     }
 }

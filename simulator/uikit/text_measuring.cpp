@@ -1,7 +1,9 @@
-#include "uikit/text_measuring.hpp"
+// What UIKit adds to NSString: measuring.
 
+#include "apple/uikit/text_measuring.hpp"
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
+#include "runtime/utf16.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/font.hpp"
 
@@ -48,14 +50,6 @@ void DefineTextMeasuring() {
     auto string = Class<>::Existing("NSString");
     string.Method<"boundingRectWithSize:options:attributes:context:", &BoundingRect>();
     string.Method<"sizeWithAttributes:", &SizeWithAttributes>();
-}
-
-std::u16string UnitsOf(ns::String text) {
-    std::u16string units(text.length(), u'\0');
-    if (!units.empty()) {
-        text.getCharacters(units.data(), {0, units.size()});
-    }
-    return units;
 }
 
 } // namespace sim

@@ -1,6 +1,7 @@
 #include "uikit/touch.hpp"
 
 #include "runtime/clock.hpp"
+#include "runtime/lasting.hpp"
 #include "uikit/event.hpp"
 #include "uikit/gesture_recognizer.hpp"
 #include "uikit/touch_delivery.hpp"
@@ -25,9 +26,12 @@ LastTap &Last() {
     return last;
 }
 
+struct Glass {
+    std::map<TouchId, objc::Ref<ui::Touch>> fingers;
+};
+
 std::map<TouchId, objc::Ref<ui::Touch>> &Fingers() {
-    static auto &fingers = *new std::map<TouchId, objc::Ref<ui::Touch>>;
-    return fingers;
+    return Lasting<Glass>().fingers;
 }
 
 objc::Ref<ui::Event> MakeEvent(const objc::Ref<ui::Touch> &changed) {

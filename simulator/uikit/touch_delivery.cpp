@@ -1,6 +1,7 @@
 #include "uikit/touch_delivery.hpp"
 
 #include "runtime/clock.hpp"
+#include "runtime/lasting.hpp"
 #include "uikit/application.hpp"
 #include "uikit/gesture_recognizer.hpp"
 #include "uikit/scoped_flag.hpp"
@@ -23,8 +24,7 @@ struct Delivery {
 };
 
 Delivery &Shared() {
-    static auto &delivery = *new Delivery;
-    return delivery;
+    return Lasting<Delivery>();
 }
 
 ns::Set SetOf(ui::Touch touch) {

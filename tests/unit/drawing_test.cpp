@@ -138,7 +138,7 @@ TEST_F(Views, ShadowsAreSoftAndLieBelow) {
 }
 
 TEST_F(Views, RunningAnimationsShowWhatTheyHaveReached) {
-    const auto window = Make<ui::Window>({{0, 0}, {100, 40}});
+    const auto window = ui::MakeView<ui::Window>({{0, 0}, {100, 40}});
     const auto box = Box({{0, 0}, {20, 20}}, Rgb(0xFF0000));
     window->setHidden(false);
     window->addSubview(box);
@@ -206,8 +206,9 @@ TEST_F(Effects, ContentViewFillsTheView) {
     EXPECT_EQ(content.superview(), blur.get());
     blur->setFrame({{30, 30}, {70, 90}});
     EXPECT_EQ(content.frame(), (cg::Rect{{0, 0}, {70, 90}}));
-    EXPECT_FALSE(objc::Guard([&] { blur->addSubview(Make<ui::View>({})); })) << "only the content view takes subviews";
-    content.addSubview(Make<ui::View>({}));
+    EXPECT_FALSE(objc::Guard([&] { blur->addSubview(ui::MakeView<ui::View>({})); }))
+        << "only the content view takes subviews";
+    content.addSubview(ui::MakeView<ui::View>({}));
     EXPECT_EQ(content.subviews().count(), 1U);
 }
 

@@ -15,14 +15,14 @@ using namespace corvel::test;
 class Labels : public Drawing {};
 
 objc::Ref<ui::Label> MakeLabel(cg::Rect frame, ns::String text, double size = 12) {
-    objc::Ref<ui::Label> label = Make<ui::Label>(frame);
+    objc::Ref<ui::Label> label = ui::MakeView<ui::Label>(frame);
     label->setText(text);
     label->setFont(ui::Font::systemFontOfSize(size));
     return label;
 }
 
 TEST_F(Labels, DefaultsAreThePlatforms) {
-    const auto label = Make<ui::Label>({});
+    const auto label = ui::MakeView<ui::Label>({});
     EXPECT_FALSE((objc::Send<"isUserInteractionEnabled", bool>(label.get())));
     EXPECT_EQ((objc::Send<"numberOfLines", long>(label.get())), 1);
     EXPECT_EQ((objc::Send<"lineBreakMode", long>(label.get())), 4);

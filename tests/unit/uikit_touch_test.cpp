@@ -147,7 +147,7 @@ class UIKitTouch : public testing::Test {
     }
 
     static objc::Ref<ui::View> AddView(ui::View parent, cg::Rect frame) {
-        auto view = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame(frame));
+        auto view = ui::MakeView<ui::View>(frame);
         parent.addSubview(view);
         return view;
     }
@@ -156,12 +156,12 @@ class UIKitTouch : public testing::Test {
     ui::Button AddButton(ui::View parent, cg::Rect frame) const {
         const ui::Button button = ui::Button::buttonWithType(UIButtonTypeCustom);
         button.setFrame(frame);
-        button.addTarget(listener.get(), objc::Selector<"down:">(), 1);
-        button.addTarget(listener.get(), objc::Selector<"enter:">(), 16);
-        button.addTarget(listener.get(), objc::Selector<"exit:">(), 32);
+        button.addTarget(listener.get(), objc::Selector<"down:">(), UIControlEventTouchDown);
+        button.addTarget(listener.get(), objc::Selector<"enter:">(), UIControlEventTouchDragEnter);
+        button.addTarget(listener.get(), objc::Selector<"exit:">(), UIControlEventTouchDragExit);
         button.addTarget(listener.get(), objc::Selector<"upInside:">(), UIControlEventTouchUpInside);
-        button.addTarget(listener.get(), objc::Selector<"upOutside:">(), 128);
-        button.addTarget(listener.get(), objc::Selector<"cancel:">(), 256);
+        button.addTarget(listener.get(), objc::Selector<"upOutside:">(), UIControlEventTouchUpOutside);
+        button.addTarget(listener.get(), objc::Selector<"cancel:">(), UIControlEventTouchCancel);
         parent.addSubview(button);
         return button;
     }

@@ -68,10 +68,9 @@ objc::Ref<ui::ViewController> ReadEditor(WordReader &words) {
     constexpr cg::Rect kFrame{{20, 100}, {350, 160}};
     const ns::String text = script::MakeString(words.QuotedText("the text"));
     const objc::Ref<ui::ViewController> screen = MakeScreen();
-    const auto view = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::TextView>().initWithFrame(kFrame));
-    const auto editor = objc::As<ui::TextView>(view.get());
-    editor.setText(text);
-    editor.setFont(ui::Font::systemFontOfSize(17));
+    const auto editor = ui::MakeView<ui::TextView>(kFrame);
+    editor->setText(text);
+    editor->setFont(ui::Font::systemFontOfSize(17));
     screen->view().addSubview(editor);
     return screen;
 }
