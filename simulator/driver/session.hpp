@@ -16,7 +16,7 @@ struct Session {
     std::unique_ptr<hosts::Host> host;
     Library library;
     bool launched = false;
-    std::optional<long> firstSceneState = 0; // UISceneActivationState; empty: no scene at launch
+    std::optional<UISceneActivationState> firstSceneState = UISceneActivationStateForegroundActive; // empty: no scene
     script::Pointers pointers;
 };
 

@@ -1,6 +1,6 @@
 #include "driver/view_properties.hpp"
 
-#include "apple/uikit/label.hpp"
+#include "apple/uikit/button.hpp"
 #include "runtime/native_class.hpp"
 #include "script/values.hpp"
 #include "uikit/font.hpp"
@@ -137,7 +137,7 @@ bool IsVisible(ui::View view) {
 
 std::string TextShown(ui::View view) {
     if (IsKind(view, "UIButton")) {
-        return script::TextOf(objc::Send<"titleForState:", ns::String>(view, 0UL));
+        return script::TextOf(objc::As<ui::Button>(view).titleForState(UIControlStateNormal));
     }
     if (view.respondsToSelector(objc::Selector<"text">())) {
         return script::TextOf(objc::Send<"text", ns::String>(view));

@@ -1,15 +1,19 @@
 #include "hosts/blocks.hpp"
 
+#include "runtime/lasting.hpp"
+
 #include <algorithm>
 #include <map>
 
 namespace sim::hosts {
 namespace {
 
-/// Never destroyed, nor are the blocks.
+struct HostBlocks {
+    std::map<long, objc::id> byNumber;
+};
+
 std::map<long, objc::id> &Blocks() {
-    static auto &blocks = *new std::map<long, objc::id>;
-    return blocks;
+    return Lasting<HostBlocks>().byNumber;
 }
 
 } // namespace

@@ -7,27 +7,30 @@
 #include "hosts/record.hpp"
 #include "runtime/native_class.hpp"
 
+#include <optional>
+
 namespace sim::hosts {
 
 /// Records a call and raises what the plan holds for it. An initialiser that raises gives its object up; an object
 /// whose dealloc raises is lost, which is no leak of ours.
-void Arrive(objc::id self, objc::SEL selector, const std::vector<Fact> &arguments);
+void Arrive(ns::Object self, const char *selector, const std::vector<Fact> &arguments);
 
 /// Whether the plan lets the method do nothing. An initialiser that does nothing gives its object up.
-bool Refuses(objc::id self, objc::SEL selector);
+bool Refuses(ns::Object self, const char *selector);
 
 /// Raises an exception of the host with this reason.
 [[noreturn]] void Raise(const std::string &reason);
 
 namespace detail {
 
-/// The implementation that a lambda without captures stands for.
-template <class F, class Signature = decltype(&F::operator())> struct Arrival;
+/// A method's body after what the record and the plan ask of it.
+template <objc::FixedString Name, class Body, class Signature = decltype(&Body::operator())> struct Arrival;
 
-template <class F, class R, class Self, class... A> struct Arrival<F, R (F::*)(Self, A...) const> {
-    static R Call(Self self, objc::SEL selector, A... arguments) {
-        Arrive(self.pointer, selector, {DescribeArgument(arguments)...});
-        return Refuses(self.pointer, selector) ? R() : F{}(self, arguments...);
+template <objc::FixedString Name, class Body, class R, class First, class... A>
+struct Arrival<Name, Body, R (Body::*)(First, A...) const> {
+    R operator()(ns::Object self, A... arguments) const {
+        Arrive(self, Name.data, {DescribeArgument(arguments)...});
+        return Refuses(self, Name.data) ? R() : Body{}(sim::detail::Receiver<First>(self), arguments...);
     }
 };
 
@@ -38,29 +41,37 @@ template <class F, class R, class Self, class... A> struct Arrival<F, R (F::*)(S
 ///     HostClass store("NSObject", "AppBaseStore", "AppCommentStore", "AppGiftStore");
 ///     store.Method<"send:">([](ns::Object self, ns::Object text) { ReceiveComment("store", self, text); });
 ///
-/// A method's function takes the receiver and the arguments; it must have no captures.
+/// A method's body is one as sim::Class takes it.
 class HostClass {
   public:
     /// Registers the three classes under a root that exists. The plan may leave the class itself out.
     HostClass(const char *root, const char *base, const char *name, const char *sibling);
 
-    template <objc::FixedString Name, class F> void Method(F) {
-        Add(objc::MethodNamed<Name, &detail::Arrival<F>::Call>(), false, false);
+    template <objc::FixedString Name, class Body> void Method(Body) {
+        Add<Name, Body>(HolderOf(Name.data, false));
     }
     /// A method that only some builds of the app have: it exists when the plan adds it.
-    template <objc::FixedString Name, class F> void OptionalMethod(F) {
-        Add(objc::MethodNamed<Name, &detail::Arrival<F>::Call>(), true, false);
+    template <objc::FixedString Name, class Body> void OptionalMethod(Body) {
+        Add<Name, Body>(HolderOf(Name.data, true));
     }
-    template <objc::FixedString Name, class F> void ClassMethod(F) {
-        Add(objc::MethodNamed<Name, &detail::Arrival<F>::Call>(), false, true);
+    template <objc::FixedString Name, class Body> void ClassMethod(Body) {
+        if (Class<> *holder = HolderOf(Name.data, false)) {
+            holder->ClassMethod<Name>(detail::Arrival<Name, Body>{});
+        }
     }
 
   private:
-    void Add(const objc::MethodEntry &method, bool optional, bool ofClass) const;
+    /// The class that gets the method; null when the plan leaves the method out.
+    Class<> *HolderOf(const char *selector, bool optional);
+    template <objc::FixedString Name, class Body> static void Add(Class<> *holder) {
+        if (holder != nullptr) {
+            holder->Method<Name>(detail::Arrival<Name, Body>{});
+        }
+    }
 
     const char *name_;
-    objc::Class base_;
-    objc::Class own_; // nil while the plan leaves it out
+    Class<> base_;
+    std::optional<Class<>> own_; // empty when the plan leaves it out
 };
 
 /// What a method does that only the app calls. It answers something, because a hook has to hand on what there is.

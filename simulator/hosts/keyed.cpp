@@ -10,7 +10,7 @@ struct KeyedState {
 };
 
 /// A planned throw may name the key itself.
-ns::Object ValueForUndefinedKey(ns::Object self, objc::SEL, ns::String key) {
+ns::Object ValueForUndefinedKey(ns::Object self, ns::String key) {
     const std::string name = script::TextOf(key);
     if (const std::string *reason = ThePlan().ReasonToThrow(objc::object_getClass(self.pointer), name)) {
         Raise(*reason);
@@ -24,8 +24,8 @@ ns::Object ValueForUndefinedKey(ns::Object self, objc::SEL, ns::String key) {
 } // namespace
 
 void RegisterKeyedRoot(const char *name, const char *superclass) {
-    const objc::MethodEntry methods[] = {objc::MethodNamed<"valueForUndefinedKey:", &ValueForUndefinedKey>()};
-    RegisterClassWithState<KeyedState>(name, superclass, methods);
+    auto root = Class<KeyedState>(name, superclass);
+    root.Method<"valueForUndefinedKey:", &ValueForUndefinedKey>();
 }
 
 std::map<std::string, objc::Ref<ns::Object>> &ValuesOf(ns::Object object) {

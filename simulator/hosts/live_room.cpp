@@ -22,16 +22,11 @@ constexpr double kBubbleGap = 6;
 
 int taps = 0;
 
-void Tapped(ns::Object, objc::SEL, ui::GestureRecognizer) {
-    ++taps;
-}
-
 } // namespace
 
 void RegisterLiveRoom() {
     RegisterVideoViews();
-    const objc::MethodEntry methods[] = {objc::MethodNamed<"tapped:", &Tapped>()};
-    RegisterClass(kTapListener, "NSObject", {}, methods);
+    Class(kTapListener, "NSObject").ClassMethod<"tapped:">([](ns::Object, ui::GestureRecognizer) { ++taps; });
 }
 
 int LiveRoom::Taps() {
@@ -67,7 +62,7 @@ void LiveRoom::DrawLobby() {
     screen_->setBackgroundColor(Rgb(0x161823));
     const double width = ScreenSize().width;
     AddLabel(screen_, Box(0, kTop, width, 28), look_.appName,
-             {.size = 18, .bold = true, .alignment = ui::TextAlignment::kCenter});
+             {.size = 18, .bold = true, .alignment = NSTextAlignmentCenter});
     constexpr const char *kRooms[] = {"今晚唱给你听", "山里的早市", "一起读书两小时",
                                       "夜钓直播",     "老街画像",   "猫咪食堂"};
     constexpr const char *kViewers[] = {"1.2万人", "8632人", "512人", "3041人", "207人", "1.9万人"};
@@ -83,8 +78,7 @@ void LiveRoom::DrawLobby() {
         AddLabel(view, Box(10, frame.size.height - 27, card - 20, 16), kViewers[i],
                  {.size = 11, .color = Rgb(0xFFFFFF, 0.7)});
         const ui::View badge = AddBox(view, Box(8, 8, 44, 18), Rgb(look_.accent), 4);
-        AddLabel(badge, Box(0, 0, 44, 18), "直播中",
-                 {.size = 10, .bold = true, .alignment = ui::TextAlignment::kCenter});
+        AddLabel(badge, Box(0, 0, 44, 18), "直播中", {.size = 10, .bold = true, .alignment = NSTextAlignmentCenter});
     }
 }
 
@@ -108,15 +102,14 @@ void LiveRoom::Enter(const std::string &title) {
 void LiveRoom::DrawTopBar(const std::string &title) {
     const ui::View anchor = AddBox(screen_, Box(kMargin, kTop, 190, 40), Rgb(0x000000, 0.35), 20);
     const ui::View face = AddBox(anchor, Box(3, 3, 34, 34), Rgb(0xF2C6A0), 17);
-    AddLabel(face, Box(0, 0, 34, 34), look_.face, {.size = 15, .bold = true, .alignment = ui::TextAlignment::kCenter});
+    AddLabel(face, Box(0, 0, 34, 34), look_.face, {.size = 15, .bold = true, .alignment = NSTextAlignmentCenter});
     AddLabel(anchor, Box(43, 4, 92, 18), look_.anchor, {.size = 13, .bold = true});
     AddLabel(anchor, Box(43, 21, 92, 15), look_.likes, {.size = 10, .color = Rgb(0xFFFFFF, 0.75)});
     const ui::View follow = AddBox(anchor, Box(138, 7, 46, 26), Rgb(look_.accent), 13);
-    AddLabel(follow, Box(0, 0, 46, 26), look_.follow,
-             {.size = 12, .bold = true, .alignment = ui::TextAlignment::kCenter});
+    AddLabel(follow, Box(0, 0, 46, 26), look_.follow, {.size = 12, .bold = true, .alignment = NSTextAlignmentCenter});
     const double width = ScreenSize().width;
     const ui::View viewers = AddBox(screen_, Box(width - kMargin - 64, kTop + 6, 64, 28), Rgb(0x000000, 0.35), 14);
-    AddLabel(viewers, Box(0, 0, 64, 28), "1.2万", {.size = 12, .alignment = ui::TextAlignment::kCenter});
+    AddLabel(viewers, Box(0, 0, 64, 28), "1.2万", {.size = 12, .alignment = NSTextAlignmentCenter});
     if (!title.empty()) {
         constexpr double kLongest = 300;
         const ui::View tag = AddBox(screen_, {}, Rgb(0x000000, 0.25), 11);
@@ -138,7 +131,7 @@ void LiveRoom::DrawInputBar() {
             Box(size.width - kMargin - kInputBar - static_cast<double>(i) * (kInputBar + 8), y, kInputBar, kInputBar),
             i == 0 ? Rgb(look_.accent) : Rgb(0x000000, 0.4), kInputBar / 2);
         AddLabel(button, Box(0, 0, kInputBar, kInputBar), look_.buttons[i],
-                 {.size = 15, .bold = true, .alignment = ui::TextAlignment::kCenter});
+                 {.size = 15, .bold = true, .alignment = NSTextAlignmentCenter});
     }
 }
 

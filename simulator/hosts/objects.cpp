@@ -1,5 +1,6 @@
 #include "hosts/objects.hpp"
 
+#include "runtime/lasting.hpp"
 #include "script/values.hpp"
 
 #include <algorithm>
@@ -8,9 +9,7 @@
 namespace sim::hosts {
 
 Objects &TheObjects() {
-    // Never destroyed: the objects that it points to are not taken apart at exit either.
-    static auto &objects = *new Objects();
-    return objects;
+    return Lasting<Objects>();
 }
 
 const Objects::Entry *Objects::Find(ns::Object object) const {

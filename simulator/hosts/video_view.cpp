@@ -58,9 +58,9 @@ void DrawPoster(ui::View view, cairo_t *context) {
 } // namespace
 
 void RegisterVideoViews() {
-    RegisterClass(VideoView::kClassName, "UIView", {});
+    Class(VideoView::kClassName, "UIView");
     RegisterDrawing(VideoView::kClassName, &DrawVideo);
-    RegisterClass(PosterView::kClassName, "UIView", {});
+    Class(PosterView::kClassName, "UIView");
     RegisterDrawing(PosterView::kClassName, &DrawPoster);
 }
 

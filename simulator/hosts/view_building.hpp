@@ -15,7 +15,7 @@ ui::Color Rgb(unsigned rgb, double alpha = 1);
 
 /// Adds a new view of a class.
 template <class T> T AddNew(ui::View parent, cg::Rect frame) {
-    const auto view = objc::Ref<T>::Adopt(objc::As<T>(ns::Alloc<T>().initWithFrame(frame)));
+    const auto view = ui::MakeView<T>(frame);
     parent.addSubview(view);
     return view;
 }
@@ -27,7 +27,7 @@ struct LabelLook {
     double size = 14;
     bool bold = false;
     ui::Color color = ui::Color::whiteColor();
-    ui::TextAlignment alignment = ui::TextAlignment::kLeft;
+    NSTextAlignment alignment = NSTextAlignmentLeft;
 };
 
 ui::Label AddLabel(ui::View parent, cg::Rect frame, ns::String text, const LabelLook &look);

@@ -24,7 +24,7 @@ constexpr char32_t kZeroWidthJoiner = 0x200D;
 /// keep to themselves like any control character; a blank is replaced because Pango joins letters of Hangul over it.
 char32_t ForBreaking(char32_t character) {
     constexpr char32_t kControl = 1;
-    const bool alone = character == 0 || (character >= 0xD800 && character < 0xE000);
+    const bool alone = character == 0 || IsSurrogate(character);
     return alone ? kControl : character == U' ' ? U'_' : character;
 }
 
@@ -59,8 +59,8 @@ std::vector<std::size_t> CharacterStarts(std::u16string_view text) {
 
 /// Whether one of the letters that flags are made of is there.
 bool IsFlagLetter(std::u16string_view text, std::size_t position) {
-    return IsPairAt(text, position) && text[position] == 0xD83C && text[position + 1] >= 0xDDE6 &&
-           text[position + 1] <= 0xDDFF;
+    const char32_t letter = PointAt(text, position);
+    return letter >= U'🇦' && letter <= U'🇿';
 }
 
 /// The first of the starts that would be one too if the text went on to the left: what came before may belong to the

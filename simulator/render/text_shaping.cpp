@@ -19,7 +19,7 @@ constexpr char32_t kEmSpace = 0x2003;
 
 /// What is laid out for a character of the text.
 char32_t Shown(char32_t character) {
-    if (character == 0 || (character >= 0xD800 && character < 0xE000)) {
+    if (character == 0 || IsSurrogate(character)) {
         return kReplacement;
     }
     if (character == U'\t') {

@@ -10,16 +10,9 @@
 namespace sim {
 namespace {
 
-// The policies as they are numbered on the phone.
-constexpr std::uintptr_t kAssign = 0;
-constexpr std::uintptr_t kRetainNonatomic = 1;
-constexpr std::uintptr_t kCopyNonatomic = 3;
-constexpr std::uintptr_t kRetain = 01401;
-constexpr std::uintptr_t kCopy = 01403;
-
 struct Association {
     objc::id value = nullptr;
-    std::uintptr_t policy = kAssign;
+    objc_AssociationPolicy policy = OBJC_ASSOCIATION_ASSIGN;
 };
 using Associations = std::unordered_map<const void *, Association>;
 
@@ -28,13 +21,13 @@ struct Table {
     std::unordered_map<objc::id, Associations> owners;
 };
 
-objc::id Hold(objc::id value, std::uintptr_t policy) {
+objc::id Hold(objc::id value, objc_AssociationPolicy policy) {
     switch (policy) {
-    case kRetainNonatomic:
-    case kRetain:
+    case OBJC_ASSOCIATION_RETAIN_NONATOMIC:
+    case OBJC_ASSOCIATION_RETAIN:
         return objc::Retain(value);
-    case kCopyNonatomic:
-    case kCopy:
+    case OBJC_ASSOCIATION_COPY_NONATOMIC:
+    case OBJC_ASSOCIATION_COPY:
         return objc::Send<"copy", objc::Object>(objc::Object{value}).pointer;
     default:
         return value;
@@ -42,7 +35,7 @@ objc::id Hold(objc::id value, std::uintptr_t policy) {
 }
 
 void Drop(Association association) {
-    if (association.policy != kAssign) {
+    if (association.policy != OBJC_ASSOCIATION_ASSIGN) {
         objc::Release(association.value);
     }
 }
@@ -73,7 +66,7 @@ void ReleaseAssociatedObjects(objc::id owner) {
 
 extern "C" {
 
-void objc_setAssociatedObject(objc::id object, const void *key, objc::id value, std::uintptr_t policy) {
+void objc_setAssociatedObject(objc::id object, const void *key, objc::id value, objc_AssociationPolicy policy) {
     if (object == nullptr) {
         return;
     }
@@ -106,7 +99,7 @@ objc::id objc_getAssociatedObject(objc::id object, const void *key) {
         if (owner != table.owners.end() && owner->second.contains(key)) {
             found = owner->second[key];
         }
-        atomic = found.policy == sim::kRetain || found.policy == sim::kCopy;
+        atomic = found.policy == OBJC_ASSOCIATION_RETAIN || found.policy == OBJC_ASSOCIATION_COPY;
         if (atomic) {
             objc::Retain(found.value); // atomic policies hand out a value that outlives a replacement elsewhere
         }

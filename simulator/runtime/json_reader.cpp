@@ -17,7 +17,7 @@ ns::String StringOf(const std::string &text) {
     // Foundation drops byte-order marks that a text begins with; behind another character they stay.
     const std::string guarded = '"' + text;
     const auto string = objc::Ref<ns::String>::Adopt(objc::Send<"initWithBytes:length:encoding:", ns::String>(
-        ns::Alloc<ns::String>(), static_cast<const void *>(guarded.data()), guarded.size(), ns::StringEncoding::kUtf8));
+        ns::Alloc<ns::String>(), static_cast<const void *>(guarded.data()), guarded.size(), NSUTF8StringEncoding));
     return string->substringFromIndex(1);
 }
 

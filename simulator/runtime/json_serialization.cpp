@@ -1,7 +1,7 @@
 #include "runtime/json_serialization.hpp"
 
 #include "apple/foundation/collections.hpp"
-#include "apple/foundation/data.hpp"
+#include "apple/foundation/json_serialization.hpp"
 #include "runtime/autorelease.hpp"
 #include "runtime/exception.hpp"
 #include "runtime/json_reader.hpp"
@@ -13,10 +13,9 @@
 namespace sim {
 namespace {
 
-constexpr unsigned long kFragmentsAllowed = 4; // the same bit for reading and writing
-constexpr unsigned long kMutableContainers = 1;
-constexpr long kCorruptFile = 3840;
-constexpr long kUnconvertible = 3851;
+// Codes of Cocoa's errors.
+constexpr long NSPropertyListReadCorruptError = 3840;
+constexpr long NSPropertyListWriteStreamError = 3851;
 
 struct Error : objc::Object {
     using Object::Object;
@@ -43,63 +42,62 @@ bool IsContainer(ns::Object object) {
 }
 
 /// The encoding of JSON text by its byte-order mark or, its first character being ASCII, by where its zero bytes are.
-ns::StringEncoding EncodingOf(std::span<const unsigned char> bytes) {
-    using enum ns::StringEncoding;
+NSStringEncoding EncodingOf(std::span<const unsigned char> bytes) {
     const auto at = [&](std::size_t index) { return index < bytes.size() ? bytes[index] : 0xFF; };
     if (at(0) == 0 && at(1) == 0) {
-        return kUtf32BigEndian;
+        return NSUTF32BigEndianStringEncoding;
     }
     if ((at(0) != 0 && at(1) == 0 && at(2) == 0 && at(3) == 0) ||
         (at(0) == 0xFF && at(1) == 0xFE && at(2) == 0 && at(3) == 0)) {
-        return kUtf32LittleEndian;
+        return NSUTF32LittleEndianStringEncoding;
     }
     if (at(0) == 0 || (at(0) == 0xFE && at(1) == 0xFF)) {
-        return kUtf16BigEndian;
+        return NSUTF16BigEndianStringEncoding;
     }
     if (at(1) == 0 || (at(0) == 0xFF && at(1) == 0xFE)) {
-        return kUtf16LittleEndian;
+        return NSUTF16LittleEndianStringEncoding;
     }
-    return kUtf8;
+    return NSUTF8StringEncoding;
 }
 
 /// The text as UTF-8; nil when the bytes are not what they seem.
 ns::Data Utf8Of(ns::Data data) {
-    const ns::StringEncoding encoding = EncodingOf({static_cast<const unsigned char *>(data.bytes()), data.length()});
-    if (encoding == ns::StringEncoding::kUtf8) {
+    const NSStringEncoding encoding = EncodingOf({static_cast<const unsigned char *>(data.bytes()), data.length()});
+    if (encoding == NSUTF8StringEncoding) {
         return data;
     }
     const auto text = objc::Ref<ns::String>::Adopt(ns::Alloc<ns::String>().initWithData(data, encoding));
-    return text->dataUsingEncoding(ns::StringEncoding::kUtf8);
+    return text->dataUsingEncoding(NSUTF8StringEncoding);
 }
 
-ns::Object ReadData(objc::Class, objc::SEL, ns::Data data, unsigned long options, ErrorPointer error) {
+ns::Object ReadData(objc::Class, objc::SEL, ns::Data data, NSJSONReadingOptions options, ErrorPointer error) {
     if (!data) {
         Raise("data parameter is nil");
     }
     const ns::Data text = Utf8Of(data);
     if (!text) {
-        Report(error, kCorruptFile, "Unable to convert data to string.");
+        Report(error, NSPropertyListReadCorruptError, "Unable to convert data to string.");
         return {};
     }
-    const json::ReadResult result =
-        json::Read({static_cast<const char *>(text.bytes()), text.length()}, (options & kMutableContainers) != 0);
+    const json::ReadResult result = json::Read({static_cast<const char *>(text.bytes()), text.length()},
+                                               (options & NSJSONReadingMutableContainers) != 0);
     if (!result.object) {
-        Report(error, kCorruptFile, result.error);
+        Report(error, NSPropertyListReadCorruptError, result.error);
         return {};
     }
-    if (!IsContainer(result.object.get()) && (options & kFragmentsAllowed) == 0) {
-        Report(error, kCorruptFile,
+    if (!IsContainer(result.object.get()) && (options & NSJSONReadingFragmentsAllowed) == 0) {
+        Report(error, NSPropertyListReadCorruptError,
                "JSON text did not start with array or object and option to allow fragments not set.");
         return {};
     }
     return Autoreleased(result.object);
 }
 
-ns::Data WriteObject(objc::Class, objc::SEL, ns::Object object, unsigned long options, ErrorPointer error) {
+ns::Data WriteObject(objc::Class, objc::SEL, ns::Object object, NSJSONWritingOptions options, ErrorPointer error) {
     if (!object) {
         Raise("value parameter is nil");
     }
-    if (!IsContainer(object) && (options & kFragmentsAllowed) == 0) {
+    if (!IsContainer(object) && (options & NSJSONWritingFragmentsAllowed) == 0) {
         Raise("Invalid top-level type in JSON write");
     }
     const json::WriteResult result = json::Write(object, options);
@@ -107,7 +105,7 @@ ns::Data WriteObject(objc::Class, objc::SEL, ns::Object object, unsigned long op
         Raise(result.invalid);
     }
     if (result.unconvertible) {
-        Report(error, kUnconvertible, "Unable to convert string to UTF-8.");
+        Report(error, NSPropertyListWriteStreamError, "Unable to convert string to UTF-8.");
         return {};
     }
     return ns::Data::dataWithBytes(result.text.data(), result.text.size());

@@ -1,7 +1,6 @@
 #include "runtime/json_writer.hpp"
 
 #include "apple/foundation/collections.hpp"
-#include "apple/foundation/data.hpp"
 #include "apple/foundation/number.hpp"
 
 #include <nlohmann/json.hpp>
@@ -25,7 +24,7 @@ struct BoolNumber : ns::Number {
 /// set a pretty-printed colon in another way.
 class Writer {
   public:
-    explicit Writer(unsigned long options) : options_(options) {}
+    explicit Writer(NSJSONWritingOptions options) : options_(options) {}
 
     WriteResult Finish(ns::Object object) {
         Any(object, 0);
@@ -33,7 +32,7 @@ class Writer {
     }
 
   private:
-    bool Has(unsigned long option) const {
+    bool Has(NSJSONWritingOptions option) const {
         return (options_ & option) != 0;
     }
 
@@ -65,7 +64,7 @@ class Writer {
     template <class Range, class PutElement>
     void Container(std::string_view open, const Range &elements, std::string_view close, int level, PutElement put) {
         const auto breakLine = [this](int indent) {
-            if (Has(kPrettyPrinted)) {
+            if (Has(NSJSONWritingPrettyPrinted)) {
                 result_.text += '\n' + std::string(2 * static_cast<std::size_t>(indent), ' ');
             }
         };
@@ -92,19 +91,19 @@ class Writer {
             }
             keys.push_back(objc::As<ns::String>(key));
         }
-        if (Has(kSortedKeys)) {
+        if (Has(NSJSONWritingSortedKeys)) {
             std::ranges::sort(
                 keys, [](ns::String left, ns::String right) { return objc::Send<"compare:", long>(left, right) < 0; });
         }
         Container("{", keys, "}", level, [&](ns::String key) {
             Text(key);
-            Put(Has(kPrettyPrinted) ? " : " : ":");
+            Put(Has(NSJSONWritingPrettyPrinted) ? " : " : ":");
             Any(dictionary.objectForKey(key), level + 1);
         });
     }
 
     void Text(ns::String string) {
-        const ns::Data utf8 = string.dataUsingEncoding(ns::StringEncoding::kUtf8);
+        const ns::Data utf8 = string.dataUsingEncoding(NSUTF8StringEncoding);
         if (!utf8) {
             result_.unconvertible = true;
             return;
@@ -112,7 +111,7 @@ class Writer {
         const nlohmann::json text = std::string(static_cast<const char *>(utf8.bytes()), utf8.length());
         for (const char byte : text.dump()) {
             // The library leaves slashes alone, the phone escapes them as well.
-            Put(byte == '/' && !Has(kWithoutEscapingSlashes) ? "\\/" : std::string_view(&byte, 1));
+            Put(byte == '/' && !Has(NSJSONWritingWithoutEscapingSlashes) ? "\\/" : std::string_view(&byte, 1));
         }
     }
 
@@ -132,13 +131,13 @@ class Writer {
         Put(digits.data());
     }
 
-    unsigned long options_;
+    NSJSONWritingOptions options_;
     WriteResult result_;
 };
 
 } // namespace
 
-WriteResult Write(ns::Object object, unsigned long options) {
+WriteResult Write(ns::Object object, NSJSONWritingOptions options) {
     return Writer(options).Finish(object);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 // Foundation objects to JSON text.
 
-#include "apple/foundation/object.hpp"
+#include "apple/foundation/json_serialization.hpp"
 
 #include <string>
 
@@ -16,12 +16,7 @@ struct WriteResult {
     bool unconvertible = false;
 };
 
-/// How the text looks: bits of NSJSONWritingOptions.
-constexpr unsigned long kPrettyPrinted = 1;
-constexpr unsigned long kSortedKeys = 2;
-constexpr unsigned long kWithoutEscapingSlashes = 8;
-
 /// Writes a string, number, null, array or dictionary with everything in it.
-WriteResult Write(ns::Object object, unsigned long options);
+WriteResult Write(ns::Object object, NSJSONWritingOptions options);
 
 } // namespace sim::json

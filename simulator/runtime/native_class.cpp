@@ -4,14 +4,10 @@
 #include <cstdlib>
 
 namespace sim {
+
 std::vector<ApiRow> &ApiRows() {
     static std::vector<ApiRow> rows;
     return rows;
-}
-
-objc::Class RegisterClass(const char *name, const char *superclass, std::span<const objc::MethodEntry> instanceMethods,
-                          std::span<const objc::MethodEntry> classMethods) {
-    return Class(name, superclass).Add(instanceMethods, classMethods);
 }
 
 namespace detail {

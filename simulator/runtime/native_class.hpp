@@ -6,7 +6,6 @@
 #include "runtime/method_body.hpp"
 #include "runtime/object_state.hpp"
 
-#include <span>
 #include <vector>
 
 namespace sim {
@@ -127,18 +126,6 @@ template <class State = void> class Class {
         Set('-', objc::Selector<"dealloc">(), reinterpret_cast<objc::IMP>(&detail::DeallocAfter<State, Body>), "v@:");
     }
 
-    /// Methods from tables. The result is the class itself.
-    objc::Class Add(std::span<const objc::MethodEntry> instanceMethods,
-                    std::span<const objc::MethodEntry> classMethods) {
-        for (const objc::MethodEntry &method : instanceMethods) {
-            Set('-', method.selector(), method.implementation, method.encoding);
-        }
-        for (const objc::MethodEntry &method : classMethods) {
-            Set('+', method.selector(), method.implementation, method.encoding);
-        }
-        return cls_;
-    }
-
   private:
     Class(objc::Class cls, const char *listed) : cls_(cls), listed_(listed) {}
 
@@ -155,17 +142,5 @@ template <class State = void> class Class {
     objc::Class cls_;
     const char *listed_;
 };
-
-/// Defines a class with methods from tables, for whoever puts them together at run time.
-objc::Class RegisterClass(const char *name, const char *superclass, std::span<const objc::MethodEntry> instanceMethods,
-                          std::span<const objc::MethodEntry> classMethods = {});
-
-/// The same for a class whose instances carry a State.
-template <class State>
-objc::Class RegisterClassWithState(const char *name, const char *superclass,
-                                   std::span<const objc::MethodEntry> instanceMethods,
-                                   std::span<const objc::MethodEntry> classMethods = {}) {
-    return Class<State>(name, superclass).Add(instanceMethods, classMethods);
-}
 
 } // namespace sim

@@ -38,8 +38,7 @@ struct Registrations {
     std::unordered_map<objc::id, Registration> byObserver;
 };
 
-void Observe(Observer self, objc::SEL, ns::Notification notification) {
-    const ObserverState &state = StateOf<ObserverState>(self);
+void Observe(const ObserverState &state, ns::Notification notification) {
     const auto block = state.block; // the block may remove its own observer
     if (state.onMainQueue && !ns::Thread::isMainThread()) {
         clock::Schedule(0, [block, held = objc::Ref<ns::Notification>(notification)] { block(held); });
@@ -92,8 +91,8 @@ void RemoveObserver(ns::NotificationCenter self, objc::SEL selector, ns::Object 
 } // namespace
 
 void InstallNotificationObservers() {
-    const objc::MethodEntry methods[] = {objc::MethodNamed<"corvelSimObserve:", &Observe>()};
-    RegisterClassWithState<ObserverState>(Observer::kClassName, "NSObject", methods);
+    auto observer = Class<ObserverState>(Observer::kClassName, "NSObject");
+    observer.Method<"corvelSimObserve:", &Observe>();
     ReplaceMethod("NSNotificationCenter", objc::Selector<"addObserverForName:object:queue:usingBlock:">(),
                   &AddObserver);
     originalRemove =

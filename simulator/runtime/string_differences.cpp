@@ -22,7 +22,7 @@ bool IsPlain(std::u16string_view units) {
     for (std::size_t i = 0; i < units.size(); ++i) {
         if (IsPairAt(units, i)) {
             ++i;
-        } else if (IsHighSurrogate(units[i]) || IsLowSurrogate(units[i])) {
+        } else if (IsSurrogate(units[i])) {
             return false;
         }
     }
@@ -39,16 +39,14 @@ struct BorrowedString : ns::String {
     static constexpr const char *kClassName = "CorvelSimBorrowedString";
 };
 
-unsigned long BorrowedLength(BorrowedString self, objc::SEL) {
-    return StateOf<BorrowedState>(self).units.size();
-}
-
-char16_t BorrowedCharacter(BorrowedString self, objc::SEL, unsigned long index) {
-    return StateOf<BorrowedState>(self).units[index];
-}
-
-void BorrowedCharacters(BorrowedString self, objc::SEL, char16_t *buffer, ns::Range range) {
-    StateOf<BorrowedState>(self).units.copy(buffer, range.length, range.location);
+void DefineBorrowedString() {
+    auto string = Class<BorrowedState>(BorrowedString::kClassName, "NSString");
+    string.Method<"length">([](const BorrowedState &state) { return state.units.size(); });
+    string.Method<"characterAtIndex:">(
+        [](const BorrowedState &state, unsigned long index) { return state.units[index]; });
+    string.Method<"getCharacters:range:">([](const BorrowedState &state, char16_t *buffer, ns::Range range) {
+        state.units.copy(buffer, range.length, range.location);
+    });
 }
 
 /// What an initialiser of `self` gives: an owned string of Foundation's own classes with the units. Appending copies
@@ -90,8 +88,8 @@ ns::Object InitNoCopy(ns::Object self, objc::SEL selector, char16_t *units, unsi
 
 /// Reached by all initialisers that decode bytes; only UTF-16 can hold what Foundation refuses.
 ns::Object InitBytes(ns::Object self, objc::SEL selector, const void *bytes, unsigned long length, unsigned encoding) {
-    const bool bigEndian = encoding == static_cast<unsigned>(ns::StringEncoding::kUtf16BigEndian);
-    if ((bigEndian || encoding == static_cast<unsigned>(ns::StringEncoding::kUtf16LittleEndian)) && length != 0 &&
+    const bool bigEndian = encoding == static_cast<unsigned>(NSUTF16BigEndianStringEncoding);
+    if ((bigEndian || encoding == static_cast<unsigned>(NSUTF16LittleEndianStringEncoding)) && length != 0 &&
         length % 2 == 0) {
         std::u16string units(length / 2, u'\0');
         std::memcpy(units.data(), bytes, length);
@@ -114,10 +112,7 @@ const char *Utf8String(ns::Object self, objc::SEL selector) {
 } // namespace
 
 void InstallStringDifferences() {
-    const objc::MethodEntry methods[] = {objc::MethodNamed<"length", &BorrowedLength>(),
-                                         objc::MethodNamed<"characterAtIndex:", &BorrowedCharacter>(),
-                                         objc::MethodNamed<"getCharacters:range:", &BorrowedCharacters>()};
-    RegisterClassWithState<BorrowedState>(BorrowedString::kClassName, "NSString", methods);
+    DefineBorrowedString();
     originalInit = ReplaceMethod("NSString", objc::Selector<"initWithCharacters:length:">(), &Init);
     originalInitNoCopy =
         ReplaceMethod("NSString", objc::Selector<"initWithCharactersNoCopy:length:freeWhenDone:">(), &InitNoCopy);

@@ -1,5 +1,7 @@
 #include "script/text.hpp"
 
+#include "runtime/utf16.hpp"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -8,14 +10,6 @@
 
 namespace sim::script {
 namespace {
-
-bool IsHighSurrogate(char32_t unit) {
-    return unit >= 0xD800 && unit < 0xDC00;
-}
-
-bool IsLowSurrogate(char32_t unit) {
-    return unit >= 0xDC00 && unit < 0xE000;
-}
 
 void AppendUtf8(std::string &out, char32_t point) {
     const int tail = point < 0x80 ? 0 : point < 0x800 ? 1 : point < 0x10000 ? 2 : 3; // bytes after the first
@@ -67,25 +61,15 @@ std::optional<std::u16string> ToUtf16(std::string_view text) {
         if (!point) {
             return std::nullopt;
         }
-        if (*point < 0x10000) {
-            units.push_back(static_cast<char16_t>(*point));
-        } else {
-            units.push_back(static_cast<char16_t>(0xD800 + ((*point - 0x10000) >> 10)));
-            units.push_back(static_cast<char16_t>(0xDC00 + ((*point - 0x10000) & 0x3FF)));
-        }
+        AppendPoint(units, *point);
     }
     return units;
 }
 
 std::string ToUtf8(std::u16string_view units) {
     std::string out;
-    for (std::size_t i = 0; i < units.size(); ++i) {
-        if (IsHighSurrogate(units[i]) && i + 1 < units.size() && IsLowSurrogate(units[i + 1])) {
-            AppendUtf8(out, 0x10000 + ((units[i] - 0xD800U) << 10) + (units[i + 1] - 0xDC00U));
-            ++i;
-        } else {
-            AppendUtf8(out, units[i]);
-        }
+    for (std::size_t i = 0; i < units.size(); i += UnitCount(PointAt(units, i))) {
+        AppendUtf8(out, PointAt(units, i));
     }
     return out;
 }
@@ -103,7 +87,7 @@ std::string Quoted(std::string_view text) {
             std::ranges::find(kEscapes, *point, [](const auto &row) { return char32_t(row.first); });
         if (escape != std::end(kEscapes)) {
             out += {'\\', escape->second};
-        } else if (*point < 0x20 || *point == 0x7F || IsHighSurrogate(*point) || IsLowSurrogate(*point)) {
+        } else if (*point < 0x20 || *point == 0x7F || IsSurrogate(*point)) {
             std::array<char, 8> buffer{};
             std::snprintf(buffer.data(), buffer.size(), "\\u%04X", static_cast<unsigned>(*point));
             out += buffer.data();

@@ -4,6 +4,7 @@
 #include "apple/foundation/data.hpp"
 #include "apple/foundation/date.hpp"
 #include "apple/foundation/number.hpp"
+#include "runtime/utf16.hpp"
 #include "script/text.hpp"
 
 #include <algorithm>
@@ -12,10 +13,6 @@
 
 namespace sim::script {
 namespace {
-
-template <class T> bool IsKindOf(ns::Object object) {
-    return object.isKindOfClass(objc::ClassOf<T>());
-}
 
 bool ReadBool(WordReader &words) {
     if (words.Take("true") || words.Take("YES")) {
@@ -41,8 +38,7 @@ ns::Object ReadData(WordReader &words) {
             bytes.push_back(static_cast<char>(value));
         }
     }
-    return objc::SendClass<ns::Data, "dataWithBytes:length:", ns::Object>(static_cast<const char *>(bytes.data()),
-                                                                          static_cast<unsigned long>(bytes.size()));
+    return ns::Data::dataWithBytes(bytes.data(), bytes.size());
 }
 
 /// A collection's elements end at the closing word; nil has no place in one.
@@ -55,7 +51,7 @@ ns::Object ReadElement(WordReader &words) {
 }
 
 ns::Object ReadArray(WordReader &words) {
-    const auto array = objc::SendClass<ns::MutableArray, "array", ns::MutableArray>();
+    const auto array = ns::MutableArray::array();
     words.Expect("[");
     while (!words.Take("]")) {
         array.addObject(ReadElement(words));
@@ -64,18 +60,13 @@ ns::Object ReadArray(WordReader &words) {
 }
 
 ns::Object ReadDictionary(WordReader &words) {
-    const auto dictionary = objc::SendClass<ns::MutableDictionary, "dictionary", ns::MutableDictionary>();
+    const auto dictionary = ns::MutableDictionary::dictionary();
     words.Expect("{");
     while (!words.Take("}")) {
         const ns::String key = MakeString(words.QuotedText("a key"));
         dictionary.setObject(ReadElement(words), key);
     }
     return dictionary;
-}
-
-/// A number that is written back as the type that it came in.
-template <objc::FixedString Name, class T> ns::Object MakeNumber(T value) {
-    return objc::SendClass<ns::Number, Name, ns::Object>(value);
 }
 
 struct Kind {
@@ -85,24 +76,24 @@ struct Kind {
 
 constexpr Kind kKinds[] = {
     {"string", [](WordReader &words) -> ns::Object { return MakeString(words.QuotedText("a text")); }},
-    {"int", [](WordReader &words) { return MakeNumber<"numberWithLong:">(words.Integer("an integer")); }},
+    {"int", [](WordReader &words) -> ns::Object { return ns::Number::numberWithLong(words.Integer("an integer")); }},
     {"float",
-     [](WordReader &words) { return MakeNumber<"numberWithFloat:">(static_cast<float>(words.Number("a number"))); }},
-    {"double", [](WordReader &words) { return MakeNumber<"numberWithDouble:">(words.Number("a number")); }},
+     [](WordReader &words) -> ns::Object {
+         return ns::Number::numberWithFloat(static_cast<float>(words.Number("a number")));
+     }},
+    {"double", [](WordReader &words) -> ns::Object { return ns::Number::numberWithDouble(words.Number("a number")); }},
     {"bool", [](WordReader &words) -> ns::Object { return ns::Number::numberWithBool(ReadBool(words)); }},
     {"data", ReadData},
     {"date",
-     [](WordReader &words) {
-         return objc::SendClass<ns::Date, "dateWithTimeIntervalSince1970:", ns::Object>(words.Number("seconds"));
-     }},
+     [](WordReader &words) -> ns::Object { return ns::Date::dateWithTimeIntervalSince1970(words.Number("seconds")); }},
     {"array", ReadArray},
     {"dict", ReadDictionary},
-    {"null", [](WordReader &) -> ns::Object { return objc::SendClass<ns::Null, "null", ns::Object>(); }},
+    {"null", [](WordReader &) -> ns::Object { return ns::Null::null(); }},
     {"nil", [](WordReader &) { return ns::Object{}; }},
 };
 
 Fact DescribeNumber(ns::Number number) {
-    const char type = *objc::Send<"objCType", const char *>(number);
+    const char type = *number.objCType();
     // Foundation's boolean numbers are characters; no other number of a store has that type.
     if (type == 'c' || type == 'C' || type == 'B') {
         return {Bare("bool"), Bare(number.intValue() != 0)};
@@ -110,16 +101,14 @@ Fact DescribeNumber(ns::Number number) {
     if (type == 'f' || type == 'd') {
         return {Bare("float"), Bare(number.doubleValue())};
     }
-    return {Bare("int"), Bare(objc::Send<"longValue", long>(number))};
+    return {Bare("int"), Bare(number.longValue())};
 }
 
 Fact DescribeData(ns::Data data) {
-    std::string bytes(data.length(), '\0');
-    data.getBytes(bytes.data(), bytes.size());
     std::string hex;
-    for (const char byte : bytes) {
+    for (const unsigned char byte : std::span(static_cast<const unsigned char *>(data.bytes()), data.length())) {
         constexpr char kDigits[] = "0123456789ABCDEF";
-        hex += kDigits[static_cast<unsigned char>(byte) >> 4];
+        hex += kDigits[byte >> 4];
         hex += kDigits[byte & 15];
     }
     return {Bare("data"), Bare(hex.empty() ? "empty" : hex)};
@@ -151,16 +140,11 @@ Fact DescribeDictionary(ns::Dictionary dictionary) {
 } // namespace
 
 ns::String MakeString(std::string_view text) {
-    const std::u16string units = ToUtf16(text).value_or(u"\uFFFD");
-    return ns::String::stringWithCharacters(units.data(), units.size());
+    return StringOf(ToUtf16(text).value_or(u"\uFFFD"));
 }
 
 std::string TextOf(ns::String string) {
-    std::u16string units(string.length(), u'\0');
-    if (!units.empty()) {
-        string.getCharacters(units.data(), {0, units.size()});
-    }
-    return ToUtf8(units);
+    return ToUtf8(UnitsOf(string));
 }
 
 std::string ClassName(ns::Object object) {
@@ -179,8 +163,7 @@ ns::Object ReadValue(WordReader &words) {
     if (words.SeesNumber()) {
         const double number = words.Number("a number");
         const bool whole = number == static_cast<double>(static_cast<long>(number));
-        return whole ? MakeNumber<"numberWithLong:">(static_cast<long>(number))
-                     : MakeNumber<"numberWithDouble:">(number);
+        return whole ? ns::Number::numberWithLong(static_cast<long>(number)) : ns::Number::numberWithDouble(number);
     }
     for (const Kind &kind : kKinds) {
         if (words.Take(kind.name)) {
@@ -194,25 +177,25 @@ Fact DescribeValue(ns::Object value) {
     if (!value) {
         return {Bare("nil")};
     }
-    if (IsKindOf<ns::String>(value)) {
+    if (value.Is<ns::String>()) {
         return {Text(TextOf(objc::As<ns::String>(value)))};
     }
-    if (IsKindOf<ns::Number>(value)) {
+    if (value.Is<ns::Number>()) {
         return DescribeNumber(objc::As<ns::Number>(value));
     }
-    if (IsKindOf<ns::Data>(value)) {
+    if (value.Is<ns::Data>()) {
         return DescribeData(objc::As<ns::Data>(value));
     }
-    if (IsKindOf<ns::Date>(value)) {
-        return {Bare("date"), Bare(objc::Send<"timeIntervalSince1970", double>(objc::As<ns::Date>(value)))};
+    if (value.Is<ns::Date>()) {
+        return {Bare("date"), Bare(objc::As<ns::Date>(value).timeIntervalSince1970())};
     }
-    if (IsKindOf<ns::Array>(value)) {
+    if (value.Is<ns::Array>()) {
         return DescribeArray(objc::As<ns::Array>(value));
     }
-    if (IsKindOf<ns::Dictionary>(value)) {
+    if (value.Is<ns::Dictionary>()) {
         return DescribeDictionary(objc::As<ns::Dictionary>(value));
     }
-    if (IsKindOf<ns::Null>(value)) {
+    if (value.Is<ns::Null>()) {
         return {Bare("null")};
     }
     return {Bare("<" + ClassName(value) + ">")};

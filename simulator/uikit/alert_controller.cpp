@@ -16,9 +16,6 @@ namespace {
 using ui::AlertAction;
 using ui::AlertController;
 
-/// UIModalTransitionStyleCrossDissolve.
-constexpr long kCrossDissolve = 2;
-
 /// Lets a view that shows the alert take in what changed.
 void Changed(AlertController self) {
     if (const auto view = objc::Send<"viewIfLoaded", ui::View>(self)) {
@@ -27,22 +24,22 @@ void Changed(AlertController self) {
 }
 
 objc::Ref<AlertController> AlertWithTitle(AlertController, ns::String title, ns::String message,
-                                          ui::AlertControllerStyle style) {
-    if (style != ui::AlertControllerStyle::kAlert) {
+                                          UIAlertControllerStyle style) {
+    if (style != UIAlertControllerStyleAlert) {
         RaiseException("NSInvalidArgumentException", "this phone shows alerts, no action sheets");
     }
     const auto alert = ns::New<AlertController>();
     objc::Send<"setTitle:", void>(alert.get(), title);
     AlertStateOf(alert).message = CopyOf(message);
-    alert->setModalPresentationStyle(ui::ModalPresentationStyle::kOverFullScreen);
-    objc::Send<"setModalTransitionStyle:", void>(alert.get(), kCrossDissolve);
+    alert->setModalPresentationStyle(UIModalPresentationOverFullScreen);
+    objc::Send<"setModalTransitionStyle:", void>(alert.get(), UIModalTransitionStyleCrossDissolve);
     return alert;
 }
 
 void AddAction(AlertController self, AlertAction action) {
     std::vector<objc::Ref<AlertAction>> &actions = AlertStateOf(self).actions;
     const auto cancels = [](const objc::Ref<AlertAction> &one) {
-        return AlertActionStateOf(one).style == ui::AlertActionStyle::kCancel;
+        return AlertActionStateOf(one).style == UIAlertActionStyleCancel;
     };
     if (!action) {
         RaiseException("NSInvalidArgumentException", "an alert's action must not be nil");
@@ -57,7 +54,7 @@ void AddAction(AlertController self, AlertAction action) {
 void DefineAction() {
     auto action = Class<AlertActionState>("UIAlertAction", "NSObject");
     action.ClassMethod<"actionWithTitle:style:handler:">(
-        [](AlertAction, ns::String title, ui::AlertActionStyle style, objc::Block<void(AlertAction)> handler) {
+        [](AlertAction, ns::String title, UIAlertActionStyle style, objc::Block<void(AlertAction)> handler) {
             const auto made = ns::New<AlertAction>();
             AlertActionState &state = AlertActionStateOf(made);
             state.title = CopyOf(title);
@@ -94,7 +91,7 @@ void DefineAlertController() {
     alert.Method<"actions">([](const AlertState &state) { return MakeArray(state.actions); });
     alert.Method<"addAction:", &AddAction>();
     alert.Property<"preferredAction", &AlertState::preferred, &Changed>();
-    alert.Method<"preferredStyle">([](AlertController) { return ui::AlertControllerStyle::kAlert; });
+    alert.Method<"preferredStyle">([](AlertController) { return UIAlertControllerStyleAlert; });
     alert.Method<"loadView">([](AlertController self) {
         const objc::Ref<ui::View> view = MakeAlertView();
         FillAlertView(view, self);

@@ -11,7 +11,7 @@ namespace sim {
 
 struct AlertActionState {
     objc::Ref<ns::String> title;
-    ui::AlertActionStyle style = ui::AlertActionStyle::kDefault;
+    UIAlertActionStyle style = UIAlertActionStyleDefault;
     std::function<void(ui::AlertAction)> handler; // may be empty
     bool enabled = true;
     ui::View view; // of the alert that shows it; not owned

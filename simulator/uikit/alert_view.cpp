@@ -16,7 +16,6 @@ namespace sim {
 namespace {
 
 using ui::AlertAction;
-using ui::AlertActionStyle;
 
 constexpr double kCardWidth = 270;
 constexpr double kCardRadius = 14;
@@ -63,7 +62,7 @@ struct ActionViewState {
 objc::Ref<ui::Label> MakeText(ui::Font font) {
     auto label = ns::New<ui::Label>();
     label->setFont(font);
-    label->setTextAlignment(ui::TextAlignment::kCenter);
+    label->setTextAlignment(NSTextAlignmentCenter);
     label->setNumberOfLines(0);
     return label;
 }
@@ -91,28 +90,28 @@ ui::Color CardColor() {
 
 bool IsBold(ui::AlertController alert, AlertAction action) {
     const AlertAction preferred = AlertStateOf(alert).preferred;
-    return preferred ? action == preferred : AlertActionStateOf(action).style == AlertActionStyle::kCancel;
+    return preferred ? action == preferred : AlertActionStateOf(action).style == UIAlertActionStyleCancel;
 }
 
 void AddButton(ui::View view, ui::AlertController alert, AlertAction action) {
     auto &state = StateOf<AlertViewState>(view);
-    const auto button = objc::SendClass<ActionView, "buttonWithType:", ActionView>(ui::ButtonType::kSystem);
+    const auto button = objc::SendClass<ActionView, "buttonWithType:", ActionView>(UIButtonTypeSystem);
     StateOf<ActionViewState>(button) = {action, view};
     AlertActionStateOf(action).view = view;
-    button.setTitle(AlertActionStateOf(action).title, ui::kStateNormal);
+    button.setTitle(AlertActionStateOf(action).title, UIControlStateNormal);
     button.titleLabel().setFont(IsBold(alert, action) ? ui::Font::boldSystemFontOfSize(kButtonSize)
                                                       : ui::Font::systemFontOfSize(kButtonSize));
-    button.addTarget(button, objc::Selector<"_pressed:">(), ui::kTouchUpInside);
+    button.addTarget(button, objc::Selector<"_pressed:">(), UIControlEventTouchUpInside);
     state.card->addSubview(button);
     state.buttons.emplace_back(button);
 }
 
 void ShowState(ActionView button) {
     const AlertActionState &action = AlertActionStateOf(StateOf<ActionViewState>(button).action);
-    const ui::Color color = !action.enabled                                  ? ui::Color::systemGrayColor()
-                            : action.style == AlertActionStyle::kDestructive ? ui::Color::systemRedColor()
-                                                                             : ui::Color::systemBlueColor();
-    button.setTitleColor(color, ui::kStateNormal);
+    const ui::Color color = !action.enabled                                 ? ui::Color::systemGrayColor()
+                            : action.style == UIAlertActionStyleDestructive ? ui::Color::systemRedColor()
+                                                                            : ui::Color::systemBlueColor();
+    button.setTitleColor(color, UIControlStateNormal);
     objc::Send<"setEnabled:", void>(ui::Control{button}, action.enabled);
 }
 
@@ -144,7 +143,7 @@ bool FitInOneRow(const AlertViewState &state) {
 std::vector<ActionView> InOrder(const AlertViewState &state, bool row) {
     std::vector<ActionView> order(state.buttons.begin(), state.buttons.end());
     const auto cancelling = std::ranges::find_if(order, [](ActionView button) {
-        return AlertActionStateOf(StateOf<ActionViewState>(button).action).style == AlertActionStyle::kCancel;
+        return AlertActionStateOf(StateOf<ActionViewState>(button).action).style == UIAlertActionStyleCancel;
     });
     if (cancelling != order.end()) {
         const ActionView button = *cancelling;

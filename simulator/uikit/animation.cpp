@@ -140,7 +140,7 @@ void ForgetFinished(ViewState &state) {
 
 } // namespace
 
-AnimationCurve AnimationCurve::Plain(unsigned long curve) {
+AnimationCurve AnimationCurve::Plain(UIViewAnimationCurve curve) {
     AnimationCurve plain;
     plain.kind_ = curve;
     return plain;
@@ -178,11 +178,11 @@ double AnimationCurve::At(double fraction) const {
     constexpr double kEaseStart = 0.42;
     constexpr double kEaseEnd = 0.58;
     switch (kind_) {
-    case 0:
+    case UIViewAnimationCurveEaseInOut:
         return Ease(kEaseStart, kEaseEnd, fraction);
-    case 1:
+    case UIViewAnimationCurveEaseIn:
         return Ease(kEaseStart, 1, fraction);
-    case 2:
+    case UIViewAnimationCurveEaseOut:
         return Ease(0, kEaseEnd, fraction);
     default:
         return fraction;
@@ -191,10 +191,10 @@ double AnimationCurve::At(double fraction) const {
 
 void Animate(AnimationTiming timing, const std::function<void()> &changes, std::function<void(bool)> completion) {
     const std::shared_ptr<AnimationGroup> outer = OpenBlocks().empty() ? nullptr : OpenBlocks().back();
-    if (outer != nullptr && (timing.options & kAnimationOverrideInheritedDuration) == 0) {
+    if (outer != nullptr && (timing.options & UIViewAnimationOptionOverrideInheritedDuration) == 0) {
         timing.duration = outer->timing.duration;
     }
-    if (outer != nullptr && (timing.options & kAnimationOverrideInheritedCurve) == 0) {
+    if (outer != nullptr && (timing.options & UIViewAnimationOptionOverrideInheritedCurve) == 0) {
         timing.curve = outer->timing.curve;
     }
     const auto group = std::make_shared<AnimationGroup>();
@@ -235,7 +235,8 @@ void EndAnimations(ui::View view) {
 bool AnimationSuspendsInteraction(ui::View view) {
     const std::vector<ViewAnimation> &animations = ViewStateOf(view).animations;
     return std::ranges::any_of(animations, [](const ViewAnimation &animation) {
-        return !animation.group->done && (animation.group->timing.options & kAnimationAllowUserInteraction) == 0;
+        return !animation.group->done &&
+               (animation.group->timing.options & UIViewAnimationOptionAllowUserInteraction) == 0;
     });
 }
 

@@ -10,17 +10,10 @@
 
 namespace sim {
 
-/// UIViewAnimationOptions that this subset honours.
-inline constexpr unsigned long kAnimationAllowUserInteraction = 1 << 1;
-inline constexpr unsigned long kAnimationOverrideInheritedDuration = 1 << 5;
-inline constexpr unsigned long kAnimationOverrideInheritedCurve = 1 << 6;
-inline constexpr unsigned long kAnimationCurveMask = 15 << 16;
-
 /// How far an animation has come (0 at its start, 1 at its end) at a fraction of its duration.
 class AnimationCurve {
   public:
-    /// One of UIViewAnimationCurve: 0 ease in and out, 1 ease in, 2 ease out, 3 linear.
-    static AnimationCurve Plain(unsigned long curve);
+    static AnimationCurve Plain(UIViewAnimationCurve curve);
     /// A spring that has settled to a thousandth when the duration (seconds) is over. Damping 1 does not overshoot;
     /// the velocity is in whole distances a second.
     static AnimationCurve Spring(double damping, double velocity, double duration);
@@ -28,7 +21,7 @@ class AnimationCurve {
     double At(double fraction) const;
 
   private:
-    unsigned long kind_ = 0;
+    UIViewAnimationCurve kind_ = UIViewAnimationCurveEaseInOut;
     bool isSpring_ = false;
     double damping_ = 1;
     double velocity_ = 0;
@@ -40,8 +33,8 @@ class AnimationCurve {
 struct AnimationTiming {
     double duration = 0;
     double delay = 0;
-    unsigned long options = 0;
-    AnimationCurve curve = AnimationCurve::Plain(0);
+    UIViewAnimationOptions options = 0;
+    AnimationCurve curve = AnimationCurve::Plain(UIViewAnimationCurveEaseInOut);
 };
 
 struct AnimationGroup;

@@ -1,5 +1,6 @@
 #include "uikit/application.hpp"
 
+#include "runtime/lasting.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/array.hpp"
 #include "uikit/classes.hpp"
@@ -7,8 +8,14 @@
 #include "uikit/scene_state.hpp"
 #include "uikit/touch_delivery.hpp"
 
+#include <algorithm>
+
 namespace sim {
 namespace {
+
+struct Shared {
+    objc::Ref<ui::Application> application = ns::New<ui::Application>();
+};
 
 struct OrderedSetState {
     objc::Ref<ns::Array> objects;
@@ -38,12 +45,12 @@ void DefineSceneSet() {
     set.Method<"anyObject">([](const OrderedSetState &state) { return state.objects->firstObject(); });
 }
 
-/// UIApplicationState: 0 active, 1 inactive, 2 background; the most active one that any scene has.
+/// The most active state that any scene has. UIApplicationState numbers the states of a connected scene alike.
 long ApplicationState(ui::Application) {
-    long best = 2;
+    UISceneActivationState best = UISceneActivationStateBackground;
     for (const ui::WindowScene scene : ConnectedScenes()) {
-        const long state = SceneStateOf(scene).activationState;
-        best = state >= 0 && state < best ? state : best;
+        const UISceneActivationState state = SceneStateOf(scene).activationState;
+        best = state != UISceneActivationStateUnattached ? std::min(best, state) : best;
     }
     return best;
 }
@@ -72,10 +79,8 @@ bool SendActionTo(ui::Application, objc::SEL action, ns::Object target, ns::Obje
 void DefineApplication() {
     DefineSceneSet();
     auto application = Class("UIApplication", "UIResponder");
-    application.ClassMethod<"sharedApplication">([](ui::Application) -> ui::Application {
-        static const auto &shared = *new objc::Ref<ui::Application>(ns::New<ui::Application>());
-        return shared;
-    });
+    application.ClassMethod<"sharedApplication">(
+        [](ui::Application) -> ui::Application { return Lasting<Shared>().application; });
     application.Method<"connectedScenes">([](ui::Application) {
         const auto set = ns::New<SceneSet>();
         StateOf<OrderedSetState>(set).objects = MakeArray(ConnectedScenes());

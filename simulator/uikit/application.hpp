@@ -16,12 +16,11 @@ cg::Size ScreenSize();
 /// Pixels a point; 3 unless set.
 double ScreenScale();
 
-/// Connects a new window scene to the application, which keeps it. The state is a UISceneActivationState: -1
-/// unattached, 0 foreground active, 1 foreground inactive, 2 background.
-ui::WindowScene MakeWindowScene(long activationState);
+/// Connects a new window scene to the application, which keeps it.
+ui::WindowScene MakeWindowScene(UISceneActivationState activationState);
 
 /// Sets a scene's activation state.
-void SetActivationState(ui::Scene scene, long activationState);
+void SetActivationState(ui::Scene scene, UISceneActivationState activationState);
 
 /// Takes a scene from the application; its windows stay, belonging to no scene.
 void DisconnectScene(ui::Scene scene);

@@ -9,34 +9,28 @@ namespace sim {
 namespace {
 
 using ui::BarButtonItem;
-using ui::BarButtonItemStyle;
-
-/// UIBarButtonSystemItem: those that show words, and the two spaces.
-constexpr long kDone = 0;
-constexpr long kCancel = 1;
-constexpr long kEdit = 2;
-constexpr long kSave = 3;
-constexpr long kFlexibleSpace = 5;
-constexpr long kFixedSpace = 6;
 
 void Changed(BarButtonItem self) {
     SetNeedsLayout(BarItemStateOf(self).bar);
 }
 
 BarButtonItem InitWithSystemItem(BarButtonItem self, long kind, ns::Object target, objc::SEL action) {
-    const bool known = (kind >= kDone && kind <= kSave) || kind == kFlexibleSpace || kind == kFixedSpace;
+    const bool hasTitle = kind >= UIBarButtonSystemItemDone && kind <= UIBarButtonSystemItemSave;
+    const bool known =
+        hasTitle || kind == UIBarButtonSystemItemFlexibleSpace || kind == UIBarButtonSystemItemFixedSpace;
     if (!known) {
         RaiseException("NSInvalidArgumentException", "this phone has no system bar item " + std::to_string(kind));
     }
     const auto item = objc::Send<"init", BarButtonItem>(self);
     BarButtonItemState &state = BarButtonItemStateOf(item);
     state.systemItem = kind;
-    state.style = kind == kDone || kind == kSave ? BarButtonItemStyle::kDone : BarButtonItemStyle{};
+    state.style = kind == UIBarButtonSystemItemDone || kind == UIBarButtonSystemItemSave ? UIBarButtonItemStyleDone
+                                                                                         : UIBarButtonItemStylePlain;
     state.action = {WeakObject(target), action};
     return item;
 }
 
-BarButtonItem InitWithTitle(BarButtonItem self, ns::String title, BarButtonItemStyle style, ns::Object target,
+BarButtonItem InitWithTitle(BarButtonItem self, ns::String title, UIBarButtonItemStyle style, ns::Object target,
                             objc::SEL action) {
     const auto item = objc::Send<"init", BarButtonItem>(self);
     BarItemStateOf(item).title = CopyOf(title);
@@ -76,13 +70,13 @@ BarButtonItemState &BarButtonItemStateOf(BarButtonItem item) {
 
 ns::String TitleOf(BarButtonItem item) {
     switch (BarButtonItemStateOf(item).systemItem) {
-    case kDone:
+    case UIBarButtonSystemItemDone:
         return u"完成"_ns;
-    case kCancel:
+    case UIBarButtonSystemItemCancel:
         return u"取消"_ns;
-    case kEdit:
+    case UIBarButtonSystemItemEdit:
         return u"编辑"_ns;
-    case kSave:
+    case UIBarButtonSystemItemSave:
         return u"存储"_ns;
     default:
         return BarItemStateOf(item).title;
@@ -90,11 +84,11 @@ ns::String TitleOf(BarButtonItem item) {
 }
 
 bool IsFlexibleSpace(BarButtonItem item) {
-    return BarButtonItemStateOf(item).systemItem == kFlexibleSpace;
+    return BarButtonItemStateOf(item).systemItem == UIBarButtonSystemItemFlexibleSpace;
 }
 
 bool IsFixedSpace(BarButtonItem item) {
-    return BarButtonItemStateOf(item).systemItem == kFixedSpace;
+    return BarButtonItemStateOf(item).systemItem == UIBarButtonSystemItemFixedSpace;
 }
 
 void SendBarAction(BarButtonItem item, ui::Event event) {

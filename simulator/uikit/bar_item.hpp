@@ -16,7 +16,7 @@ struct BarItemState {
 
 struct BarButtonItemState {
     TargetAction action;
-    ui::BarButtonItemStyle style{};
+    UIBarButtonItemStyle style = UIBarButtonItemStylePlain;
     long systemItem = -1; // UIBarButtonSystemItem; -1 for an item with a title
     double width = 0;     // of a fixed space, points
 };

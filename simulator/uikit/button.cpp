@@ -13,31 +13,27 @@ namespace {
 
 using ui::Button;
 
-/// UIButtonType.
-constexpr long kCustomType = 0;
-/// NSLineBreakByTruncatingMiddle.
-constexpr auto kTruncateMiddle = static_cast<ui::LineBreakMode>(5);
 constexpr double kCustomFontSize = 18;
 constexpr double kSystemFontSize = 15;
 
 struct ButtonState {
-    long type = kCustomType;
-    std::map<unsigned long, objc::Ref<ns::String>> titles;
-    std::map<unsigned long, objc::Ref<ui::Color>> titleColors;
+    UIButtonType type = UIButtonTypeCustom;
+    std::map<UIControlState, objc::Ref<ns::String>> titles;
+    std::map<UIControlState, objc::Ref<ui::Color>> titleColors;
     objc::Ref<ui::Label> label; // made when first needed
     ui::EdgeInsets titleInsets;
     ui::EdgeInsets contentInsets;
 };
 
-ui::Color ColorFor(const ButtonState &button, unsigned long state) {
+ui::Color ColorFor(const ButtonState &button, UIControlState state) {
     if (const ui::Color color = ForState(button.titleColors, state)) {
         return color;
     }
-    return button.type == kCustomType ? ui::Color::whiteColor() : ui::Color::systemBlueColor();
+    return button.type == UIButtonTypeCustom ? ui::Color::whiteColor() : ui::Color::systemBlueColor();
 }
 
-unsigned long PresentState(Button self) {
-    return objc::Send<"state", unsigned long>(self);
+UIControlState PresentState(Button self) {
+    return objc::Send<"state", UIControlState>(self);
 }
 
 /// Brings the label in line with the present state.
@@ -52,9 +48,9 @@ ui::Label TitleLabel(Button self) {
     auto &button = StateOf<ButtonState>(self);
     if (!button.label) {
         button.label = ns::New<ui::Label>();
-        const double size = button.type == kCustomType ? kCustomFontSize : kSystemFontSize;
+        const double size = button.type == UIButtonTypeCustom ? kCustomFontSize : kSystemFontSize;
         button.label->setFont(ui::Font::systemFontOfSize(size));
-        button.label->setLineBreakMode(kTruncateMiddle);
+        button.label->setLineBreakMode(NSLineBreakByTruncatingMiddle);
         self.addSubview(button.label);
         UpdateLabel(self);
     }
@@ -64,8 +60,8 @@ ui::Label TitleLabel(Button self) {
 void DefineTitle(Class<ButtonState> &button) {
     button.Method<"titleLabel", &TitleLabel>();
     button.Method<"titleForState:">(
-        [](const ButtonState &self, unsigned long state) { return ForState(self.titles, state); });
-    button.Method<"setTitle:forState:">([](Button self, ns::String title, unsigned long state) {
+        [](const ButtonState &self, UIControlState state) { return ForState(self.titles, state); });
+    button.Method<"setTitle:forState:">([](Button self, ns::String title, UIControlState state) {
         if (title) {
             StateOf<ButtonState>(self).titles[state] = CopyOf(title);
             self.titleLabel();
@@ -77,7 +73,7 @@ void DefineTitle(Class<ButtonState> &button) {
     button.Method<"currentTitle">(
         [](Button self) { return ForState(StateOf<ButtonState>(self).titles, PresentState(self)); });
     button.Method<"titleColorForState:", &ColorFor>();
-    button.Method<"setTitleColor:forState:">([](Button self, ui::Color color, unsigned long state) {
+    button.Method<"setTitleColor:forState:">([](Button self, ui::Color color, UIControlState state) {
         if (color) {
             StateOf<ButtonState>(self).titleColors[state] = color;
         } else {
@@ -135,17 +131,28 @@ Placement Place(double room, double length, Alignment alignment) {
     }
 }
 
-/// UIControlContentHorizontalAlignment: 0 centre, 1 left, 2 right, 3 fill, 4 leading, 5 trailing; the vertical one ends
-/// with 3 and means top and bottom.
-Alignment AlignmentOf(long contentAlignment) {
-    switch (contentAlignment) {
-    case 1:
-    case 4:
+Alignment AlignmentOf(UIControlContentHorizontalAlignment alignment) {
+    switch (alignment) {
+    case UIControlContentHorizontalAlignmentLeft:
+    case UIControlContentHorizontalAlignmentLeading:
         return Alignment::kStart;
-    case 2:
-    case 5:
+    case UIControlContentHorizontalAlignmentRight:
+    case UIControlContentHorizontalAlignmentTrailing:
         return Alignment::kEnd;
-    case 3:
+    case UIControlContentHorizontalAlignmentFill:
+        return Alignment::kFill;
+    default:
+        return Alignment::kCenter;
+    }
+}
+
+Alignment AlignmentOf(UIControlContentVerticalAlignment alignment) {
+    switch (alignment) {
+    case UIControlContentVerticalAlignmentTop:
+        return Alignment::kStart;
+    case UIControlContentVerticalAlignmentBottom:
+        return Alignment::kEnd;
+    case UIControlContentVerticalAlignmentFill:
         return Alignment::kFill;
     default:
         return Alignment::kCenter;
@@ -185,7 +192,8 @@ void DefineLayout(Class<ButtonState> &button) {
 
 void DefineButton() {
     auto button = Class<ButtonState>("UIButton", "UIControl");
-    button.ClassMethod<"buttonWithType:">([](Button self, long type) {
+    button.ClassMethod<"buttonWithType:">([](Button self, UIButtonType type) {
+        // By the receiver, for a subclass makes its own kind.
         const auto made =
             objc::Ref<Button>::Adopt(objc::As<Button>(objc::Send<"alloc", Button>(self).initWithFrame({})));
         StateOf<ButtonState>(made).type = type;

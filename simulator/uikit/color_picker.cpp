@@ -53,12 +53,12 @@ void LoadView(ColorPickerViewController self) {
     const auto title = ui::MakeView<ui::Label>({{0, 0}, {screen.width, kBarHeight}});
     title->setText(u"颜色"_ns);
     title->setFont(ui::Font::boldSystemFontOfSize(17));
-    title->setTextAlignment(ui::TextAlignment::kCenter);
+    title->setTextAlignment(NSTextAlignmentCenter);
     view->addSubview(title);
-    const auto done = ui::Button::buttonWithType(ui::ButtonType::kSystem);
+    const auto done = ui::Button::buttonWithType(UIButtonTypeSystem);
     done.setFrame({{screen.width - kMargin - kButtonWidth, 0}, {kButtonWidth, kBarHeight}});
-    done.setTitle(u"完成"_ns, ui::kStateNormal);
-    done.addTarget(self, objc::Selector<"_finish">(), ui::kTouchUpInside);
+    done.setTitle(u"完成"_ns, UIControlStateNormal);
+    done.addTarget(self, objc::Selector<"_finish">(), UIControlEventTouchUpInside);
     view->addSubview(done);
     const double width = screen.width - 2 * kMargin;
     const auto swatches = ui::MakeView<Swatches>({{kMargin, kBarHeight}, {width, width + kSampleSize}});

@@ -27,7 +27,7 @@ void SetHighlightedIfChanged(Control control, bool highlighted) {
     }
 }
 
-void AddTarget(ControlState &state, ns::Object target, objc::SEL action, unsigned long events) {
+void AddTarget(ControlState &state, ns::Object target, objc::SEL action, UIControlEvents events) {
     if (action == nullptr) {
         return;
     }
@@ -40,7 +40,7 @@ void AddTarget(ControlState &state, ns::Object target, objc::SEL action, unsigne
     state.targets.push_back({{WeakObject(target), action}, events});
 }
 
-void RemoveTarget(ControlState &state, ns::Object target, objc::SEL action, unsigned long events) {
+void RemoveTarget(ControlState &state, ns::Object target, objc::SEL action, UIControlEvents events) {
     for (ControlTarget &entry : state.targets) {
         if (entry.action.Fits(target, action)) {
             entry.events &= ~events;
@@ -53,7 +53,7 @@ void DefineTargets(Class<ControlState> &control) {
     control.Method<"addTarget:action:forControlEvents:", &AddTarget>();
     control.Method<"removeTarget:action:forControlEvents:", &RemoveTarget>();
     control.Method<"allControlEvents">([](const ControlState &state) {
-        unsigned long events = 0;
+        UIControlEvents events = 0;
         for (const ControlTarget &entry : state.targets) {
             events |= entry.events;
         }
@@ -63,7 +63,7 @@ void DefineTargets(Class<ControlState> &control) {
         SendAction(action, target, self, event);
     });
     control.Method<"sendActionsForControlEvents:">(
-        [](Control self, unsigned long events) { SendControlEvents(self, events, nullptr); });
+        [](Control self, UIControlEvents events) { SendControlEvents(self, events, nullptr); });
 }
 
 void DefineStates(Class<ControlState> &control) {
@@ -71,8 +71,8 @@ void DefineStates(Class<ControlState> &control) {
     control.Property<"isHighlighted", &ControlState::highlighted>();
     control.Property<"isSelected", &ControlState::selected>();
     control.Method<"state">([](const ControlState &state) {
-        return (state.highlighted ? kStateHighlighted : 0) | (state.enabled ? 0 : kStateDisabled) |
-               (state.selected ? kStateSelected : 0);
+        return (state.highlighted ? UIControlStateHighlighted : 0) | (state.enabled ? 0 : UIControlStateDisabled) |
+               (state.selected ? UIControlStateSelected : 0);
     });
     control.ReadOnly<"isTracking", &ControlState::tracking>();
     control.ReadOnly<"isTouchInside", &ControlState::touchInside>();
@@ -102,7 +102,7 @@ void TouchesBegan(Control self, ns::Set, ui::Event event) {
     state.touchInside = true;
     SetHighlightedIfChanged(self, true);
     const bool repeated = TouchStateOf(touch).tapCount > 1;
-    SendControlEvents(self, kTouchDown | (repeated ? kTouchDownRepeat : 0), event);
+    SendControlEvents(self, UIControlEventTouchDown | (repeated ? UIControlEventTouchDownRepeat : 0), event);
 }
 
 void TouchesMoved(Control self, ns::Set, ui::Event event) {
@@ -119,9 +119,9 @@ void TouchesMoved(Control self, ns::Set, ui::Event event) {
         StopTracking(self);
         return;
     }
-    unsigned long events = is ? kTouchDragInside : kTouchDragOutside;
+    UIControlEvents events = is ? UIControlEventTouchDragInside : UIControlEventTouchDragOutside;
     if (was != is) {
-        events |= is ? kTouchDragEnter : kTouchDragExit;
+        events |= is ? UIControlEventTouchDragEnter : UIControlEventTouchDragExit;
     }
     SendControlEvents(self, events, event);
 }
@@ -136,7 +136,7 @@ void TouchesEnded(Control self, ns::Set, ui::Event event) {
     state.touchInside = inside;
     objc::Send<"endTrackingWithTouch:withEvent:", void>(self, touch, event);
     StopTracking(self);
-    SendControlEvents(self, inside ? ui::kTouchUpInside : kTouchUpOutside, event);
+    SendControlEvents(self, inside ? UIControlEventTouchUpInside : UIControlEventTouchUpOutside, event);
 }
 
 void TouchesCancelled(Control self, ns::Set, ui::Event event) {
@@ -145,7 +145,7 @@ void TouchesCancelled(Control self, ns::Set, ui::Event event) {
     }
     objc::Send<"cancelTrackingWithEvent:", void>(self, event);
     StopTracking(self);
-    SendControlEvents(self, kTouchCancel, event);
+    SendControlEvents(self, UIControlEventTouchCancel, event);
 }
 
 void DefineTracking(Class<ControlState> &control) {
@@ -172,7 +172,7 @@ ControlState &ControlStateOf(Control control) {
     return StateOf<ControlState>(control);
 }
 
-void SendControlEvents(Control control, unsigned long events, ui::Event event) {
+void SendControlEvents(Control control, UIControlEvents events, ui::Event event) {
     const objc::Ref<Control> keep = control;
     const std::vector<ControlTarget> targets = ControlStateOf(control).targets;
     for (const ControlTarget &entry : targets) {

@@ -7,15 +7,11 @@
 namespace sim {
 namespace {
 
-/// UIBlurEffectStyle.
-enum class Style : long { kExtraLight = 0, kLight = 1, kDark = 2, kExtraDark = 3, kRegular = 4, kProminent = 5 };
-// The materials: ultra-thin, thin, regular, thick, chrome from 6 on, then all five again for light, and for dark.
-constexpr long kFirstMaterial = 6;
-constexpr long kMaterials = 5;
-constexpr long kLastStyle = kFirstMaterial + 3 * kMaterials - 1;
+// Of each kind: for either appearance, light, dark.
+constexpr long kMaterials = UIBlurEffectStyleSystemChromeMaterial - UIBlurEffectStyleSystemUltraThinMaterial + 1;
 
 struct EffectState {
-    Style style = Style::kRegular;
+    UIBlurEffectStyle style = UIBlurEffectStyleRegular;
 };
 
 struct EffectViewState {
@@ -36,31 +32,32 @@ BlurLook MaterialLook(long thickness, bool dark) {
     return dark ? Tinted(0.145, kDarkAlpha[thickness]) : Tinted(0.965, kLightAlpha[thickness]);
 }
 
-BlurLook LookOf(Style style) {
+BlurLook LookOf(UIBlurEffectStyle style) {
     switch (style) {
-    case Style::kExtraLight:
+    case UIBlurEffectStyleExtraLight:
         return Tinted(0.97, 0.82);
-    case Style::kLight:
+    case UIBlurEffectStyleLight:
         return Tinted(1, 0.3);
-    case Style::kDark:
+    case UIBlurEffectStyleDark:
         return Tinted(0.145, 0.7);
-    case Style::kExtraDark:
+    case UIBlurEffectStyleExtraDark:
         return Tinted(0.06, 0.8);
-    case Style::kRegular:
-        return LookOf(IsDarkAppearance() ? Style::kDark : Style::kLight);
-    case Style::kProminent:
-        return LookOf(IsDarkAppearance() ? Style::kDark : Style::kExtraLight);
+    case UIBlurEffectStyleRegular:
+        return LookOf(IsDarkAppearance() ? UIBlurEffectStyleDark : UIBlurEffectStyleLight);
+    case UIBlurEffectStyleProminent:
+        return LookOf(IsDarkAppearance() ? UIBlurEffectStyleDark : UIBlurEffectStyleExtraLight);
     default:
         break;
     }
-    const long material = static_cast<long>(style) - kFirstMaterial;
-    const bool dark = material < kMaterials ? IsDarkAppearance() : material >= 2 * kMaterials;
+    const long material = style - UIBlurEffectStyleSystemUltraThinMaterial;
+    const bool dark = style < UIBlurEffectStyleSystemUltraThinMaterialLight
+                          ? IsDarkAppearance()
+                          : style >= UIBlurEffectStyleSystemUltraThinMaterialDark;
     return MaterialLook(material % kMaterials, dark);
 }
 
-objc::Ref<ui::BlurEffect> EffectWithStyle(ui::BlurEffect, Style style) {
-    const auto number = static_cast<long>(style);
-    if (number < 0 || number > kLastStyle) {
+objc::Ref<ui::BlurEffect> EffectWithStyle(ui::BlurEffect, UIBlurEffectStyle style) {
+    if (style < UIBlurEffectStyleExtraLight || style > UIBlurEffectStyleSystemChromeMaterialDark) {
         RaiseException("NSInvalidArgumentException", "unknown blur style");
     }
     const auto effect = ns::New<ui::BlurEffect>();

@@ -9,11 +9,8 @@
 
 namespace sim {
 
-/// UITouchPhase.
-enum class TouchPhase : long { kBegan = 0, kMoved = 1, kStationary = 2, kEnded = 3, kCancelled = 4 };
-
 struct TouchState {
-    TouchPhase phase = TouchPhase::kBegan;
+    UITouchPhase phase = UITouchPhaseBegan;
     cg::Point location; // screen coordinates, here and below
     cg::Point previousLocation;
     double timestamp = 0; // seconds on the clock
@@ -27,7 +24,7 @@ struct TouchState {
 
 /// Whether the touch is over.
 inline bool IsLifted(const TouchState &touch) {
-    return touch.phase == TouchPhase::kEnded || touch.phase == TouchPhase::kCancelled;
+    return touch.phase == UITouchPhaseEnded || touch.phase == UITouchPhaseCancelled;
 }
 
 struct EventState {

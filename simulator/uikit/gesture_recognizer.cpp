@@ -11,7 +11,6 @@ namespace sim {
 namespace {
 
 using ui::GestureRecognizer;
-using ui::GestureState;
 
 /// Asks the delegate; `otherwise` is the answer when it does not implement the question.
 template <objc::FixedString Name, class... A>
@@ -67,10 +66,10 @@ bool MayBegin(GestureRecognizer recognizer) {
     });
 }
 
-void Recognize(GestureRecognizer recognizer, GestureState next) {
+void Recognize(GestureRecognizer recognizer, UIGestureRecognizerState next) {
     RecognizerState &state = RecognizerStateOf(recognizer);
     if (!MayBegin(recognizer)) {
-        state.state = GestureState::kFailed;
+        state.state = UIGestureRecognizerStateFailed;
         return;
     }
     state.state = next;
@@ -78,8 +77,8 @@ void Recognize(GestureRecognizer recognizer, GestureState next) {
     state.actionDue = true;
     for (const objc::Ref<GestureRecognizer> &other : Competitors(recognizer)) {
         RecognizerState &rival = RecognizerStateOf(other);
-        if (rival.state == GestureState::kPossible && Excludes(recognizer, other)) {
-            rival.state = GestureState::kFailed;
+        if (rival.state == UIGestureRecognizerStatePossible && Excludes(recognizer, other)) {
+            rival.state = UIGestureRecognizerStateFailed;
         }
     }
 }
@@ -140,7 +139,7 @@ void DefineGestureRecognizer() {
         std::erase_if(state.targets, [&](const TargetAction &entry) { return entry.Fits(target, action); });
     });
     recognizer.ReadOnly<"state", &RecognizerState::state>();
-    recognizer.Method<"setState:">([](GestureRecognizer self, GestureState state) {
+    recognizer.Method<"setState:">([](GestureRecognizer self, UIGestureRecognizerState state) {
         SetGestureState(self, state);
         ScheduleSettling();
     });
@@ -160,24 +159,26 @@ RecognizerState &RecognizerStateOf(GestureRecognizer recognizer) {
     return StateOf<RecognizerState>(recognizer);
 }
 
-bool IsOver(GestureState state) {
-    return state == GestureState::kEnded || state == GestureState::kCancelled || state == GestureState::kFailed;
+bool IsOver(UIGestureRecognizerState state) {
+    return state == UIGestureRecognizerStateEnded || state == UIGestureRecognizerStateCancelled ||
+           state == UIGestureRecognizerStateFailed;
 }
 
-bool IsUnderWay(GestureState state) {
-    return state == GestureState::kBegan || state == GestureState::kChanged;
+bool IsUnderWay(UIGestureRecognizerState state) {
+    return state == UIGestureRecognizerStateBegan || state == UIGestureRecognizerStateChanged;
 }
 
-void SetGestureState(GestureRecognizer recognizer, GestureState next) {
+void SetGestureState(GestureRecognizer recognizer, UIGestureRecognizerState next) {
     RecognizerState &state = RecognizerStateOf(recognizer);
-    if (state.state == GestureState::kPossible) {
-        if (IsUnderWay(next) || next == GestureState::kEnded) {
+    if (state.state == UIGestureRecognizerStatePossible) {
+        if (IsUnderWay(next) || next == UIGestureRecognizerStateEnded) {
             Recognize(recognizer, next);
         } else if (IsOver(next)) {
-            state.state = GestureState::kFailed;
+            state.state = UIGestureRecognizerStateFailed;
         }
-    } else if (IsUnderWay(state.state) && next != GestureState::kPossible && next != GestureState::kBegan) {
-        state.state = next == GestureState::kFailed ? GestureState::kCancelled : next;
+    } else if (IsUnderWay(state.state) && next != UIGestureRecognizerStatePossible &&
+               next != UIGestureRecognizerStateBegan) {
+        state.state = next == UIGestureRecognizerStateFailed ? UIGestureRecognizerStateCancelled : next;
         state.actionDue = true;
     }
     Engage(recognizer);
@@ -186,7 +187,7 @@ void SetGestureState(GestureRecognizer recognizer, GestureState next) {
 void CancelRecognizer(GestureRecognizer recognizer) {
     const RecognizerState &state = RecognizerStateOf(recognizer);
     if (IsUnderWay(state.state) || !state.touches.empty() || state.waiting) {
-        SetGestureState(recognizer, GestureState::kCancelled);
+        SetGestureState(recognizer, UIGestureRecognizerStateCancelled);
         ScheduleSettling();
     }
 }

@@ -9,7 +9,7 @@
 namespace sim {
 
 struct RecognizerState {
-    ui::GestureState state = ui::GestureState::kPossible;
+    UIGestureRecognizerState state = UIGestureRecognizerStatePossible;
     std::vector<TargetAction> targets;
     WeakObject delegate;
     ui::View view; // not owned
@@ -25,14 +25,14 @@ struct RecognizerState {
 RecognizerState &RecognizerStateOf(ui::GestureRecognizer recognizer);
 
 /// Whether the gesture is over: ended, cancelled or failed.
-bool IsOver(ui::GestureState state);
+bool IsOver(UIGestureRecognizerState state);
 
 /// Whether the gesture is under way: began or changed.
-bool IsUnderWay(ui::GestureState state);
+bool IsUnderWay(UIGestureRecognizerState state);
 
 /// Moves the recogniser to a state. To begin or end from possible it needs the consent of its delegate, the views and
 /// the other gestures, else it fails; once recognised it excludes the other recognisers of its touches.
-void SetGestureState(ui::GestureRecognizer recognizer, ui::GestureState next);
+void SetGestureState(ui::GestureRecognizer recognizer, UIGestureRecognizerState next);
 
 /// Ends a gesture that is under way or may become one.
 void CancelRecognizer(ui::GestureRecognizer recognizer);

@@ -8,7 +8,6 @@
 namespace sim {
 namespace {
 
-using ui::GestureState;
 using LongPress = ui::LongPressGestureRecognizer;
 
 struct LongPressState {
@@ -24,7 +23,7 @@ struct LongPressState {
 };
 
 bool IsPossible(LongPress self) {
-    return RecognizerStateOf(self).state == GestureState::kPossible;
+    return RecognizerStateOf(self).state == UIGestureRecognizerStatePossible;
 }
 
 void TouchesBegan(LongPress self, ns::Set, ui::Event) {
@@ -34,13 +33,13 @@ void TouchesBegan(LongPress self, ns::Set, ui::Event) {
         return;
     }
     if (fingers > state.touchesRequired) {
-        SetGestureState(self, GestureState::kFailed);
+        SetGestureState(self, UIGestureRecognizerStateFailed);
         return;
     }
     state.landing = RecognizerLocation(self);
     state.timer = clock::Schedule(state.minimumDuration, [self] {
         if (IsPossible(self)) {
-            SetGestureState(self, GestureState::kBegan);
+            SetGestureState(self, UIGestureRecognizerStateBegan);
             SettleRecognizers();
         }
     });
@@ -49,17 +48,17 @@ void TouchesBegan(LongPress self, ns::Set, ui::Event) {
 void TouchesMoved(LongPress self, ns::Set, ui::Event) {
     const auto &state = StateOf<LongPressState>(self);
     if (!IsPossible(self)) {
-        SetGestureState(self, GestureState::kChanged);
+        SetGestureState(self, UIGestureRecognizerStateChanged);
     } else if (Distance(state.landing, RecognizerLocation(self)) > state.allowableMovement) {
-        SetGestureState(self, GestureState::kFailed);
+        SetGestureState(self, UIGestureRecognizerStateFailed);
     }
 }
 
 void TouchesEnded(LongPress self, ns::Set, ui::Event) {
     if (IsPossible(self)) {
-        SetGestureState(self, GestureState::kFailed);
+        SetGestureState(self, UIGestureRecognizerStateFailed);
     } else if (FingersDown(self) < StateOf<LongPressState>(self).touchesRequired) {
-        SetGestureState(self, GestureState::kEnded);
+        SetGestureState(self, UIGestureRecognizerStateEnded);
     }
 }
 
@@ -74,7 +73,7 @@ void DefineLongPressGestureRecognizer() {
     press.Method<"touchesMoved:withEvent:", &TouchesMoved>();
     press.Method<"touchesEnded:withEvent:", &TouchesEnded>();
     press.Method<"touchesCancelled:withEvent:">(
-        [](LongPress self, ns::Set, ui::Event) { SetGestureState(self, GestureState::kCancelled); });
+        [](LongPress self, ns::Set, ui::Event) { SetGestureState(self, UIGestureRecognizerStateCancelled); });
     press.Method<"reset">([](const LongPressState &state) { clock::Cancel(state.timer); });
 }
 

@@ -12,7 +12,6 @@
 namespace sim {
 namespace {
 
-using ui::GestureState;
 using Pan = ui::PanGestureRecognizer;
 
 /// How far (points) the fingers must move before it is a pan.
@@ -68,8 +67,8 @@ void TouchesBegan(Pan self, ns::Set, ui::Event event) {
     RecognizerState &recognizer = RecognizerStateOf(self);
     auto &state = StateOf<PanState>(self);
     if (recognizer.touches.size() > state.maximumTouches) {
-        if (recognizer.state == GestureState::kPossible) {
-            SetGestureState(self, GestureState::kFailed);
+        if (recognizer.state == UIGestureRecognizerStatePossible) {
+            SetGestureState(self, UIGestureRecognizerStateFailed);
         } else { // a pan that has begun ignores another finger
             std::erase(recognizer.touches, EventStateOf(event).changed.get());
         }
@@ -89,17 +88,19 @@ void TouchesMoved(Pan self, ns::Set, ui::Event event) {
     state.translation = Sum(state.translation, step);
     AddSample(state);
     RecognizerLocation(self);
-    if (recognizer.state != GestureState::kPossible) {
-        SetGestureState(self, GestureState::kChanged);
+    if (recognizer.state != UIGestureRecognizerStatePossible) {
+        SetGestureState(self, UIGestureRecognizerStateChanged);
     } else if (recognizer.touches.size() >= state.minimumTouches && Distance({}, state.moved) >= kSlop) {
-        SetGestureState(self, GestureState::kBegan);
+        SetGestureState(self, UIGestureRecognizerStateBegan);
     }
 }
 
-void Finish(Pan self, GestureState end) {
+void Finish(Pan self, UIGestureRecognizerState end) {
     AddSample(StateOf<PanState>(self));
     if (FingersDown(self) < StateOf<PanState>(self).minimumTouches) {
-        SetGestureState(self, RecognizerStateOf(self).state == GestureState::kPossible ? GestureState::kFailed : end);
+        SetGestureState(self, RecognizerStateOf(self).state == UIGestureRecognizerStatePossible
+                                  ? UIGestureRecognizerStateFailed
+                                  : end);
     }
 }
 
@@ -127,9 +128,10 @@ void DefinePanGestureRecognizer() {
     pan.Method<"velocityInView:", &VelocityInView>();
     pan.Method<"touchesBegan:withEvent:", &TouchesBegan>();
     pan.Method<"touchesMoved:withEvent:", &TouchesMoved>();
-    pan.Method<"touchesEnded:withEvent:">([](Pan self, ns::Set, ui::Event) { Finish(self, GestureState::kEnded); });
+    pan.Method<"touchesEnded:withEvent:">(
+        [](Pan self, ns::Set, ui::Event) { Finish(self, UIGestureRecognizerStateEnded); });
     pan.Method<"touchesCancelled:withEvent:">(
-        [](Pan self, ns::Set, ui::Event) { Finish(self, GestureState::kCancelled); });
+        [](Pan self, ns::Set, ui::Event) { Finish(self, UIGestureRecognizerStateCancelled); });
     pan.Method<"reset">([](PanState &state) {
         state.translation = {};
         state.moved = {};

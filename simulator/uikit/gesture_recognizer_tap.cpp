@@ -10,7 +10,6 @@
 namespace sim {
 namespace {
 
-using ui::GestureState;
 using Tap = ui::TapGestureRecognizer;
 
 /// How far (points) a finger may move from where it landed and still tap.
@@ -36,7 +35,7 @@ void TouchesBegan(Tap self, ns::Set, ui::Event event) {
     clock::Cancel(state.pause);
     RecognizerStateOf(self).waiting = false;
     if (++state.fingersLanded > state.touchesRequired) {
-        SetGestureState(self, GestureState::kFailed);
+        SetGestureState(self, UIGestureRecognizerStateFailed);
     }
     const ui::Touch touch = EventStateOf(event).changed;
     state.landings[touch.pointer] = TouchStateOf(touch).location;
@@ -45,7 +44,7 @@ void TouchesBegan(Tap self, ns::Set, ui::Event event) {
 void TouchesMoved(Tap self, ns::Set, ui::Event event) {
     const ui::Touch touch = EventStateOf(event).changed;
     if (Distance(StateOf<TapState>(self).landings[touch.pointer], TouchStateOf(touch).location) > kAllowedMovement) {
-        SetGestureState(self, GestureState::kFailed);
+        SetGestureState(self, UIGestureRecognizerStateFailed);
     }
 }
 
@@ -56,22 +55,22 @@ void WaitForNextTap(Tap self) {
     RecognizerStateOf(self).waiting = true;
     state.pause = clock::Schedule(kLongestPause, [self] {
         RecognizerStateOf(self).waiting = false;
-        SetGestureState(self, GestureState::kFailed);
+        SetGestureState(self, UIGestureRecognizerStateFailed);
         SettleRecognizers();
     });
 }
 
 void TouchesEnded(Tap self, ns::Set, ui::Event) {
     auto &state = StateOf<TapState>(self);
-    if (RecognizerStateOf(self).state != GestureState::kPossible || FingersDown(self) != 0) {
+    if (RecognizerStateOf(self).state != UIGestureRecognizerStatePossible || FingersDown(self) != 0) {
         return;
     }
     if (state.fingersLanded < state.touchesRequired) {
-        SetGestureState(self, GestureState::kFailed);
+        SetGestureState(self, UIGestureRecognizerStateFailed);
     } else if (++state.tapsDone < state.tapsRequired) {
         WaitForNextTap(self);
     } else {
-        SetGestureState(self, GestureState::kEnded);
+        SetGestureState(self, UIGestureRecognizerStateEnded);
     }
 }
 
@@ -90,7 +89,7 @@ void DefineTapGestureRecognizer() {
     tap.Method<"touchesMoved:withEvent:", &TouchesMoved>();
     tap.Method<"touchesEnded:withEvent:", &TouchesEnded>();
     tap.Method<"touchesCancelled:withEvent:">(
-        [](Tap self, ns::Set, ui::Event) { SetGestureState(self, GestureState::kFailed); });
+        [](Tap self, ns::Set, ui::Event) { SetGestureState(self, UIGestureRecognizerStateFailed); });
     tap.Method<"reset">([](TapState &state) {
         clock::Cancel(state.pause);
         state.tapsDone = 0;

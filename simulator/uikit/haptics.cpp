@@ -1,6 +1,5 @@
 #include "uikit/haptics.hpp"
 
-#include "apple/uikit/feedback.hpp"
 #include "runtime/clock.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/classes.hpp"
@@ -9,7 +8,7 @@ namespace sim {
 namespace {
 
 struct GeneratorState {
-    ui::ImpactStyle style = ui::ImpactStyle::kMedium; // of a generator made without a style
+    UIImpactFeedbackStyle style = UIImpactFeedbackStyleMedium; // of a generator made without a style
     bool prepared = false;
 };
 
@@ -25,13 +24,13 @@ void DefineHaptics() {
     generator.Method<"prepare">([](GeneratorState &state) { state.prepared = true; });
 
     auto impact = Class("UIImpactFeedbackGenerator", "UIFeedbackGenerator");
-    impact.Method<"initWithStyle:">([](ns::Object self, ui::ImpactStyle style) {
+    impact.Method<"initWithStyle:">([](ns::Object self, UIImpactFeedbackStyle style) {
         const auto made = objc::Send<"init", ns::Object>(self);
         StateOf<GeneratorState>(made).style = style;
         return made;
     });
     impact.Method<"impactOccurred">([](GeneratorState &state) {
-        Impacts().push_back({clock::Now(), static_cast<long>(state.style), state.prepared});
+        Impacts().push_back({clock::Now(), state.style, state.prepared});
         state.prepared = false;
     });
 }

@@ -4,6 +4,7 @@
 #include "apple/uikit/keyboard.hpp"
 #include "apple/uikit/window.hpp"
 #include "runtime/clock.hpp"
+#include "runtime/lasting.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/animation.hpp"
 #include "uikit/application.hpp"
@@ -54,8 +55,7 @@ struct Keyboard {
 };
 
 Keyboard &Shared() {
-    static auto &keyboard = *new Keyboard;
-    return keyboard;
+    return Lasting<Keyboard>();
 }
 
 /// What a notification carries.
@@ -64,8 +64,7 @@ ns::Dictionary Info(cg::Rect begin, cg::Rect end) {
     const auto rect = [](cg::Rect frame) { return objc::SendClass<ui::Value, "valueWithCGRect:", ui::Value>(frame); };
     info.setObject(rect(begin), UIKeyboardFrameBeginUserInfoKey);
     info.setObject(rect(end), UIKeyboardFrameEndUserInfoKey);
-    info.setObject(objc::SendClass<ns::Number, "numberWithDouble:", ns::Number>(Shared().duration),
-                   UIKeyboardAnimationDurationUserInfoKey);
+    info.setObject(ns::Number::numberWithDouble(Shared().duration), UIKeyboardAnimationDurationUserInfoKey);
     info.setObject(ns::Number::numberWithInt(kKeyboardCurve), UIKeyboardAnimationCurveUserInfoKey);
     info.setObject(ns::Number::numberWithBool(true), UIKeyboardIsLocalUserInfoKey);
     return info;
@@ -129,7 +128,8 @@ void Move(cg::Rect begin, cg::Rect end, ns::String will, ns::String did, const s
     }
     const objc::Ref<ns::String> ended = did;
     Animate(
-        {.duration = keyboard.duration, .options = kAnimationAllowUserInteraction}, [end] { MovePanel(end); },
+        {.duration = keyboard.duration, .options = UIViewAnimationOptionAllowUserInteraction},
+        [end] { MovePanel(end); },
         [=](bool) {
             if (Shared().movement == movement) {
                 after();

@@ -133,8 +133,8 @@ void DefineKeyboardKeys() {
 
 void ShowKeysFor(ui::Responder edited) {
     const bool hasType = edited.respondsToSelector(objc::Selector<"keyboardType">());
-    numberPad = hasType && objc::Send<"keyboardType", ui::KeyboardType>(objc::As<ui::TextInputTraits>(edited)) ==
-                               ui::KeyboardType::kNumberPad;
+    numberPad = hasType && objc::Send<"keyboardType", UIKeyboardType>(objc::As<ui::TextInputTraits>(edited)) ==
+                               UIKeyboardTypeNumberPad;
 }
 
 } // namespace sim

@@ -3,11 +3,11 @@
 #include "apple/uikit/label.hpp"
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
+#include "runtime/utf16.hpp"
 #include "uikit/application.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/drawing.hpp"
 #include "uikit/font.hpp"
-#include "uikit/text_measuring.hpp"
 #include "uikit/view_state.hpp"
 
 #include <algorithm>
@@ -17,17 +17,12 @@
 namespace sim {
 namespace {
 
-/// NSLineBreakMode.
-enum class BreakMode : long { kWord = 0, kCharacter = 1, kClip = 2, kHead = 3, kTail = 4, kMiddle = 5 };
-/// NSTextAlignment.
-enum class Alignment : long { kLeft = 0, kCenter = 1, kRight = 2, kJustified = 3, kNatural = 4 };
-
 struct LabelState {
     objc::Ref<ns::String> text;
     objc::Ref<ui::Color> textColor; // nil is the label colour
     objc::Ref<ui::Font> font;       // nil is the system font, 17 points
-    Alignment alignment = Alignment::kNatural;
-    BreakMode breakMode = BreakMode::kTail;
+    NSTextAlignment alignment = NSTextAlignmentNatural;
+    NSLineBreakMode breakMode = NSLineBreakByTruncatingTail;
     long numberOfLines = 1; // 0 is no limit
 };
 
@@ -36,7 +31,7 @@ std::size_t LineLimit(const LabelState &state) {
 }
 
 LineStyle StyleIn(const LabelState &state, double width) {
-    return {FaceOf(state.font), state.breakMode == BreakMode::kCharacter ? Wrapping::kCharacter : Wrapping::kWord,
+    return {FaceOf(state.font), state.breakMode == NSLineBreakByCharWrapping ? Wrapping::kCharacter : Wrapping::kWord,
             width};
 }
 
@@ -56,17 +51,17 @@ cg::Size SizeThatFits(const LabelState &state, cg::Size size) {
     return {CeilToPixel(extent.width), CeilToPixel(height)};
 }
 
-double PlaceOf(Alignment alignment) {
-    return alignment == Alignment::kCenter ? 0.5 : alignment == Alignment::kRight ? 1 : 0;
+double PlaceOf(NSTextAlignment alignment) {
+    return alignment == NSTextAlignmentCenter ? 0.5 : alignment == NSTextAlignmentRight ? 1 : 0;
 }
 
-Truncation TruncationOf(BreakMode mode) {
+Truncation TruncationOf(NSLineBreakMode mode) {
     switch (mode) {
-    case BreakMode::kHead:
+    case NSLineBreakByTruncatingHead:
         return Truncation::kHead;
-    case BreakMode::kMiddle:
+    case NSLineBreakByTruncatingMiddle:
         return Truncation::kMiddle;
-    case BreakMode::kTail:
+    case NSLineBreakByTruncatingTail:
         return Truncation::kTail;
     default:
         return Truncation::kNone;
@@ -75,13 +70,13 @@ Truncation TruncationOf(BreakMode mode) {
 
 /// What the last visible line shows when the text goes on: the rest of its paragraph, which is then shortened or
 /// clipped. When only later paragraphs are missing, it ends with an ellipsis. Wrapping modes show just the line.
-std::u16string LastLine(std::u16string_view text, const TextLine &line, BreakMode mode) {
-    if (mode == BreakMode::kWord || mode == BreakMode::kCharacter) {
+std::u16string LastLine(std::u16string_view text, const TextLine &line, NSLineBreakMode mode) {
+    if (mode == NSLineBreakByWordWrapping || mode == NSLineBreakByCharWrapping) {
         return std::u16string(text.substr(line.start, line.end - line.start));
     }
     const TextLine paragraph = BreakLines(text.substr(line.start), {{}, Wrapping::kNone, 0}, 1).front();
     std::u16string rest(text.substr(line.start, paragraph.end));
-    if (mode != BreakMode::kClip && line.start + paragraph.end < text.size()) {
+    if (mode != NSLineBreakByClipping && line.start + paragraph.end < text.size()) {
         rest += u'…';
     }
     return rest;

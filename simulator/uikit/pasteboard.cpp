@@ -1,8 +1,9 @@
 #include "uikit/pasteboard.hpp"
 
+#include "runtime/lasting.hpp"
 #include "runtime/native_class.hpp"
+#include "runtime/utf16.hpp"
 #include "uikit/classes.hpp"
-#include "uikit/text_measuring.hpp"
 
 #include <cstdio>
 #include <cstring>
@@ -16,14 +17,14 @@ namespace {
 using ui::Pasteboard;
 
 struct Copied {
+    objc::Ref<Pasteboard> board = ns::New<Pasteboard>();
     std::string path;
     std::optional<std::u16string> text;
     long changes = 0;
 };
 
 Copied &Shared() {
-    static auto &copied = *new Copied;
-    return copied;
+    return Lasting<Copied>();
 }
 
 void Write() {
@@ -49,13 +50,10 @@ void Write() {
 
 void DefinePasteboard() {
     auto pasteboard = Class("UIPasteboard", "NSObject");
-    pasteboard.ClassMethod<"generalPasteboard">([](Pasteboard) -> Pasteboard {
-        static const auto &general = *new objc::Ref<Pasteboard>(ns::New<Pasteboard>());
-        return general;
-    });
+    pasteboard.ClassMethod<"generalPasteboard">([](Pasteboard) -> Pasteboard { return Shared().board; });
     pasteboard.Method<"string">([](Pasteboard) {
         const std::optional<std::u16string> &text = Shared().text;
-        return text ? ns::String::stringWithCharacters(text->data(), text->size()) : ns::String{};
+        return text ? StringOf(*text) : ns::String{};
     });
     pasteboard.Method<"setString:">([](Pasteboard, ns::String text) {
         Shared().text = text ? std::optional(UnitsOf(text)) : std::nullopt;

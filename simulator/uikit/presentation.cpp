@@ -13,10 +13,6 @@ namespace {
 
 using ui::ViewController;
 
-/// UIModalPresentationStyle.
-constexpr long kPresentPageSheet = 1;
-constexpr long kPresentFormSheet = 2;
-
 /// How long (seconds) a presented view takes to come or go: by moving, or by fading as alerts do.
 constexpr double kMoveTime = 0.4;
 constexpr double kFadeTime = 0.25;
@@ -25,20 +21,22 @@ constexpr double kSheetTop = 57;
 
 cg::Rect PresentedFrame(ViewController controller, ui::Window window) {
     const cg::Rect whole = ViewStateOf(window).model.bounds;
-    const long style = StateOf<ControllerState>(controller).presentationStyle;
-    const bool isSheet = style == kPresentAutomatic || style == kPresentPageSheet || style == kPresentFormSheet;
+    const UIModalPresentationStyle style = StateOf<ControllerState>(controller).presentationStyle;
+    const bool isSheet = style == UIModalPresentationAutomatic || style == UIModalPresentationPageSheet ||
+                         style == UIModalPresentationFormSheet;
     const double top = isSheet ? kSheetTop : 0;
     return {{whole.origin.x, whole.origin.y + top}, {whole.size.width, whole.size.height - top}};
 }
 
 double TransitionTime(ViewController controller) {
-    return StateOf<ControllerState>(controller).transitionStyle == kCoverVertical ? kMoveTime : kFadeTime;
+    return StateOf<ControllerState>(controller).transitionStyle == UIModalTransitionStyleCoverVertical ? kMoveTime
+                                                                                                       : kFadeTime;
 }
 
 /// Puts the view where it starts to come and ends to go: below the window, or in place with alpha 0.
 void Conceal(ViewController controller, ui::Window window) {
     const ui::View view = controller.view();
-    if (StateOf<ControllerState>(controller).transitionStyle == kCoverVertical) {
+    if (StateOf<ControllerState>(controller).transitionStyle == UIModalTransitionStyleCoverVertical) {
         const ViewValues &values = ViewStateOf(view).model;
         view.setCenter({values.center.x, values.center.y + ViewStateOf(window).model.bounds.size.height});
     } else {

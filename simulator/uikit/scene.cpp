@@ -1,5 +1,6 @@
 // UIScene and UIWindowScene.
 
+#include "runtime/lasting.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/application.hpp"
 #include "uikit/array.hpp"
@@ -12,9 +13,12 @@
 namespace sim {
 namespace {
 
+struct Scenes {
+    std::vector<objc::Ref<ui::WindowScene>> connected;
+};
+
 std::vector<objc::Ref<ui::WindowScene>> &Connected() {
-    static auto &scenes = *new std::vector<objc::Ref<ui::WindowScene>>;
-    return scenes;
+    return Lasting<Scenes>().connected;
 }
 
 } // namespace
@@ -35,13 +39,13 @@ SceneState &SceneStateOf(ui::Scene scene) {
     return StateOf<SceneState>(scene);
 }
 
-ui::WindowScene MakeWindowScene(long activationState) {
+ui::WindowScene MakeWindowScene(UISceneActivationState activationState) {
     Connected().push_back(ns::New<ui::WindowScene>());
     SceneStateOf(Connected().back().get()).activationState = activationState;
     return Connected().back();
 }
 
-void SetActivationState(ui::Scene scene, long activationState) {
+void SetActivationState(ui::Scene scene, UISceneActivationState activationState) {
     SceneStateOf(scene).activationState = activationState;
 }
 
@@ -52,7 +56,7 @@ void DisconnectScene(ui::Scene scene) {
     }
     const objc::Ref<ui::WindowScene> keep = *place;
     Connected().erase(place);
-    SceneStateOf(scene).activationState = -1;
+    SceneStateOf(scene).activationState = UISceneActivationStateUnattached;
     SetKeyWindow(keep, nullptr);
     for (const ui::Window window : AllWindows()) {
         if (WindowStateOf(window).scene == scene) {

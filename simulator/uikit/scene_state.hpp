@@ -8,7 +8,7 @@
 namespace sim {
 
 struct SceneState {
-    long activationState = -1;
+    UISceneActivationState activationState = UISceneActivationStateUnattached;
     ui::Window keyWindow; // not owned
 };
 

@@ -1,5 +1,6 @@
 #include "uikit/screen.hpp"
 
+#include "runtime/lasting.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/application.hpp"
 #include "uikit/classes.hpp"
@@ -16,6 +17,10 @@ Metrics &MainMetrics() {
     static Metrics metrics;
     return metrics;
 }
+
+struct Main {
+    objc::Ref<ui::Screen> screen = ns::New<ui::Screen>();
+};
 
 } // namespace
 
@@ -40,8 +45,7 @@ double ScreenScale() {
 }
 
 ui::Screen MainScreen() {
-    static const auto &screen = *new objc::Ref<ui::Screen>(ns::New<ui::Screen>());
-    return screen;
+    return Lasting<Main>().screen;
 }
 
 } // namespace sim

@@ -47,8 +47,9 @@ void MoveTo(ui::View self, cg::Point offset, double seconds) {
     if (offset == self.bounds().origin) {
         return;
     }
-    constexpr unsigned long kEaseOut = 2;
-    Animate({.duration = seconds, .options = kAnimationAllowUserInteraction, .curve = AnimationCurve::Plain(kEaseOut)},
+    Animate({.duration = seconds,
+             .options = UIViewAnimationOptionAllowUserInteraction,
+             .curve = AnimationCurve::Plain(UIViewAnimationCurveEaseOut)},
             [&] { SetContentOffset(self, offset); }, {});
 }
 
@@ -93,15 +94,15 @@ void Release(ui::View self, cg::Point velocity) {
 void HandlePan(ui::View self, ui::PanGestureRecognizer pan) {
     ScrollState &state = ScrollStateOf(self);
     switch (pan.state()) {
-    case ui::GestureState::kBegan:
+    case UIGestureRecognizerStateBegan:
         state.dragging = true;
         state.dragStart = self.bounds().origin;
         pan.setTranslation({}, self.superview()); // the content stays where it is until the finger goes on
         break;
-    case ui::GestureState::kChanged:
+    case UIGestureRecognizerStateChanged:
         Drag(self, pan.translationInView(self.superview()));
         break;
-    case ui::GestureState::kEnded:
+    case UIGestureRecognizerStateEnded:
         state.dragging = false;
         Release(self, objc::Send<"velocityInView:", cg::Point>(pan, self.superview()));
         break;

@@ -3,12 +3,12 @@
 #include "apple/uikit/segmented_control.hpp"
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
+#include "runtime/utf16.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/color.hpp"
 #include "uikit/control.hpp"
 #include "uikit/drawing.hpp"
 #include "uikit/font.hpp"
-#include "uikit/text_measuring.hpp"
 #include "uikit/view.hpp"
 #include "uikit/view_geometry.hpp"
 
@@ -33,17 +33,17 @@ constexpr double kDefaultFontSize = 13;
 
 struct SegmentedState {
     std::vector<objc::Ref<ns::String>> titles;
-    std::map<unsigned long, objc::Ref<ns::Dictionary>> attributes;
-    long selected = ui::kNoSegment;
+    std::map<UIControlState, objc::Ref<ns::Dictionary>> attributes;
+    long selected = UISegmentedControlNoSegment;
 };
 
-FontFace FaceFor(const SegmentedState &state, unsigned long controlState) {
+FontFace FaceFor(const SegmentedState &state, UIControlState controlState) {
     const auto font = objc::As<ui::Font>(ForState(state.attributes, controlState).objectForKey(NSFontAttributeName));
     return font ? FaceOf(font) : FontFace{kDefaultFontSize, false};
 }
 
 double WidthOf(const SegmentedState &state, ns::String title) {
-    return MeasureText(UnitsOf(title), {FaceFor(state, ui::kStateNormal), Wrapping::kNone, 0}).width;
+    return MeasureText(UnitsOf(title), {FaceFor(state, UIControlStateNormal), Wrapping::kNone, 0}).width;
 }
 
 cg::Size SizeThatFits(const SegmentedState &state, cg::Size) {
@@ -76,14 +76,14 @@ void EndTracking(SegmentedControl self, ui::Touch touch, ui::Event event) {
     const auto index = static_cast<long>(std::clamp(std::floor(part * count), 0.0, count - 1));
     if (index != state.selected) {
         state.selected = index;
-        SendControlEvents(self, ui::kValueChanged, event);
+        SendControlEvents(self, UIControlEventValueChanged, event);
     }
 }
 
 // Drawing.
 
 void DrawTitle(cairo_t *context, const SegmentedState &state, ns::String title, cg::Rect room, bool selected) {
-    const unsigned long controlState = selected ? kStateSelected : ui::kStateNormal;
+    const UIControlState controlState = selected ? UIControlStateSelected : UIControlStateNormal;
     const FontFace face = FaceFor(state, controlState);
     const FontMetrics metrics = MetricsOf(face);
     const auto color =
@@ -118,12 +118,12 @@ void DrawSegments(ui::View view, cairo_t *context) {
 }
 
 void DefineAttributes(Class<SegmentedState> &segments) {
-    segments.Method<"titleTextAttributesForState:">([](const SegmentedState &state, unsigned long controlState) {
+    segments.Method<"titleTextAttributesForState:">([](const SegmentedState &state, UIControlState controlState) {
         const auto found = state.attributes.find(controlState);
         return found == state.attributes.end() ? ns::Dictionary{} : found->second.get();
     });
     segments.Method<"setTitleTextAttributes:forState:">(
-        [](SegmentedState &state, ns::Dictionary attributes, unsigned long controlState) {
+        [](SegmentedState &state, ns::Dictionary attributes, UIControlState controlState) {
             if (attributes) {
                 state.attributes[controlState] = CopyOf(attributes);
             } else {
@@ -143,7 +143,7 @@ void DefineSegmentedControl() {
     });
     segments.Property<"selectedSegmentIndex", &SegmentedState::selected>([](SegmentedState &state) {
         if (state.selected < 0 || state.selected >= std::ssize(state.titles)) {
-            state.selected = ui::kNoSegment;
+            state.selected = UISegmentedControlNoSegment;
         }
     });
     DefineAttributes(segments);

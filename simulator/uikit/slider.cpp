@@ -95,7 +95,7 @@ bool ContinueTracking(Slider self, ui::Touch touch, ui::Event event) {
         state.value = value;
         state.moved = true;
         if (state.continuous) {
-            SendControlEvents(self, ui::kValueChanged, event);
+            SendControlEvents(self, UIControlEventValueChanged, event);
         }
     }
     return true;
@@ -104,7 +104,7 @@ bool ContinueTracking(Slider self, ui::Touch touch, ui::Event event) {
 void EndTracking(Slider self, ui::Touch, ui::Event event) {
     const auto &state = StateOf<SliderState>(self);
     if (state.moved && !state.continuous) {
-        SendControlEvents(self, ui::kValueChanged, event);
+        SendControlEvents(self, UIControlEventValueChanged, event);
     }
 }
 

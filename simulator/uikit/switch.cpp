@@ -39,7 +39,7 @@ void EndTracking(Switch self, ui::Touch touch, ui::Event event) {
     const bool wanted = drawn ? way > 0 : state.on != ControlStateOf(self).touchInside;
     if (wanted != state.on) {
         objc::Send<"setOn:animated:", void>(self, wanted, true);
-        SendControlEvents(self, ui::kValueChanged, event);
+        SendControlEvents(self, UIControlEventValueChanged, event);
     }
 }
 

@@ -3,13 +3,13 @@
 #include "apple/uikit/text_field.hpp"
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
+#include "runtime/utf16.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/control.hpp"
 #include "uikit/drawing.hpp"
 #include "uikit/font.hpp"
 #include "uikit/responder.hpp"
 #include "uikit/text_input.hpp"
-#include "uikit/text_measuring.hpp"
 #include "uikit/view.hpp"
 
 #include <algorithm>
@@ -21,10 +21,6 @@ namespace {
 
 using ui::TextField;
 
-/// UITextBorderStyle.
-constexpr long kNoBorder = 0;
-constexpr long kRoundedRect = 3;
-
 // Points.
 constexpr double kHeight = 34;
 constexpr double kBorderedInset = 7;
@@ -35,9 +31,9 @@ struct TextFieldState {
     objc::Ref<ui::Color> textColor; // nil is the label colour
     objc::Ref<ui::Font> font;       // nil is the system font, 17 points
     objc::Ref<ui::View> accessory;
-    long borderStyle = kNoBorder;
-    long keyboardType = 0;
-    long textAlignment = 0;
+    UITextBorderStyle borderStyle = UITextBorderStyleNone;
+    UIKeyboardType keyboardType = UIKeyboardTypeDefault;
+    NSTextAlignment textAlignment = NSTextAlignmentLeft;
 };
 
 // Editing.
@@ -53,7 +49,7 @@ void DropLineEnds(EditableText &text) {
     std::erase_if(units, [](char16_t unit) { return unit == u'\n' || unit == u'\r'; });
     if (units.size() != before) {
         const unsigned long caret = text.selection().location - (before - units.size());
-        text.SetText(ns::String::stringWithCharacters(units.data(), units.size()));
+        text.SetText(StringOf(units));
         text.Select({caret, 0});
     }
 }
@@ -64,7 +60,7 @@ void Edited(ui::View self) {
     DropLineEnds(text);
     const bool onlyReturn = length != text.text().length();
     if (!onlyReturn) {
-        SendControlEvents(objc::As<TextField>(self), kEditingChanged, nullptr);
+        SendControlEvents(objc::As<TextField>(self), UIControlEventEditingChanged, nullptr);
     }
 }
 
@@ -76,7 +72,7 @@ void DefineEditing(Class<TextFieldState> &field) {
         const bool was = FirstResponder() == self;
         const bool is = objc::SendSuper<"becomeFirstResponder", bool>(ui::Control{self});
         if (is && !was) {
-            SendControlEvents(self, kEditingDidBegin, nullptr);
+            SendControlEvents(self, UIControlEventEditingDidBegin, nullptr);
         }
         return is;
     });
@@ -85,7 +81,7 @@ void DefineEditing(Class<TextFieldState> &field) {
         const bool was = FirstResponder() == self;
         const bool resigned = objc::SendSuper<"resignFirstResponder", bool>(ui::Control{self});
         if (resigned && was) {
-            SendControlEvents(self, ui::kEditingDidEnd, nullptr);
+            SendControlEvents(self, UIControlEventEditingDidEnd, nullptr);
         }
         return resigned;
     });
@@ -99,7 +95,7 @@ void DefineEditing(Class<TextFieldState> &field) {
 // Layout and drawing.
 
 cg::Rect TextRect(const TextFieldState &state, cg::Rect bounds) {
-    const double inset = state.borderStyle == kNoBorder ? 0 : kBorderedInset;
+    const double inset = state.borderStyle == UITextBorderStyleNone ? 0 : kBorderedInset;
     return {{bounds.origin.x + inset, bounds.origin.y},
             {std::max(bounds.size.width - 2 * inset, 0.0), bounds.size.height}};
 }
@@ -109,14 +105,14 @@ cg::Size SizeThatFits(const TextFieldState &state, cg::Size) {
     const bool empty = state.text.text().length() == 0;
     const std::u16string units = UnitsOf(empty ? state.placeholder.get() : state.text.text());
     const double width = MeasureText(units, {face, Wrapping::kNone, 0}).width;
-    const bool bordered = state.borderStyle != kNoBorder;
+    const bool bordered = state.borderStyle != UITextBorderStyleNone;
     return {std::ceil(width) + (bordered ? 2 * kBorderedInset : 0),
             bordered ? kHeight : std::ceil(MetricsOf(face).lineHeight)};
 }
 
-void DrawBorder(cairo_t *context, long style, cg::Rect bounds) {
+void DrawBorder(cairo_t *context, UITextBorderStyle style, cg::Rect bounds) {
     constexpr double kRadius = 5;
-    const double radius = style == kRoundedRect ? kRadius : 0;
+    const double radius = style == UITextBorderStyleRoundedRect ? kRadius : 0;
     SetPaint(context, objc::SendClass<ui::Color, "tertiarySystemBackgroundColor", ui::Color>());
     FillRounded(context, bounds, radius);
     SetPaint(context, ui::Color::separatorColor());
@@ -140,12 +136,12 @@ struct FieldLine {
 
 /// Text that is wider than its room shows its end.
 FieldLine PlaceLine(const TextFieldState &state, cg::Rect room) {
-    constexpr long kCenter = 1;
-    constexpr long kRight = 2;
     FieldLine line{.units = UnitsOf(state.text.text()), .face = FaceOf(state.font)};
     const FontMetrics metrics = MetricsOf(line.face);
     const double rest = room.size.width - line.PlaceOf(line.units.size());
-    const double part = state.textAlignment == kCenter ? 0.5 : state.textAlignment == kRight ? 1 : 0;
+    const double part = state.textAlignment == NSTextAlignmentCenter  ? 0.5
+                        : state.textAlignment == NSTextAlignmentRight ? 1
+                                                                      : 0;
     line.left = room.origin.x + (rest < 0 ? rest : rest * part);
     line.top = room.origin.y + (room.size.height - metrics.lineHeight) / 2;
     line.height = metrics.lineHeight;
@@ -164,7 +160,7 @@ void DrawSelection(cairo_t *context, const FieldLine &line, ns::Range selection)
 void DrawField(ui::View view, cairo_t *context) {
     const auto &state = StateOf<TextFieldState>(view);
     const cg::Rect bounds{{0, 0}, PresentedValues(view).bounds.size};
-    if (state.borderStyle != kNoBorder) {
+    if (state.borderStyle != UITextBorderStyleNone) {
         DrawBorder(context, state.borderStyle, bounds);
     }
     const cg::Rect room = TextRect(state, bounds);

@@ -1,7 +1,9 @@
-#include "uikit/text_measuring.hpp"
+// What UIKit adds to NSString: measuring.
 
+#include "apple/uikit/text_measuring.hpp"
 #include "render/text_layout.hpp"
 #include "runtime/native_class.hpp"
+#include "runtime/utf16.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/font.hpp"
 
@@ -18,11 +20,12 @@ FontFace FaceIn(ns::Dictionary attributes) {
     return font ? FaceOf(font) : FontFace{kDefaultPointSize, false};
 }
 
-cg::Rect BoundingRect(ns::String self, cg::Size size, long options, ns::Dictionary attributes, ns::Object) {
+cg::Rect BoundingRect(ns::String self, cg::Size size, NSStringDrawingOptions options, ns::Dictionary attributes,
+                      ns::Object) {
     const FontFace face = FaceIn(attributes);
     const double lineHeight = MetricsOf(face).lineHeight;
     const std::u16string text = UnitsOf(self);
-    if ((options & ui::kUsesLineFragmentOrigin) == 0) { // one line, whatever the text holds and the size says
+    if ((options & NSStringDrawingUsesLineFragmentOrigin) == 0) { // one line, whatever the text holds and the size says
         const TextExtent extent = MeasureText(text, {face, Wrapping::kNone, 0}, 1);
         return {{}, {extent.width, lineHeight}};
     }
@@ -47,14 +50,6 @@ void DefineTextMeasuring() {
     auto string = Class<>::Existing("NSString");
     string.Method<"boundingRectWithSize:options:attributes:context:", &BoundingRect>();
     string.Method<"sizeWithAttributes:", &SizeWithAttributes>();
-}
-
-std::u16string UnitsOf(ns::String text) {
-    std::u16string units(text.length(), u'\0');
-    if (!units.empty()) {
-        text.getCharacters(units.data(), {0, units.size()});
-    }
-    return units;
 }
 
 } // namespace sim

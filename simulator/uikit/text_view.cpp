@@ -2,6 +2,7 @@
 
 #include "apple/uikit/text_view.hpp"
 #include "render/text_layout.hpp"
+#include "runtime/utf16.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/drawing.hpp"
 #include "uikit/font.hpp"
@@ -9,7 +10,6 @@
 #include "uikit/responder.hpp"
 #include "uikit/scroll_view.hpp"
 #include "uikit/text_input.hpp"
-#include "uikit/text_measuring.hpp"
 #include "uikit/view_geometry.hpp"
 
 #include <algorithm>
@@ -118,7 +118,7 @@ std::size_t UnitNear(const TextPlace &place, cg::Point point) {
     std::size_t nearest = whole.start;
     double smallest = std::abs(point.x - place.left);
     for (std::size_t unit = whole.start + 1; unit <= whole.end; ++unit) {
-        const bool splitsPair = unit < place.units.size() && (place.units[unit] & 0xFC00) == 0xDC00;
+        const bool splitsPair = unit < place.units.size() && IsLowSurrogate(place.units[unit]);
         const double distance = std::abs(point.x - place.left - place.AdvanceTo(line, unit));
         if (!splitsPair && distance <= smallest) {
             nearest = unit;
@@ -129,7 +129,7 @@ std::size_t UnitNear(const TextPlace &place, cg::Point point) {
 }
 
 void HandleTap(TextView self, ui::GestureRecognizer tap) {
-    if (tap.state() == ui::GestureState::kEnded && self.becomeFirstResponder()) {
+    if (tap.state() == UIGestureRecognizerStateEnded && self.becomeFirstResponder()) {
         const auto point = objc::Send<"locationInView:", cg::Point>(tap, self);
         TextOf(self).Select({UnitNear(PlaceText(self, self.bounds().size), point), 0});
     }

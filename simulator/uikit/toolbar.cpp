@@ -49,9 +49,9 @@ void SetBar(ui::View self, ui::View bar) {
 }
 
 void AddButton(ui::View self, BarButtonItem item) {
-    const auto button = objc::SendClass<ItemButton, "buttonWithType:", ItemButton>(ui::ButtonType::kSystem);
+    const auto button = objc::SendClass<ItemButton, "buttonWithType:", ItemButton>(UIButtonTypeSystem);
     StateOf<ItemButtonState>(button).item = item;
-    button.addTarget(button, objc::Selector<"_pressed:withEvent:">(), ui::kTouchUpInside);
+    button.addTarget(button, objc::Selector<"_pressed:withEvent:">(), UIControlEventTouchUpInside);
     self.addSubview(button);
     StateOf<ToolbarState>(self).buttons.emplace_back(button);
 }
@@ -79,12 +79,12 @@ void SetItems(Toolbar self, ns::Array items) {
 
 void ShowItem(ItemButton button) {
     const BarButtonItem item = StateOf<ItemButtonState>(button).item;
-    const bool bold = BarButtonItemStateOf(item).style == ui::BarButtonItemStyle::kDone;
+    const bool bold = BarButtonItemStateOf(item).style == UIBarButtonItemStyleDone;
     const bool enabled = BarItemStateOf(item).enabled;
-    button.setTitle(TitleOf(item), ui::kStateNormal);
+    button.setTitle(TitleOf(item), UIControlStateNormal);
     button.titleLabel().setFont(bold ? ui::Font::boldSystemFontOfSize(kTitleSize)
                                      : ui::Font::systemFontOfSize(kTitleSize));
-    button.setTitleColor(enabled ? ui::Color::systemBlueColor() : ui::Color::systemGrayColor(), ui::kStateNormal);
+    button.setTitleColor(enabled ? ui::Color::systemBlueColor() : ui::Color::systemGrayColor(), UIControlStateNormal);
     objc::Send<"setEnabled:", void>(ui::Control{button}, enabled);
 }
 

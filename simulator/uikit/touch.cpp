@@ -1,6 +1,7 @@
 #include "uikit/touch.hpp"
 
 #include "runtime/clock.hpp"
+#include "runtime/lasting.hpp"
 #include "uikit/event.hpp"
 #include "uikit/gesture_recognizer.hpp"
 #include "uikit/touch_delivery.hpp"
@@ -25,9 +26,12 @@ LastTap &Last() {
     return last;
 }
 
+struct Glass {
+    std::map<TouchId, objc::Ref<ui::Touch>> fingers;
+};
+
 std::map<TouchId, objc::Ref<ui::Touch>> &Fingers() {
-    static auto &fingers = *new std::map<TouchId, objc::Ref<ui::Touch>>;
-    return fingers;
+    return Lasting<Glass>().fingers;
 }
 
 objc::Ref<ui::Event> MakeEvent(const objc::Ref<ui::Touch> &changed) {
@@ -41,7 +45,7 @@ objc::Ref<ui::Event> MakeEvent(const objc::Ref<ui::Touch> &changed) {
     return event;
 }
 
-void Send(const objc::Ref<ui::Touch> &touch, TouchPhase phase) {
+void Send(const objc::Ref<ui::Touch> &touch, UITouchPhase phase) {
     TouchState &state = TouchStateOf(touch);
     state.phase = phase;
     state.timestamp = clock::Now();
@@ -51,7 +55,7 @@ void Send(const objc::Ref<ui::Touch> &touch, TouchPhase phase) {
 }
 
 /// Lifts the finger: its last event is sent, then it is forgotten.
-void Lift(TouchId finger, TouchPhase phase) {
+void Lift(TouchId finger, UITouchPhase phase) {
     const auto place = Fingers().find(finger);
     if (place == Fingers().end()) {
         return;
@@ -65,7 +69,7 @@ void Lift(TouchId finger, TouchPhase phase) {
     } const eraser{finger};
     const objc::Ref<ui::Touch> touch = place->second;
     const TouchState &state = TouchStateOf(touch);
-    if (phase == TouchPhase::kEnded) {
+    if (phase == UITouchPhaseEnded) {
         Last() = {clock::Now(), state.location, state.tapCount};
     }
     Send(touch, phase);
@@ -87,7 +91,7 @@ void Began(TouchId finger, cg::Point point) {
     Fingers()[finger] = touch;
     state.view = HitTestWindows(point, MakeEvent(touch));
     state.window = objc::As<ui::Window>(state.view->window());
-    Send(touch, TouchPhase::kBegan);
+    Send(touch, UITouchPhaseBegan);
 }
 
 void Moved(TouchId finger, cg::Point point) {
@@ -99,17 +103,17 @@ void Moved(TouchId finger, cg::Point point) {
     TouchState &state = TouchStateOf(touch);
     if (state.location != point) {
         state.location = point;
-        Send(touch, TouchPhase::kMoved);
+        Send(touch, UITouchPhaseMoved);
     }
 }
 
 void Ended(TouchId finger, cg::Point point) {
     Moved(finger, point);
-    Lift(finger, TouchPhase::kEnded);
+    Lift(finger, UITouchPhaseEnded);
 }
 
 void Cancelled(TouchId finger) {
-    Lift(finger, TouchPhase::kCancelled);
+    Lift(finger, UITouchPhaseCancelled);
 }
 
 bool IsDown(TouchId finger) {

@@ -1,6 +1,7 @@
 #include "uikit/touch_delivery.hpp"
 
 #include "runtime/clock.hpp"
+#include "runtime/lasting.hpp"
 #include "uikit/application.hpp"
 #include "uikit/gesture_recognizer.hpp"
 #include "uikit/scoped_flag.hpp"
@@ -23,8 +24,7 @@ struct Delivery {
 };
 
 Delivery &Shared() {
-    static auto &delivery = *new Delivery;
-    return delivery;
+    return Lasting<Delivery>();
 }
 
 ns::Set SetOf(ui::Touch touch) {
@@ -32,17 +32,17 @@ ns::Set SetOf(ui::Touch touch) {
 }
 
 /// Sends the message for a touch's phase; responders and recognisers have the same four.
-template <objc::Handle Receiver> void Tell(Receiver receiver, ui::Touch touch, TouchPhase phase, ui::Event event) {
+template <objc::Handle Receiver> void Tell(Receiver receiver, ui::Touch touch, UITouchPhase phase, ui::Event event) {
     switch (phase) {
-    case TouchPhase::kBegan:
+    case UITouchPhaseBegan:
         return objc::Send<"touchesBegan:withEvent:", void>(receiver, SetOf(touch), event);
-    case TouchPhase::kMoved:
+    case UITouchPhaseMoved:
         return objc::Send<"touchesMoved:withEvent:", void>(receiver, SetOf(touch), event);
-    case TouchPhase::kStationary:
+    case UITouchPhaseStationary:
         return;
-    case TouchPhase::kEnded:
+    case UITouchPhaseEnded:
         return objc::Send<"touchesEnded:withEvent:", void>(receiver, SetOf(touch), event);
-    case TouchPhase::kCancelled:
+    case UITouchPhaseCancelled:
         return objc::Send<"touchesCancelled:withEvent:", void>(receiver, SetOf(touch), event);
     }
 }
@@ -90,7 +90,7 @@ bool IsForView(ui::Touch touch) {
 
 void TellView(ui::Touch touch, ui::Event event) {
     TouchState &state = TouchStateOf(touch);
-    if (state.phase == TouchPhase::kBegan) {
+    if (state.phase == UITouchPhaseBegan) {
         state.takenFromView = state.takenFromView || !IsForView(touch);
         state.seenByView = !state.takenFromView;
     }
@@ -107,13 +107,13 @@ void TakeFromView(ui::Touch touch) {
     }
     state.takenFromView = true;
     if (state.seenByView) {
-        const TouchPhase phase = std::exchange(state.phase, TouchPhase::kCancelled);
+        const UITouchPhase phase = std::exchange(state.phase, UITouchPhaseCancelled);
         const auto event = ns::New<ui::Event>();
         EventStateOf(event).timestamp = clock::Now();
         EventStateOf(event).touches = Shared().down;
         EventStateOf(event).changed = touch;
         const objc::Ref<ui::View> view = state.view;
-        Tell(view.get(), touch, TouchPhase::kCancelled, event);
+        Tell(view.get(), touch, UITouchPhaseCancelled, event);
         state.phase = phase;
     }
 }
@@ -158,7 +158,7 @@ void ResetRecognizers() {
             continue;
         }
         objc::Send<"reset", void>(recognizer.get());
-        state.state = ui::GestureState::kPossible;
+        state.state = UIGestureRecognizerStatePossible;
         state.recognized = false;
         state.touches.clear();
         std::erase(Shared().engaged, recognizer.get());
@@ -212,7 +212,7 @@ void DeliverEvent(ui::Window window, ui::Event event) {
     const ScopedFlag running(Shared().running);
     {
         const LastEvent last(touch);
-        if (state.phase == TouchPhase::kBegan) {
+        if (state.phase == UITouchPhaseBegan) {
             Shared().down.push_back(touch);
             Distribute(touch);
         }

@@ -9,8 +9,10 @@ namespace {
 using Changes = objc::Block<void()>;
 using Completion = objc::Block<void(bool)>;
 
-void AnimatePlainly(double duration, double delay, unsigned long options, Changes changes, Completion completion) {
-    const unsigned long curve = (options & kAnimationCurveMask) >> 16;
+void AnimatePlainly(double duration, double delay, UIViewAnimationOptions options, Changes changes,
+                    Completion completion) {
+    // The options carry a curve in four of their bits.
+    const auto curve = static_cast<UIViewAnimationCurve>(options >> 16 & 15);
     Animate({duration, delay, options, AnimationCurve::Plain(curve)}, FunctionOf(changes), FunctionOf(completion));
 }
 
@@ -24,12 +26,11 @@ void DefineViewAnimation(ViewClass &view) {
             AnimatePlainly(duration, 0, 0, changes, completion);
         });
     view.ClassMethod<"animateWithDuration:delay:options:animations:completion:">(
-        [](ui::View, double duration, double delay, unsigned long options, Changes changes, Completion completion) {
-            AnimatePlainly(duration, delay, options, changes, completion);
-        });
+        [](ui::View, double duration, double delay, UIViewAnimationOptions options, Changes changes,
+           Completion completion) { AnimatePlainly(duration, delay, options, changes, completion); });
     view.ClassMethod<
         "animateWithDuration:delay:usingSpringWithDamping:initialSpringVelocity:options:animations:completion:">(
-        [](ui::View, double duration, double delay, double damping, double velocity, unsigned long options,
+        [](ui::View, double duration, double delay, double damping, double velocity, UIViewAnimationOptions options,
            Changes changes, Completion completion) {
             Animate({duration, delay, options, AnimationCurve::Spring(damping, velocity, duration)},
                     FunctionOf(changes), FunctionOf(completion));

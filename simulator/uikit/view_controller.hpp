@@ -8,18 +8,13 @@
 
 namespace sim {
 
-/// UIModalPresentationStyle.
-inline constexpr long kPresentAutomatic = -2;
-/// UIModalTransitionStyle.
-inline constexpr long kCoverVertical = 0;
-
 struct ControllerState {
     objc::Ref<ui::View> view;
     objc::Ref<ns::String> title;
     objc::Ref<ui::ViewController> presented;
     ui::ViewController presenting; // not owned: it owns this one
-    long presentationStyle = kPresentAutomatic;
-    long transitionStyle = kCoverVertical;
+    UIModalPresentationStyle presentationStyle = UIModalPresentationAutomatic;
+    UIModalTransitionStyle transitionStyle = UIModalTransitionStyleCoverVertical;
     bool isBeingDismissed = false;
     WeakObject editedBefore; // the first responder that its coming took the keyboard from
 };

@@ -29,8 +29,9 @@ TitleFit Fit(ns::String text, cg::Size box, ns::Dictionary attributes) {
     return FitTitle(text, [&](unsigned long length) {
         const ns::String prefix = length < text.length() ? text.substringToIndex(length) : text;
         constexpr double kUnlimited = std::numeric_limits<double>::max();
-        const cg::Rect bounds = ui::BoundingRect(prefix, {box.width, kUnlimited},
-                                                 ui::kUsesLineFragmentOrigin | ui::kUsesFontLeading, attributes);
+        const cg::Rect bounds =
+            ui::BoundingRect(prefix, {box.width, kUnlimited},
+                             NSStringDrawingUsesLineFragmentOrigin | NSStringDrawingUsesFontLeading, attributes);
         return bounds.size.height <= box.height;
     });
 }
@@ -44,16 +45,16 @@ CellStyle::CellStyle(double scale)
       attributes_(ns::Dictionary::dictionaryWithObject(titleFont_.get(), NSFontAttributeName)) {}
 
 ui::Button AddCell(ui::View container, int index) {
-    const auto cell = ui::Button::buttonWithType(ui::ButtonType::kCustom);
+    const auto cell = ui::Button::buttonWithType(UIButtonTypeCustom);
     cell.setTag(kCellTagBase + index);
     cell.layer().setCornerRadius(8);
     const ui::Label title = cell.titleLabel();
     title.setNumberOfLines(0);
-    title.setLineBreakMode(ui::LineBreakMode::kByWordWrapping);
-    title.setTextAlignment(ui::TextAlignment::kCenter);
-    cell.setContentHorizontalAlignment(ui::HorizontalAlignment::kCenter);
-    cell.setContentVerticalAlignment(ui::VerticalAlignment::kCenter);
-    cell.addTarget(ActionTarget(), objc::Selector<"dm_mT:">(), ui::kTouchUpInside);
+    title.setLineBreakMode(NSLineBreakByWordWrapping);
+    title.setTextAlignment(NSTextAlignmentCenter);
+    cell.setContentHorizontalAlignment(UIControlContentHorizontalAlignmentCenter);
+    cell.setContentVerticalAlignment(UIControlContentVerticalAlignmentCenter);
+    cell.addTarget(ActionTarget(), objc::Selector<"dm_mT:">(), UIControlEventTouchUpInside);
     AddRecognizer<ui::LongPressGestureRecognizer>(cell, objc::Selector<"dm_mL:">());
     AddMarker(cell);
     container.addSubview(cell);
@@ -64,13 +65,13 @@ void UpdateCell(ui::Button cell, int index, const GridGeometry &geometry, const 
     cell.setHidden(false);
     cell.setFrame(geometry.CellFrame(index));
     cell.setBackgroundColor(style.background());
-    cell.setTitleColor(style.titleColor(), ui::kStateNormal);
+    cell.setTitleColor(style.titleColor(), UIControlStateNormal);
     cell.titleLabel().setFont(style.titleFont());
     const objc::Ref<ns::String> text = SlotDisplayText(index);
     objc::SetAssociated(cell, kFullText, text);
     // The title carries no mark of its own where it is cut: the dot alone tells it.
     const TitleFit fit = Fit(text, geometry.TitleBox(), style.attributes());
-    cell.setTitle(fit.length < text->length() ? text->substringToIndex(fit.length) : text.get(), ui::kStateNormal);
+    cell.setTitle(fit.length < text->length() ? text->substringToIndex(fit.length) : text.get(), UIControlStateNormal);
     const ui::View marker = cell.viewWithTag(kMarkerTag);
     marker.setFrame(geometry.MarkerFrame());
     marker.setHidden(!fit.shortened);

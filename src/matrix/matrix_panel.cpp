@@ -24,12 +24,12 @@ void AddTitle(ui::View container) {
     const auto title = ui::MakeView<ui::Label>({{0, 8}, {310, 20}});
     title->setTag(kTitleTag);
     title->setText("Corvel"_ns);
-    title->setTextAlignment(ui::TextAlignment::kCenter);
+    title->setTextAlignment(NSTextAlignmentCenter);
     container.addSubview(title);
 }
 
 void BuildPanel() {
-    const auto view = MakePanelView(ui::BlurStyle::kDark, {{50, 150}, {310, 350}}, 18);
+    const auto view = MakePanelView(UIBlurEffectStyleDark, {{50, 150}, {310, 350}}, 18);
     view->setAlpha(0);
     AddRecognizers(view);
     const auto container = ui::MakeView<ui::View>(view->bounds());

@@ -55,7 +55,7 @@ void StoreSlot(int index, ns::String text) {
 } // namespace
 
 void HandleCellLongPress(objc::Class, objc::SEL, ui::GestureRecognizer recognizer) {
-    if (recognizer.state() != ui::GestureState::kBegan) {
+    if (recognizer.state() != UIGestureRecognizerStateBegan) {
         return;
     }
     PlayImpactHaptic();

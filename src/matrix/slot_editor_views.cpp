@@ -22,11 +22,11 @@ double BoxWidth() {
 
 ui::Button AddButton(const SlotEditor &editor, cg::Rect frame, ns::String title, ui::Color titleColor,
                      objc::SEL action) {
-    const auto button = ui::Button::buttonWithType(ui::ButtonType::kSystem);
+    const auto button = ui::Button::buttonWithType(UIButtonTypeSystem);
     button.setFrame(frame);
-    button.setTitle(title, ui::kStateNormal);
-    button.setTitleColor(titleColor, ui::kStateNormal);
-    button.addTarget(ActionTarget(), action, ui::kTouchUpInside);
+    button.setTitle(title, UIControlStateNormal);
+    button.setTitleColor(titleColor, UIControlStateNormal);
+    button.addTarget(ActionTarget(), action, UIControlEventTouchUpInside);
     objc::SetAssociated(button, kEditorController, editor.controller);
     editor.box->addSubview(button);
     return button;
@@ -86,9 +86,9 @@ void AddToolbar(const SlotEditor &editor, int index) {
     const auto bar = objc::As<ui::Toolbar>(ns::Alloc<ui::Toolbar>().initWithFrame({{0, 0}, {ScreenSize().width, 44}}));
     const auto toolbar = objc::Ref<ui::Toolbar>::Adopt(bar);
     const auto space = objc::Ref<ui::BarButtonItem>::Adopt(ns::Alloc<ui::BarButtonItem>().initWithBarButtonSystemItem(
-        ui::BarButtonSystemItem::kFlexibleSpace, nullptr, nullptr));
+        UIBarButtonSystemItemFlexibleSpace, nullptr, nullptr));
     const auto done = objc::Ref<ui::BarButtonItem>::Adopt(ns::Alloc<ui::BarButtonItem>().initWithTitle(
-        u"完成"_ns, ui::BarButtonItemStyle::kDone, ActionTarget(), objc::Selector<"dm_sv:">()));
+        u"完成"_ns, UIBarButtonItemStyleDone, ActionTarget(), objc::Selector<"dm_sv:">()));
     MakeSaving(done.get(), editor, index);
     const auto items = ns::New<ns::MutableArray>();
     items->addObject(space.get());
@@ -101,7 +101,7 @@ void AddToolbar(const SlotEditor &editor, int index) {
 
 SlotEditor BuildSlotEditor(int index, ns::String text) {
     SlotEditor editor{.controller = ns::New<ui::ViewController>(), .box = {}, .textView = {}};
-    editor.controller->setModalPresentationStyle(ui::ModalPresentationStyle::kOverFullScreen);
+    editor.controller->setModalPresentationStyle(UIModalPresentationOverFullScreen);
     editor.controller->view().setBackgroundColor(ui::Color::blackColor().colorWithAlphaComponent(0.45));
     const cg::Rect frame{{20, (ScreenSize().height - kBoxHeight) * 0.5}, {BoxWidth(), kBoxHeight}};
     editor.box = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame(frame));

@@ -10,12 +10,9 @@ struct AssociationKey {
     const char *name;
 };
 
-/// OBJC_ASSOCIATION_RETAIN_NONATOMIC.
-inline constexpr std::uintptr_t kAssociationRetainNonatomic = 1;
-
 /// Attaches a value (retained until replaced or until the owner is gone); nil detaches.
 inline void SetAssociated(Object owner, const AssociationKey &key, Object value) {
-    objc_setAssociatedObject(owner.pointer, &key, value.pointer, kAssociationRetainNonatomic);
+    objc_setAssociatedObject(owner.pointer, &key, value.pointer, OBJC_ASSOCIATION_RETAIN_NONATOMIC);
 }
 
 /// The value attached under the key, as T; nil when there is none.

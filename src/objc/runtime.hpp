@@ -25,6 +25,14 @@ using Protocol = objc_protocol *;
 using IMP = void (*)();
 } // namespace objc
 
+enum objc_AssociationPolicy : std::uintptr_t {
+    OBJC_ASSOCIATION_ASSIGN = 0,
+    OBJC_ASSOCIATION_RETAIN_NONATOMIC = 1,
+    OBJC_ASSOCIATION_COPY_NONATOMIC = 3,
+    OBJC_ASSOCIATION_RETAIN = 01401,
+    OBJC_ASSOCIATION_COPY = 01403,
+};
+
 extern "C" {
 objc::Class objc_getClass(const char *name);
 objc::Class objc_allocateClassPair(objc::Class superclass, const char *name, std::size_t extraBytes);
@@ -46,7 +54,7 @@ const char *method_getTypeEncoding(objc::Method method);
 objc::IMP method_getImplementation(objc::Method method);
 objc::IMP method_setImplementation(objc::Method method, objc::IMP implementation);
 objc::IMP imp_implementationWithBlock(objc::id block);
-void objc_setAssociatedObject(objc::id object, const void *key, objc::id value, std::uintptr_t policy);
+void objc_setAssociatedObject(objc::id object, const void *key, objc::id value, objc_AssociationPolicy policy);
 objc::id objc_getAssociatedObject(objc::id object, const void *key);
 objc::id objc_initWeak(objc::id *location, objc::id value);
 objc::id objc_loadWeakRetained(objc::id *location);

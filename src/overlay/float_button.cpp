@@ -28,7 +28,7 @@ cg::Point StoredCenter() {
 void BuildFloatButton() {
     const auto button = MakeRoundButton(u"弹"_ns, PresentHost().color(), objc::Selector<"dm_ftap">());
     AddShadow(button.layer());
-    button.setTitleColor(ui::Color::whiteColor(), ui::kStateNormal);
+    button.setTitleColor(ui::Color::whiteColor(), UIControlStateNormal);
     button.titleLabel().setFont(ui::Font::boldSystemFontOfSize(18));
     AddRecognizer<ui::LongPressGestureRecognizer>(button, objc::Selector<"dm_flp:">());
     AddDragRecognizer(button);

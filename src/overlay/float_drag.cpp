@@ -65,7 +65,7 @@ void HandleFloatDrag(objc::Class, objc::SEL, ui::PanGestureRecognizer recognizer
     button.setCenter(target);
     Overlay().captureButton->setCenter(CaptureButtonCenter(target));
     recognizer.setTranslation({0, 0}, space);
-    if (recognizer.state() == ui::GestureState::kEnded) {
+    if (recognizer.state() == UIGestureRecognizerStateEnded) {
         FinishDrag(button);
     }
 }

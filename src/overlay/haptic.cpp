@@ -7,7 +7,7 @@ namespace corvel {
 
 void PlayImpactHaptic() {
     const auto generator = objc::Ref<ui::ImpactFeedbackGenerator>::Adopt(
-        ns::Alloc<ui::ImpactFeedbackGenerator>().initWithStyle(ui::ImpactStyle::kMedium));
+        ns::Alloc<ui::ImpactFeedbackGenerator>().initWithStyle(UIImpactFeedbackStyleMedium));
     generator->prepare();
     generator->impactOccurred();
 }

@@ -72,7 +72,7 @@ void Panel::Remove() {
     content_ = nullptr;
 }
 
-objc::Ref<ui::VisualEffectView> MakePanelView(ui::BlurStyle style, cg::Rect frame, double cornerRadius) {
+objc::Ref<ui::VisualEffectView> MakePanelView(UIBlurEffectStyle style, cg::Rect frame, double cornerRadius) {
     const auto view = objc::Ref<ui::VisualEffectView>::Adopt(
         ns::Alloc<ui::VisualEffectView>().initWithEffect(ui::BlurEffect::effectWithStyle(style)));
     view->setFrame(frame);
@@ -105,7 +105,7 @@ void HandlePanelPan(objc::Class, objc::SEL, ui::PanGestureRecognizer recognizer)
     const cg::Point center = panel.center();
     panel.setCenter({center.x + moved.x, center.y + moved.y});
     recognizer.setTranslation({0, 0}, space);
-    if (recognizer.state() == ui::GestureState::kBegan) {
+    if (recognizer.state() == UIGestureRecognizerStateBegan) {
         RaisePanel(panel);
     }
 }

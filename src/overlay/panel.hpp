@@ -50,7 +50,7 @@ class Panel {
 };
 
 /// A panel's view, blurred in the style, with the frame and the corner radius in points.
-objc::Ref<ui::VisualEffectView> MakePanelView(ui::BlurStyle style, cg::Rect frame, double cornerRadius);
+objc::Ref<ui::VisualEffectView> MakePanelView(UIBlurEffectStyle style, cg::Rect frame, double cornerRadius);
 
 /// Closes every open panel; whether there was one.
 bool CloseOpenPanels();

@@ -7,12 +7,12 @@ namespace corvel {
 
 ui::Button MakeRoundButton(ns::String title, ui::Color background, objc::SEL action) {
     constexpr double kDiameter = 50;
-    const auto button = ui::Button::buttonWithType(ui::ButtonType::kCustom);
+    const auto button = ui::Button::buttonWithType(UIButtonTypeCustom);
     button.setFrame({{0, 0}, {kDiameter, kDiameter}});
     button.setBackgroundColor(background);
     button.layer().setCornerRadius(kDiameter / 2);
-    button.setTitle(title, ui::kStateNormal);
-    button.addTarget(ActionTarget(), action, ui::kTouchUpInside);
+    button.setTitle(title, UIControlStateNormal);
+    button.addTarget(ActionTarget(), action, UIControlEventTouchUpInside);
     button.setAlpha(kFloatButtonAlpha.Read());
     return button;
 }

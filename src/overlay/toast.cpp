@@ -18,7 +18,7 @@ void AddToastLabel(ui::Window window) {
     label->setBackgroundColor(ui::Color::blackColor().colorWithAlphaComponent(0.75));
     label->setTextColor(ui::Color::whiteColor());
     label->setFont(ui::Font::systemFontOfSize(12));
-    label->setTextAlignment(ui::TextAlignment::kCenter);
+    label->setTextAlignment(NSTextAlignmentCenter);
     label->setNumberOfLines(2);
     label->layer().setCornerRadius(10);
     label->setClipsToBounds(true);

@@ -12,7 +12,7 @@ template <class Visit> void VisitForegroundScenes(Visit visit) {
             continue;
         }
         const auto windowScene = objc::As<ui::WindowScene>(scene);
-        if (windowScene.activationState() == ui::SceneActivationState::kForegroundActive && visit(windowScene)) {
+        if (windowScene.activationState() == UISceneActivationStateForegroundActive && visit(windowScene)) {
             return;
         }
     }

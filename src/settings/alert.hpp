@@ -10,18 +10,17 @@ namespace corvel {
 class Alert {
   public:
     Alert(ns::String title, ns::String message)
-        : controller_(ui::AlertController::alertControllerWithTitle(title, message, ui::AlertControllerStyle::kAlert)) {
-    }
+        : controller_(ui::AlertController::alertControllerWithTitle(title, message, UIAlertControllerStyleAlert)) {}
 
     /// An answer that runs the function.
-    template <class F> Alert &Answer(ns::String title, ui::AlertActionStyle style, const F &function) {
+    template <class F> Alert &Answer(ns::String title, UIAlertActionStyle style, const F &function) {
         controller_.addAction(ui::AlertAction::actionWithTitle(
             title, style, objc::MakeBlock<void(ui::AlertAction)>([function](ui::AlertAction) { function(); })));
         return *this;
     }
     /// The answer that only closes the alert.
     Alert &Cancel(ns::String title) {
-        controller_.addAction(ui::AlertAction::actionWithTitle(title, ui::AlertActionStyle::kCancel, nullptr));
+        controller_.addAction(ui::AlertAction::actionWithTitle(title, UIAlertActionStyleCancel, nullptr));
         return *this;
     }
     /// Over all that the key window presents.

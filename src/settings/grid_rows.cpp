@@ -38,9 +38,10 @@ template <std::size_t N> void AddSegments(Column &column, long tag, const ns::St
     control->setFrame({{kSettingsMargin, column.y}, {kSettingsRowWidth, 30}});
     control->setTag(tag);
     control->setTitleTextAttributes(
-        ns::Dictionary::dictionaryWithObject(ui::Font::systemFontOfSize(11), NSFontAttributeName), ui::kStateNormal);
+        ns::Dictionary::dictionaryWithObject(ui::Font::systemFontOfSize(11), NSFontAttributeName),
+        UIControlStateNormal);
     control->setSelectedSegmentIndex(selected);
-    control->addTarget(ActionTarget(), objc::Selector<"dm_gc:">(), ui::kValueChanged);
+    control->addTarget(ActionTarget(), objc::Selector<"dm_gc:">(), UIControlEventValueChanged);
     column.container.addSubview(control);
 }
 
@@ -53,10 +54,10 @@ void AddField(ui::View block, const FieldRow &row) {
     const auto field = ui::MakeView<ui::TextField>({{row.x, 26}, {125, 34}});
     field->setPlaceholder(row.placeholder);
     ShowNumber(field, row.preference.Read());
-    objc::As<ui::TextInputTraits>(field.get()).setKeyboardType(ui::KeyboardType::kNumberPad);
-    field->setBorderStyle(ui::TextBorderStyle::kRoundedRect);
+    objc::As<ui::TextInputTraits>(field.get()).setKeyboardType(UIKeyboardTypeNumberPad);
+    field->setBorderStyle(UITextBorderStyleRoundedRect);
     objc::SetAssociated(field, kRowPreferenceKey, row.preference.key());
-    field->addTarget(ActionTarget(), objc::Selector<"dm_gi:">(), ui::kEditingDidEnd);
+    field->addTarget(ActionTarget(), objc::Selector<"dm_gi:">(), UIControlEventEditingDidEnd);
     block.addSubview(field);
 }
 
@@ -78,16 +79,16 @@ void AddGridRows(Column &column) {
     const long stored = kGridPresetIndex.Read();
     // Beyond the last preset the first is shown, although the matrix draws its custom grid then: that is wanted. What
     // is below all presets shows none.
-    const long preset = stored > kCustomPreset ? 0 : std::max(stored, ui::kNoSegment);
+    const long preset = stored > kCustomPreset ? 0 : std::max(stored, UISegmentedControlNoSegment);
     const bool second = preset >= kSecondControlStart;
     AddLabel(column.container, {{kSettingsMargin, column.y}, {kSettingsRowWidth, 20}}, u"矩阵规模"_ns,
              ui::Font::systemFontOfSize(14), ui::Color::labelColor());
     column.y += 28;
     AddSegments(column, kFirstControlTag, {"4"_ns, "12"_ns, "16"_ns, "20"_ns, "25"_ns},
-                second ? ui::kNoSegment : preset);
+                second ? UISegmentedControlNoSegment : preset);
     column.y += 38;
     AddSegments(column, kSecondControlTag, {"36"_ns, "42"_ns, "48"_ns, u"自定义"_ns},
-                second ? preset - kSecondControlStart : ui::kNoSegment);
+                second ? preset - kSecondControlStart : UISegmentedControlNoSegment);
     column.y += 42;
     if (stored == kCustomPreset) {
         AddCustomBlock(column);
@@ -100,10 +101,10 @@ void HandleGridChoice(objc::Class, objc::SEL, ui::SegmentedControl control) {
     const auto second = objc::As<ui::SegmentedControl>(row.viewWithTag(kSecondControlTag));
     long preset = 0;
     if (control.tag() == kFirstControlTag) {
-        second.setSelectedSegmentIndex(ui::kNoSegment);
+        second.setSelectedSegmentIndex(UISegmentedControlNoSegment);
         preset = first.selectedSegmentIndex();
     } else {
-        first.setSelectedSegmentIndex(ui::kNoSegment);
+        first.setSelectedSegmentIndex(UISegmentedControlNoSegment);
         preset = second.selectedSegmentIndex() + kSecondControlStart;
     }
     kGridPresetIndex.Write(preset);

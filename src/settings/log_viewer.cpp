@@ -22,12 +22,12 @@ void HandleShowLog(objc::Class, objc::SEL) {
     const objc::Ref<ns::String> log = ReadStringPreference(kLogBuffer.key(), u"暂无日志"_ns);
     Alert(u"调试日志"_ns, log)
         // Copies what is shown, the words for an empty log too.
-        .Answer(u"复制日志"_ns, ui::AlertActionStyle::kDefault,
+        .Answer(u"复制日志"_ns, UIAlertActionStyleDefault,
                 [log] {
                     ui::Pasteboard::generalPasteboard().setString(log);
                     ShowToast(u"已复制"_ns);
                 })
-        .Answer(u"清空日志"_ns, ui::AlertActionStyle::kDestructive, [] { ClearLogBuffer(); })
+        .Answer(u"清空日志"_ns, UIAlertActionStyleDestructive, [] { ClearLogBuffer(); })
         .Cancel(u"关闭"_ns)
         .Present();
 }
@@ -38,7 +38,7 @@ void HandleClearLog(objc::Class, objc::SEL) {
 }
 
 void HandleDebugLongPress(objc::Class, objc::SEL, ui::GestureRecognizer recognizer) {
-    if (recognizer.state() != ui::GestureState::kBegan) {
+    if (recognizer.state() != UIGestureRecognizerStateBegan) {
         return;
     }
     // What the question said decides, not what the store holds by the time of the answer.
@@ -46,7 +46,7 @@ void HandleDebugLongPress(objc::Class, objc::SEL, ui::GestureRecognizer recogniz
     (wasOn ? Alert(u"关闭调试功能"_ns, u"确认关闭调试日志？"_ns)
            : Alert(u"开启调试功能"_ns, u"开启后可在设置中查看/导出调试日志"_ns))
         .Cancel(u"取消"_ns)
-        .Answer(u"确定"_ns, ui::AlertActionStyle::kDefault, [wasOn] { SetDebugFeatures(!wasOn); })
+        .Answer(u"确定"_ns, UIAlertActionStyleDefault, [wasOn] { SetDebugFeatures(!wasOn); })
         .Present();
 }
 

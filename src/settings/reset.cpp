@@ -12,7 +12,7 @@ namespace corvel {
 void HandleReset(objc::Class, objc::SEL) {
     Alert(u"清除配置"_ns, u"确定清除所有插件配置？"_ns)
         .Cancel(u"取消"_ns)
-        .Answer(u"确定清除"_ns, ui::AlertActionStyle::kDestructive, [] { ResetConfiguration(); })
+        .Answer(u"确定清除"_ns, UIAlertActionStyleDestructive, [] { ResetConfiguration(); })
         .Present();
 }
 

@@ -62,7 +62,7 @@ double AddFooter(ui::View container) {
     const ui::Label version =
         AddLabel(container, {{0, kHeight - 20}, {kSettingsWidth, 20}}, ns::Formatted("Corvel v%s"_ns, arguments),
                  ui::Font::systemFontOfSize(12), ui::Color::secondaryLabelColor());
-    version.setTextAlignment(ui::TextAlignment::kCenter);
+    version.setTextAlignment(NSTextAlignmentCenter);
     return kHeight;
 }
 

@@ -24,7 +24,7 @@ void AddRecognizers(ui::View panel) {
 void AddTitleBar(ui::View content) {
     const ui::Label title = AddLabel(content, {{0, 0}, {kSettingsWidth, kTitleHeight}}, u"设置中心"_ns,
                                      ui::Font::boldSystemFontOfSize(17), ui::Color::labelColor());
-    title.setTextAlignment(ui::TextAlignment::kCenter);
+    title.setTextAlignment(NSTextAlignmentCenter);
     AddSystemButton(content, {{260, 5}, {35, 35}}, u"✕"_ns, ui::Color::redColor(), objc::Selector<"dm_cm">());
 }
 
@@ -37,7 +37,7 @@ bool PlacePanel(cg::Rect frame) {
     if (!Overlay().window) {
         return false;
     }
-    const auto view = MakePanelView(ui::BlurStyle::kSystemMaterial, frame, 14);
+    const auto view = MakePanelView(UIBlurEffectStyleSystemMaterial, frame, 14);
     AddRecognizers(view);
     AddTitleBar(view->contentView());
     const auto scrollView =
@@ -78,7 +78,7 @@ void RebuildSettingsPanel() {
 }
 
 void HandleFloatLongPress(objc::Class, objc::SEL, ui::GestureRecognizer recognizer) {
-    if (recognizer.state() != ui::GestureState::kBegan) {
+    if (recognizer.state() != UIGestureRecognizerStateBegan) {
         return; // one press toggles once, when it is recognised
     }
     PlayImpactHaptic();

@@ -11,7 +11,7 @@ namespace {
 /// Makes a control edit the preference and adds it.
 void AddControl(ui::View container, ui::Control control, const Preference &preference, objc::SEL action) {
     objc::SetAssociated(control, kRowPreferenceKey, preference.key());
-    control.addTarget(ActionTarget(), action, ui::kValueChanged);
+    control.addTarget(ActionTarget(), action, UIControlEventValueChanged);
     container.addSubview(control);
 }
 

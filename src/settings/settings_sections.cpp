@@ -53,7 +53,7 @@ ui::Button AddHeader(ui::View container, const Section &section) {
     header.setBackgroundColor(ui::Color::systemGrayColor().colorWithAlphaComponent(0.08));
     header.layer().setCornerRadius(10);
     header.titleLabel().setFont(ui::Font::boldSystemFontOfSize(14));
-    header.setContentHorizontalAlignment(ui::HorizontalAlignment::kLeft);
+    header.setContentHorizontalAlignment(UIControlContentHorizontalAlignmentLeft);
     header.setTitleEdgeInsets({.left = 8});
     objc::SetAssociated(header, kFoldKey, section.folded.key());
     return header;
@@ -91,10 +91,10 @@ void LayoutSection(ns::Dictionary record, double &y) {
     const auto header = objc::As<ui::Button>(record.objectForKey("header"_ns));
     const auto content = objc::As<ui::View>(record.objectForKey("content"_ns));
     const bool folded = ReadBoolPreference(objc::As<ns::String>(record.objectForKey("key"_ns)));
-    const ns::String title = header.titleForState(ui::kStateNormal)
+    const ns::String title = header.titleForState(UIControlStateNormal)
                                  .stringByReplacingOccurrencesOfString(u"▶ "_ns, ""_ns)
                                  .stringByReplacingOccurrencesOfString(u"▼ "_ns, ""_ns);
-    header.setTitle(HeaderTitle(folded, title), ui::kStateNormal);
+    header.setTitle(HeaderTitle(folded, title), UIControlStateNormal);
     header.setFrame(HeaderFrame(y));
     y += kHeaderStep;
     content.setHidden(folded);

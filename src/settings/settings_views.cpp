@@ -15,11 +15,11 @@ ui::Label AddLabel(ui::View container, cg::Rect frame, ns::String text, ui::Font
 
 ui::Button AddSystemButton(ui::View container, cg::Rect frame, ns::String title, ui::Color titleColor,
                            objc::SEL action) {
-    const auto button = ui::Button::buttonWithType(ui::ButtonType::kSystem);
+    const auto button = ui::Button::buttonWithType(UIButtonTypeSystem);
     button.setFrame(frame);
-    button.setTitle(title, ui::kStateNormal);
-    button.setTitleColor(titleColor, ui::kStateNormal);
-    button.addTarget(ActionTarget(), action, ui::kTouchUpInside);
+    button.setTitle(title, UIControlStateNormal);
+    button.setTitleColor(titleColor, UIControlStateNormal);
+    button.addTarget(ActionTarget(), action, UIControlEventTouchUpInside);
     container.addSubview(button);
     return button;
 }

@@ -35,7 +35,7 @@ objc::Ref<ns::String> Encode(ns::Dictionary configuration) {
     if (packed->length() > 0) {
         return "DM1:"_ns.stringByAppendingString(packed->base64EncodedStringWithOptions(0));
     }
-    return objc::Ref<ns::String>::Adopt(ns::Alloc<ns::String>().initWithData(json, ns::StringEncoding::kUtf8));
+    return objc::Ref<ns::String>::Adopt(ns::Alloc<ns::String>().initWithData(json, NSUTF8StringEncoding));
 }
 
 /// The JSON text that stands in base64 behind the magic; empty when there is none.
@@ -48,7 +48,7 @@ objc::Ref<ns::Data> Unpack(ns::String text) {
 objc::Ref<ns::Dictionary> Decode(ns::String text) {
     const bool isPacked = text.hasPrefix("DM1:"_ns) || text.hasPrefix("CV1:"_ns);
     const objc::Ref<ns::Data> json =
-        isPacked ? Unpack(text) : objc::Ref<ns::Data>(text.dataUsingEncoding(ns::StringEncoding::kUtf8));
+        isPacked ? Unpack(text) : objc::Ref<ns::Data>(text.dataUsingEncoding(NSUTF8StringEncoding));
     if (!json) {
         return {};
     }

@@ -18,11 +18,6 @@ using test::NewCounted;
 constexpr objc::AssociationKey kText{"text"};
 constexpr objc::AssociationKey kOther{"text"}; // the same name, another key
 
-constexpr std::uintptr_t kAssign = 0;
-constexpr std::uintptr_t kCopyNonatomic = 3;
-constexpr std::uintptr_t kRetain = 01401;
-constexpr std::uintptr_t kCopy = 01403;
-
 class LifeTest : public testing::Test {
   protected:
     void SetUp() override {
@@ -92,7 +87,7 @@ TEST_F(AssociatedObjects, TheAssignPolicyNeitherRetainsNorReleases) {
     const auto value = NewCounted();
     {
         const auto owner = ns::New<ns::Object>();
-        objc_setAssociatedObject(owner.get().pointer, &kText, value.get().pointer, kAssign);
+        objc_setAssociatedObject(owner.get().pointer, &kText, value.get().pointer, OBJC_ASSOCIATION_ASSIGN);
         EXPECT_EQ(value->retainCount(), 1UL);
         EXPECT_EQ(objc::GetAssociated(owner.get(), kText), value.get());
     }
@@ -100,13 +95,13 @@ TEST_F(AssociatedObjects, TheAssignPolicyNeitherRetainsNorReleases) {
 }
 
 TEST_F(AssociatedObjects, TheCopyPoliciesKeepACopy) {
-    for (const std::uintptr_t policy : {kCopyNonatomic, kCopy}) {
+    for (const objc_AssociationPolicy policy : {OBJC_ASSOCIATION_COPY_NONATOMIC, OBJC_ASSOCIATION_COPY}) {
         auto owner = ns::New<ns::Object>();
         const auto value = NewCounted();
         objc_setAssociatedObject(owner.get().pointer, &kText, value.get().pointer, policy);
         EXPECT_EQ(Counted::alive, 2);
         EXPECT_NE(objc_getAssociatedObject(owner.get().pointer, &kOther), value.get().pointer);
-        if (policy == kCopyNonatomic) { // the atomic one hands the copy to the autorelease pool too
+        if (policy == OBJC_ASSOCIATION_COPY_NONATOMIC) { // the atomic one hands the copy to the autorelease pool too
             EXPECT_NE(objc::GetAssociated(owner.get(), kText), value.get());
         }
         owner = {};
@@ -116,7 +111,7 @@ TEST_F(AssociatedObjects, TheCopyPoliciesKeepACopy) {
 
 TEST_F(AssociatedObjects, TheAtomicRetainPolicyIsReleasedTooWithItsOwner) {
     auto owner = ns::New<ns::Object>();
-    objc_setAssociatedObject(owner.get().pointer, &kText, NewCounted().get().pointer, kRetain);
+    objc_setAssociatedObject(owner.get().pointer, &kText, NewCounted().get().pointer, OBJC_ASSOCIATION_RETAIN);
     EXPECT_EQ(Counted::alive, 1);
     owner = {};
     EXPECT_EQ(Counted::alive, 0);

@@ -2,6 +2,7 @@
 
 #include "apple/foundation/string.hpp"
 #include "objc/guard.hpp"
+#include "runtime/utf16.hpp"
 #include "runtime_support.hpp"
 
 #include <gtest/gtest.h>
@@ -14,11 +15,8 @@
 namespace corvel {
 namespace {
 
+using sim::StringOf;
 using Lengths = std::vector<unsigned long>;
-
-ns::String StringOf(std::u16string_view units) {
-    return ns::String::stringWithCharacters(units.data(), units.size());
-}
 
 /// The lengths of the text's characters, asked for at each of its units.
 Lengths CharactersOf(ns::String text) {

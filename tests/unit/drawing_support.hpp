@@ -4,6 +4,7 @@
 #include "apple/uikit/font.hpp"
 #include "apple/uikit/view.hpp"
 #include "render/surface.hpp"
+#include "runtime/utf16.hpp"
 #include "runtime_support.hpp"
 #include "uikit/color.hpp"
 #include "uikit/uikit.hpp"
@@ -18,6 +19,8 @@
 #include <string_view>
 
 namespace corvel::test {
+
+using sim::StringOf;
 
 inline constexpr double kUnlimited = std::numeric_limits<double>::max();
 inline constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
@@ -49,20 +52,12 @@ inline std::uint32_t Argb(ui::Color color) {
     return byte(c.a) << 24 | byte(c.r) << 16 | byte(c.g) << 8 | byte(c.b);
 }
 
-inline ns::String StringOf(std::u16string_view units) {
-    return ns::String::stringWithCharacters(units.data(), units.size());
-}
-
 inline double LineHeight(double size) {
     return objc::Send<"lineHeight", double>(ui::Font::systemFontOfSize(size));
 }
 
-template <objc::Handle T> objc::Ref<T> Make(cg::Rect frame) {
-    return objc::Ref<T>::Adopt(T{ns::Alloc<T>().initWithFrame(frame).pointer});
-}
-
 inline objc::Ref<ui::View> Box(cg::Rect frame, ui::Color color) {
-    objc::Ref<ui::View> box = Make<ui::View>(frame);
+    auto box = ui::MakeView<ui::View>(frame);
     box->setBackgroundColor(color);
     return box;
 }

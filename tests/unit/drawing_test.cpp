@@ -138,7 +138,7 @@ TEST_F(Views, ShadowsAreSoftAndLieBelow) {
 }
 
 TEST_F(Views, RunningAnimationsShowWhatTheyHaveReached) {
-    const auto window = Make<ui::Window>({{0, 0}, {100, 40}});
+    const auto window = ui::MakeView<ui::Window>({{0, 0}, {100, 40}});
     const auto box = Box({{0, 0}, {20, 20}}, Rgb(0xFF0000));
     window->setHidden(false);
     window->addSubview(box);
@@ -154,8 +154,8 @@ TEST_F(Views, RunningAnimationsShowWhatTheyHaveReached) {
     window->setHidden(true);
 }
 
-objc::Ref<ui::VisualEffectView> MakeBlur(long style, cg::Rect frame) {
-    const ui::BlurEffect effect = ui::BlurEffect::effectWithStyle(static_cast<ui::BlurStyle>(style));
+objc::Ref<ui::VisualEffectView> MakeBlur(UIBlurEffectStyle style, cg::Rect frame) {
+    const ui::BlurEffect effect = ui::BlurEffect::effectWithStyle(style);
     auto view = objc::Ref<ui::VisualEffectView>::Adopt(ns::Alloc<ui::VisualEffectView>().initWithEffect(effect));
     view->setFrame(frame);
     return view;
@@ -168,7 +168,7 @@ int BrightnessAt(const Picture &picture, int x, int y) {
 TEST_F(Effects, WhatLiesBehindIsBlurredAndTinted) {
     const auto ground = Box({{0, 0}, {200, 100}}, Rgb(0));
     ground->addSubview(Box({{100, 0}, {100, 100}}, Rgb(0xFFFFFF)));
-    ground->addSubview(MakeBlur(2, {{20, 20}, {160, 60}}));
+    ground->addSubview(MakeBlur(UIBlurEffectStyleDark, {{20, 20}, {160, 60}}));
     const Picture picture(ground, 200, 100);
     EXPECT_EQ(picture.At(5, 50), 0xFF000000U) << "outside all is sharp";
     EXPECT_EQ(picture.At(195, 50), 0xFFFFFFFFU);
@@ -184,7 +184,7 @@ TEST_F(Effects, WhatLiesBehindIsBlurredAndTinted) {
 
 TEST_F(Effects, TheSystemMaterialFollowsTheAppearance) {
     const auto ground = Box({{0, 0}, {100, 100}}, Rgb(0x808080));
-    ground->addSubview(MakeBlur(8, {{0, 0}, {100, 100}}));
+    ground->addSubview(MakeBlur(UIBlurEffectStyleSystemMaterial, {{0, 0}, {100, 100}}));
     EXPECT_GT(BrightnessAt(Picture(ground, 100, 100), 50, 50), 200);
     sim::SetDarkAppearance(true);
     EXPECT_LT(BrightnessAt(Picture(ground, 100, 100), 50, 50), 80);
@@ -192,7 +192,7 @@ TEST_F(Effects, TheSystemMaterialFollowsTheAppearance) {
 
 TEST_F(Effects, BlurSeesThroughAlphaGroups) {
     const auto ground = Box({{0, 0}, {100, 100}}, Rgb(0xFFFFFF));
-    const auto blur = MakeBlur(2, {{0, 0}, {100, 100}});
+    const auto blur = MakeBlur(UIBlurEffectStyleDark, {{0, 0}, {100, 100}});
     ground->addSubview(blur);
     const int opaque = BrightnessAt(Picture(ground, 100, 100), 50, 50);
     blur->setAlpha(0.5);
@@ -200,14 +200,15 @@ TEST_F(Effects, BlurSeesThroughAlphaGroups) {
 }
 
 TEST_F(Effects, ContentViewFillsTheView) {
-    const auto blur = MakeBlur(2, {{10, 10}, {100, 50}});
+    const auto blur = MakeBlur(UIBlurEffectStyleDark, {{10, 10}, {100, 50}});
     const ui::View content = blur->contentView();
     EXPECT_EQ(content.frame(), (cg::Rect{{0, 0}, {100, 50}}));
     EXPECT_EQ(content.superview(), blur.get());
     blur->setFrame({{30, 30}, {70, 90}});
     EXPECT_EQ(content.frame(), (cg::Rect{{0, 0}, {70, 90}}));
-    EXPECT_FALSE(objc::Guard([&] { blur->addSubview(Make<ui::View>({})); })) << "only the content view takes subviews";
-    content.addSubview(Make<ui::View>({}));
+    EXPECT_FALSE(objc::Guard([&] { blur->addSubview(ui::MakeView<ui::View>({})); }))
+        << "only the content view takes subviews";
+    content.addSubview(ui::MakeView<ui::View>({}));
     EXPECT_EQ(content.subviews().count(), 1U);
 }
 

@@ -61,7 +61,7 @@ using namespace corvel::test;
 struct Moved {
     cg::Point center{100, 200};
     cg::Point translation;
-    ui::GestureState state = ui::GestureState::kChanged;
+    UIGestureRecognizerState state = UIGestureRecognizerStateChanged;
 };
 constinit Moved moved;
 
@@ -80,7 +80,7 @@ cg::Point Translation(ns::Object, objc::SEL, ns::Object) {
 void SetTranslation(ns::Object, objc::SEL, cg::Point translation, ns::Object) {
     moved.translation = translation;
 }
-ui::GestureState State(ns::Object, objc::SEL) {
+UIGestureRecognizerState State(ns::Object, objc::SEL) {
     return moved.state;
 }
 

@@ -1,6 +1,7 @@
 // NSString of the simulated phone: every sequence of UTF-16 units is a string.
 
 #include "apple/foundation/data.hpp"
+#include "runtime/utf16.hpp"
 
 #include <gtest/gtest.h>
 
@@ -10,15 +11,8 @@
 namespace corvel {
 namespace {
 
-std::u16string UnitsOf(ns::String string) {
-    std::u16string units(string.length(), u'\0');
-    string.getCharacters(units.data(), {0, units.size()});
-    return units;
-}
-
-ns::String StringOf(const std::u16string &units) {
-    return ns::String::stringWithCharacters(units.data(), units.size());
-}
+using sim::StringOf;
+using sim::UnitsOf;
 
 const std::u16string kOdd[] = {
     {0xD83D},                                // the first half of a pair
@@ -38,11 +32,11 @@ TEST(FoundationString, KeepsTheUnitsItIsMadeOf) {
 
 TEST(FoundationString, KeepsTheUnitsOfItsBytes) {
     for (const std::u16string &units : kOdd) {
-        for (const auto encoding : {ns::StringEncoding::kUtf16BigEndian, ns::StringEncoding::kUtf16LittleEndian}) {
+        for (const auto encoding : {NSUTF16BigEndianStringEncoding, NSUTF16LittleEndianStringEncoding}) {
             std::string bytes;
             for (const char16_t unit : units) {
                 const char pair[] = {static_cast<char>(unit >> 8), static_cast<char>(unit)};
-                const bool bigEndian = encoding == ns::StringEncoding::kUtf16BigEndian;
+                const bool bigEndian = encoding == NSUTF16BigEndianStringEncoding;
                 bytes += {pair[bigEndian ? 0 : 1], pair[bigEndian ? 1 : 0]};
             }
             const auto string = objc::Ref<ns::String>::Adopt(
@@ -86,9 +80,9 @@ TEST(FoundationString, MutableOnesStayMutable) {
 
 TEST(FoundationString, HasUtf8TextOnlyForWholeCharacters) {
     EXPECT_STREQ(StringOf(u"弹😀").UTF8String(), "弹😀");
-    EXPECT_EQ(StringOf({u'a', 0xD83D}).UTF8String(), nullptr);
+    EXPECT_EQ(StringOf(std::u16string{u'a', 0xD83D}).UTF8String(), nullptr);
     const auto text = ns::MutableString::string();
-    text.appendString(StringOf({0xDE00}));
+    text.appendString(StringOf(std::u16string{0xDE00}));
     EXPECT_EQ(text.UTF8String(), nullptr);
 }
 

@@ -117,7 +117,7 @@ TEST_F(Images, SavingTellsItsTargetLater) {
 }
 
 TEST_F(Images, TheScreenShowsItsWindows) {
-    const ui::WindowScene scene = sim::MakeWindowScene(0);
+    const ui::WindowScene scene = sim::MakeWindowScene(UISceneActivationStateForegroundActive);
     const auto shown = objc::Ref<ui::Window>::Adopt(ns::Alloc<ui::Window>().initWithWindowScene(scene));
     shown->setFrame({{0, 0}, sim::ScreenSize()});
     shown->setWindowLevel(1e6);
@@ -145,13 +145,13 @@ TEST_F(Images, TheScreenShowsItsWindows) {
 TEST_F(Haptics, ImpactsAreRecordedWithTimeAndStyle) {
     const std::size_t before = sim::HapticImpacts().size();
     const auto generator = objc::Ref<ui::ImpactFeedbackGenerator>::Adopt(
-        ns::Alloc<ui::ImpactFeedbackGenerator>().initWithStyle(ui::ImpactStyle::kMedium));
+        ns::Alloc<ui::ImpactFeedbackGenerator>().initWithStyle(UIImpactFeedbackStyleMedium));
     generator->prepare();
     EXPECT_EQ(sim::HapticImpacts().size(), before) << "nothing is felt yet";
     sim::clock::Advance(2);
     generator->impactOccurred();
     ASSERT_EQ(sim::HapticImpacts().size(), before + 1);
-    EXPECT_EQ(sim::HapticImpacts().back().style, 1);
+    EXPECT_EQ(sim::HapticImpacts().back().style, UIImpactFeedbackStyleMedium);
     EXPECT_EQ(sim::HapticImpacts().back().time, sim::clock::Now());
     EXPECT_TRUE(sim::HapticImpacts().back().prepared);
 }

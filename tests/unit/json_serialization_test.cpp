@@ -16,11 +16,6 @@ namespace {
 
 using Json = ns::JSONSerialization;
 
-constexpr unsigned long kPretty = 1;
-constexpr unsigned long kSorted = 2;
-constexpr unsigned long kFragments = 4;
-constexpr unsigned long kPlainSlashes = 8;
-
 ns::Data BytesOf(std::string_view bytes) {
     return ns::Data::dataWithBytes(bytes.data(), bytes.size());
 }
@@ -125,7 +120,7 @@ TEST(JsonReading, RefusesWhatIsNoJson) {
 TEST(JsonReading, WantsAContainerUnlessFragmentsAreAllowed) {
     EXPECT_FALSE(Parse("\"text\""));
     EXPECT_FALSE(Parse("12"));
-    EXPECT_TRUE(Parse("12", kFragments).isEqual(ns::Object(ns::Number::numberWithInt(12))));
+    EXPECT_TRUE(Parse("12", NSJSONReadingFragmentsAllowed).isEqual(ns::Object(ns::Number::numberWithInt(12))));
 }
 
 TEST(JsonReading, StopsAtALevelThatNoHonestTextHas) {
@@ -156,7 +151,7 @@ TEST(JsonReading, RaisesForNoData) {
 
 TEST(JsonWriting, IsCompact) {
     const auto object = Parse(R"({"a" : [1, 2, {"b" : null}], "c" : ""})");
-    EXPECT_EQ(Written(object, kSorted), R"({"a":[1,2,{"b":null}],"c":""})");
+    EXPECT_EQ(Written(object, NSJSONWritingSortedKeys), R"({"a":[1,2,{"b":null}],"c":""})");
     EXPECT_EQ(Written(Parse("{}")), "{}");
     EXPECT_EQ(Written(Parse("[]")), "[]");
 }
@@ -172,7 +167,7 @@ TEST(JsonWriting, TellsBooleansFromNumbers) {
 TEST(JsonWriting, EscapesWhatMustBeAndSlashes) {
     EXPECT_EQ(Written(Parse("[\"\\\"\\\\/\\b\\f\\n\\r\\t\\u0001\\u001f\\u007f\"]")),
               "[\"\\\"\\\\\\/\\b\\f\\n\\r\\t\\u0001\\u001f\x7f\"]");
-    EXPECT_EQ(Written(Parse("[\"/\"]"), kPlainSlashes), "[\"/\"]");
+    EXPECT_EQ(Written(Parse("[\"/\"]"), NSJSONWritingWithoutEscapingSlashes), "[\"/\"]");
 }
 
 TEST(JsonWriting, LeavesOtherTextAsItIs) {
@@ -181,13 +176,13 @@ TEST(JsonWriting, LeavesOtherTextAsItIs) {
 }
 
 TEST(JsonWriting, PrettyPrintingBreaksLines) {
-    EXPECT_EQ(Written(Parse(R"({"a":[1,2],"b":{}})"), kPretty | kSorted),
+    EXPECT_EQ(Written(Parse(R"({"a":[1,2],"b":{}})"), NSJSONWritingPrettyPrinted | NSJSONWritingSortedKeys),
               "{\n  \"a\" : [\n    1,\n    2\n  ],\n  \"b\" : {}\n}");
 }
 
 TEST(JsonWriting, RaisesForWhatHasNoJsonForm) {
     EXPECT_EQ(Reason("text"_ns), "Invalid top-level type in JSON write");
-    EXPECT_EQ(Reason("text"_ns, kFragments), "(none)");
+    EXPECT_EQ(Reason("text"_ns, NSJSONWritingFragmentsAllowed), "(none)");
     EXPECT_NE(Reason(DictionaryWith(ns::Object(BytesOf("x")))).find("Invalid type in JSON write"), std::string::npos);
     EXPECT_NE(Reason(DictionaryWith(ns::Number::numberWithDouble(std::nan("")))).find("NaN"), std::string::npos);
     EXPECT_NE(Reason(ns::Dictionary::dictionaryWithObject("v"_ns, ns::Number::numberWithInt(1))).find("non-string"),

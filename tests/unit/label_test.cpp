@@ -15,14 +15,14 @@ using namespace corvel::test;
 class Labels : public Drawing {};
 
 objc::Ref<ui::Label> MakeLabel(cg::Rect frame, ns::String text, double size = 12) {
-    objc::Ref<ui::Label> label = Make<ui::Label>(frame);
+    objc::Ref<ui::Label> label = ui::MakeView<ui::Label>(frame);
     label->setText(text);
     label->setFont(ui::Font::systemFontOfSize(size));
     return label;
 }
 
 TEST_F(Labels, DefaultsAreThePlatforms) {
-    const auto label = Make<ui::Label>({});
+    const auto label = ui::MakeView<ui::Label>({});
     EXPECT_FALSE((objc::Send<"isUserInteractionEnabled", bool>(label.get())));
     EXPECT_EQ((objc::Send<"numberOfLines", long>(label.get())), 1);
     EXPECT_EQ((objc::Send<"lineBreakMode", long>(label.get())), 4);
@@ -62,7 +62,7 @@ TEST_F(Labels, TextIsDrawnInTheMiddleOfItsHeightAndWhereAligned) {
     ASSERT_FALSE(left.IsEmpty());
     EXPECT_LT(left.x + left.width, 22);
     EXPECT_NEAR(left.y + left.height / 2.0, 50, 3);
-    label->setTextAlignment(ui::TextAlignment::kCenter);
+    label->setTextAlignment(NSTextAlignmentCenter);
     const sim::PixelRect centered = Picture(label, 200, 100).Where(IsWhite);
     EXPECT_NEAR(centered.x + centered.width / 2.0, 100, 2);
     EXPECT_EQ(centered.height, left.height);
@@ -88,8 +88,7 @@ TEST_F(Labels, TextThatDoesNotFitStaysInside) {
         }
         return count;
     };
-    constexpr long kByClipping = 2; // the library has no name for it
-    objc::Send<"setLineBreakMode:", void>(label.get(), kByClipping);
+    label->setLineBreakMode(NSLineBreakByClipping);
     const Picture clipped(label, 140, 80);
     EXPECT_LT(inkFrom(shortened, 90), inkFrom(clipped, 90) / 2);
     EXPECT_GT(inkFrom(shortened, 85), 0);
@@ -98,7 +97,7 @@ TEST_F(Labels, TextThatDoesNotFitStaysInside) {
 TEST_F(Labels, LineLimitHoldsInWrappingLabels) {
     const auto label = MakeLabel({{0, 0}, {100, 100}}, StringOf(std::u16string(40, u'口')), 15);
     label->setTextColor(Rgb(0xFFFFFF));
-    label->setLineBreakMode(ui::LineBreakMode::kByWordWrapping);
+    label->setLineBreakMode(NSLineBreakByWordWrapping);
     label->setNumberOfLines(2);
     const int two = Picture(label, 100, 100).Where(IsWhite).height;
     label->setNumberOfLines(0);

@@ -23,7 +23,7 @@ ns::Dictionary FontAttributes(double size) {
     return ns::Dictionary::dictionaryWithObject(ui::Font::systemFontOfSize(size), NSFontAttributeName);
 }
 
-constexpr long kLabelOptions = ui::kUsesLineFragmentOrigin | ui::kUsesFontLeading;
+constexpr long kLabelOptions = NSStringDrawingUsesLineFragmentOrigin | NSStringDrawingUsesFontLeading;
 
 cg::Size Measure(std::u16string_view text, double width, double size = 11) {
     return ui::BoundingRect(StringOf(text), {width, kUnlimited}, kLabelOptions, FontAttributes(size)).size;

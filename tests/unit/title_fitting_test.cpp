@@ -2,6 +2,8 @@
 
 #include "matrix/title_fitting.hpp"
 
+#include "render/utf8_text.hpp"
+#include "runtime/utf16.hpp"
 #include "runtime_support.hpp"
 
 #include <gtest/gtest.h>
@@ -21,23 +23,11 @@
 namespace corvel {
 namespace {
 
-ns::String StringOf(std::u16string_view text) {
-    return ns::String::stringWithCharacters(text.data(), text.size());
-}
+using sim::StringOf;
 
 std::string Utf8(std::u16string_view text) {
-    std::string out;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t c = text[i];
-        if ((c & 0xfc00) == 0xd800 && i + 1 < text.size() && (text[i + 1] & 0xfc00) == 0xdc00) {
-            c = 0x10000 + ((c - 0xd800) << 10) + (text[++i] - 0xdc00U);
-        } else if ((c & 0xf800) == 0xd800) {
-            c = 0xfffd;
-        }
-        char bytes[6];
-        out.append(bytes, static_cast<std::size_t>(g_unichar_to_utf8(c, bytes)));
-    }
-    return out;
+    return sim::Utf8Text(text, [](char32_t character) { return sim::IsSurrogate(character) ? U'\uFFFD' : character; })
+        .bytes;
 }
 
 /// The units as escapes, for messages.

@@ -36,9 +36,9 @@ std::map<objc::id, std::string> &Names() {
     return names;
 }
 
-const char *StateName(ui::GestureState state) {
+const char *StateName(UIGestureRecognizerState state) {
     static constexpr const char *kNames[] = {"possible", "began", "changed", "ended", "cancelled", "failed"};
-    return kNames[static_cast<long>(state)];
+    return kNames[state];
 }
 
 void HearGesture(objc::Object, objc::SEL, ui::GestureRecognizer recognizer) {
@@ -128,7 +128,7 @@ class UIKitTouch : public testing::Test {
         Names().clear();
         g_delegateReceives = g_delegateBegins = true;
         g_delegateSimultaneous = false;
-        scene = sim::MakeWindowScene(0);
+        scene = sim::MakeWindowScene(UISceneActivationStateForegroundActive);
         listener = ns::New<Listener>();
         window = MakeWindow<ui::Window>(0);
     }
@@ -147,21 +147,21 @@ class UIKitTouch : public testing::Test {
     }
 
     static objc::Ref<ui::View> AddView(ui::View parent, cg::Rect frame) {
-        auto view = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame(frame));
+        auto view = ui::MakeView<ui::View>(frame);
         parent.addSubview(view);
         return view;
     }
 
     /// A button that tells the listener everything.
     ui::Button AddButton(ui::View parent, cg::Rect frame) const {
-        const ui::Button button = ui::Button::buttonWithType(ui::ButtonType::kCustom);
+        const ui::Button button = ui::Button::buttonWithType(UIButtonTypeCustom);
         button.setFrame(frame);
-        button.addTarget(listener.get(), objc::Selector<"down:">(), 1);
-        button.addTarget(listener.get(), objc::Selector<"enter:">(), 16);
-        button.addTarget(listener.get(), objc::Selector<"exit:">(), 32);
-        button.addTarget(listener.get(), objc::Selector<"upInside:">(), ui::kTouchUpInside);
-        button.addTarget(listener.get(), objc::Selector<"upOutside:">(), 128);
-        button.addTarget(listener.get(), objc::Selector<"cancel:">(), 256);
+        button.addTarget(listener.get(), objc::Selector<"down:">(), UIControlEventTouchDown);
+        button.addTarget(listener.get(), objc::Selector<"enter:">(), UIControlEventTouchDragEnter);
+        button.addTarget(listener.get(), objc::Selector<"exit:">(), UIControlEventTouchDragExit);
+        button.addTarget(listener.get(), objc::Selector<"upInside:">(), UIControlEventTouchUpInside);
+        button.addTarget(listener.get(), objc::Selector<"upOutside:">(), UIControlEventTouchUpOutside);
+        button.addTarget(listener.get(), objc::Selector<"cancel:">(), UIControlEventTouchCancel);
         parent.addSubview(button);
         return button;
     }
@@ -281,14 +281,14 @@ TEST_F(UIKitTouch, ConvertsBetweenWindows) {
 TEST_F(UIKitTouch, ScenesComeInTheOrderOfTheirConnection) {
     std::vector<ui::WindowScene> made{scene};
     for (int i = 0; i < 20; ++i) {
-        made.push_back(sim::MakeWindowScene(i % 3));
+        made.push_back(sim::MakeWindowScene(static_cast<UISceneActivationState>(i % 3)));
     }
     const ns::Array listed = ui::Application::sharedApplication().connectedScenes().allObjects();
     ASSERT_EQ(listed.count(), made.size());
     for (unsigned long i = 0; i < made.size(); ++i) {
         EXPECT_EQ(listed.objectAtIndex(i), made[i]);
     }
-    EXPECT_EQ(static_cast<long>(made[3].activationState()), 2);
+    EXPECT_EQ(made[3].activationState(), UISceneActivationStateBackground);
     for (std::size_t i = 1; i < made.size(); ++i) {
         sim::DisconnectScene(made[i]);
     }
@@ -326,7 +326,7 @@ TEST_F(UIKitTouch, TapIsRecognisedWhenTheFingerLifts) {
     EXPECT_EQ(Heard(), Lines{});
     sim::touch::Ended(1, {50, 50});
     EXPECT_EQ(Heard(), Lines{"tap ended"});
-    EXPECT_EQ(tap.state(), ui::GestureState::kPossible);
+    EXPECT_EQ(tap.state(), UIGestureRecognizerStatePossible);
     Tap({50, 50});
     EXPECT_EQ(Heard(), (Lines{"tap ended", "tap ended"}));
     Drag({10, 50}, {90, 50});
@@ -454,9 +454,9 @@ TEST_F(UIKitTouch, ClassObjectsAreTargetsToo) {
     Names()[tap.get().pointer] = "class tap";
     Tap({50, 50});
     EXPECT_EQ(Heard(), Lines{"class tap ended"});
-    const ui::Button button = ui::Button::buttonWithType(ui::ButtonType::kCustom);
+    const ui::Button button = ui::Button::buttonWithType(UIButtonTypeCustom);
     button.setFrame({{0, 200}, {50, 50}});
-    button.addTarget(cls, objc::Selector<"upInside:">(), ui::kTouchUpInside);
+    button.addTarget(cls, objc::Selector<"upInside:">(), UIControlEventTouchUpInside);
     window->addSubview(button);
     Tap({20, 220});
     EXPECT_EQ(Heard(), (Lines{"class tap ended", "up inside"}));
@@ -645,13 +645,13 @@ TEST_F(UIKitTouch, RemovedTargetHearsNothing) {
 
 TEST_F(UIKitTouch, ActionsCanBeSentByHand) {
     const ui::Button button = AddButton(window, {{100, 100}, {50, 50}});
-    objc::Send<"sendActionsForControlEvents:", void>(objc::As<ui::Control>(button), ui::kTouchUpInside);
+    objc::Send<"sendActionsForControlEvents:", void>(objc::As<ui::Control>(button), UIControlEventTouchUpInside);
     EXPECT_EQ(Heard(), Lines{"up inside"});
 }
 
 TEST_F(UIKitTouch, ButtonCentresItsTitle) {
     const ui::Button button = AddButton(window, {{100, 100}, {200, 50}});
-    button.setTitle("OK"_ns, ui::kStateNormal);
+    button.setTitle("OK"_ns, UIControlStateNormal);
     sim::clock::Drain();
     const ui::Label label = button.titleLabel();
     const cg::Rect frame = label.frame();
@@ -659,7 +659,7 @@ TEST_F(UIKitTouch, ButtonCentresItsTitle) {
     EXPECT_GT(frame.size.width, 0);
     EXPECT_NEAR(frame.origin.x + frame.size.width / 2, 100, 0.5);
     EXPECT_NEAR(frame.origin.y + frame.size.height / 2, 25, 0.5);
-    button.setTitle("a title far too long for two hundred points of room"_ns, ui::kStateNormal);
+    button.setTitle("a title far too long for two hundred points of room"_ns, UIControlStateNormal);
     sim::clock::Drain();
     EXPECT_LE(label.frame().size.width, 200);
 }
@@ -770,7 +770,8 @@ TEST_F(UIKitAnimation, MovingViewsTakeNoTouchUnlessAllowed) {
     EXPECT_EQ(sim::HitTestScreen({50, 50}), window.get());
     sim::clock::Advance(0.2);
     EXPECT_EQ(sim::HitTestScreen({50, 50}), view.get());
-    sim::Animate({.duration = 0.2, .options = sim::kAnimationAllowUserInteraction}, [this] { view->setAlpha(1); }, {});
+    sim::Animate({.duration = 0.2, .options = UIViewAnimationOptionAllowUserInteraction}, [this] { view->setAlpha(1); },
+                 {});
     EXPECT_EQ(sim::HitTestScreen({50, 50}), view.get());
 }
 

@@ -2,6 +2,7 @@
 
 #include "apple/uikit/pasteboard.hpp"
 #include "driver/subjects/subjects.hpp"
+#include "runtime/utf16.hpp"
 #include "script/text.hpp"
 #include "script/values.hpp"
 
@@ -24,7 +25,7 @@ ns::String ReadFile(WordReader &words) {
     if (!units) {
         words.Fail(path.string() + " is not UTF-8");
     }
-    return ns::String::stringWithCharacters(units->data(), units->size());
+    return StringOf(*units);
 }
 
 /// Writes what was copied, UTF-8, for other programs. The name counts from the working directory.

@@ -26,13 +26,13 @@ ui::ViewController TopController(const WordReader &words) {
     return top;
 }
 
-/// UIAlertActionStyle.
+/// By UIAlertActionStyle.
 constexpr const char *kStyles[] = {"default", "cancel", "destructive"};
 
 /// The first style unless the words name another.
-ui::AlertActionStyle ReadStyle(WordReader &words) {
+UIAlertActionStyle ReadStyle(WordReader &words) {
     const auto *const named = std::ranges::find_if(kStyles, [&words](const char *name) { return words.Take(name); });
-    return static_cast<ui::AlertActionStyle>(named == std::end(kStyles) ? 0 : named - std::begin(kStyles));
+    return static_cast<UIAlertActionStyle>(named == std::end(kStyles) ? 0 : named - std::begin(kStyles));
 }
 
 ns::String ReadTextOrNone(WordReader &words, const char *what) {
@@ -50,7 +50,7 @@ ui::AlertAction ReadAction(WordReader &words) {
 objc::Ref<ui::ViewController> ReadAlert(WordReader &words) {
     const ns::String title = ReadTextOrNone(words, "the title, or none");
     const auto alert = ui::AlertController::alertControllerWithTitle(
-        title, ReadTextOrNone(words, "the message, or none"), ui::AlertControllerStyle::kAlert);
+        title, ReadTextOrNone(words, "the message, or none"), UIAlertControllerStyleAlert);
     while (!words.AtEnd()) {
         alert.addAction(ReadAction(words));
     }
@@ -59,7 +59,7 @@ objc::Ref<ui::ViewController> ReadAlert(WordReader &words) {
 
 objc::Ref<ui::ViewController> MakeScreen() {
     const objc::Ref<ui::ViewController> screen = ns::New<ui::ViewController>();
-    screen->setModalPresentationStyle(ui::ModalPresentationStyle::kOverFullScreen);
+    screen->setModalPresentationStyle(UIModalPresentationOverFullScreen);
     screen->view().setBackgroundColor(ui::Color::systemBackgroundColor());
     return screen;
 }
@@ -68,10 +68,9 @@ objc::Ref<ui::ViewController> ReadEditor(WordReader &words) {
     constexpr cg::Rect kFrame{{20, 100}, {350, 160}};
     const ns::String text = script::MakeString(words.QuotedText("the text"));
     const objc::Ref<ui::ViewController> screen = MakeScreen();
-    const auto view = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::TextView>().initWithFrame(kFrame));
-    const auto editor = objc::As<ui::TextView>(view.get());
-    editor.setText(text);
-    editor.setFont(ui::Font::systemFontOfSize(17));
+    const auto editor = ui::MakeView<ui::TextView>(kFrame);
+    editor->setText(text);
+    editor->setFont(ui::Font::systemFontOfSize(17));
     screen->view().addSubview(editor);
     return screen;
 }
@@ -145,7 +144,7 @@ Fact Actions(ui::AlertController alert) {
     for (const objc::Ref<ui::AlertAction> &action : AlertStateOf(alert).actions) {
         const AlertActionState &state = AlertActionStateOf(action);
         fact.push_back(TextOrNone(state.title));
-        fact.push_back(Bare(kStyles[static_cast<long>(state.style)]));
+        fact.push_back(Bare(kStyles[state.style]));
         if (!state.enabled) {
             fact.push_back(Bare("disabled"));
         }

@@ -11,17 +11,16 @@
 namespace sim::driver {
 namespace {
 
-/// UISceneActivationState, from its lowest value on.
+/// By UISceneActivationState, from unattached on.
 constexpr const char *kStates[] = {"unattached", "active", "inactive", "background"};
-constexpr long kLowestState = -1;
 
-long ReadSceneState(WordReader &words) {
+UISceneActivationState ReadSceneState(WordReader &words) {
     const std::string name = words.Name("active, inactive, background or unattached");
     const auto *const found = std::ranges::find(kStates, name);
     if (found == std::end(kStates)) {
         words.Fail("expected active, inactive, background or unattached, not " + name);
     }
-    return kLowestState + (found - std::begin(kStates));
+    return static_cast<UISceneActivationState>(UISceneActivationStateUnattached + (found - std::begin(kStates)));
 }
 
 ui::WindowScene ReadScene(WordReader &words) {
@@ -92,8 +91,8 @@ Answer AskWindows(Session &, WordReader &) {
 Answer AskScenes(Session &, WordReader &) {
     Answer answer;
     for (const ui::WindowScene scene : ConnectedScenes()) {
-        const long state = SceneStateOf(scene).activationState;
-        answer.push_back({Bare(kStates[state - kLowestState]), Bare("key")});
+        const UISceneActivationState state = SceneStateOf(scene).activationState;
+        answer.push_back({Bare(kStates[state - UISceneActivationStateUnattached]), Bare("key")});
         Append(answer.back(), DescribeView(KeyWindowOf(scene)));
     }
     return answer;

@@ -3,6 +3,7 @@
 #include "driver/subjects/subjects.hpp"
 #include "driver/view_properties.hpp"
 #include "runtime/clock.hpp"
+#include "runtime/utf16.hpp"
 #include "script/text.hpp"
 #include "uikit/keyboard.hpp"
 #include "uikit/text_input.hpp"
@@ -40,10 +41,8 @@ double ReadLength(WordReader &words, const char *what) {
 /// One key a character: a pair of surrogates is one key.
 std::vector<std::u16string> Keys(const std::u16string &units) {
     std::vector<std::u16string> keys;
-    for (std::size_t i = 0; i < units.size(); ++i) {
-        const bool pair = units[i] >= 0xD800 && units[i] < 0xDC00 && i + 1 < units.size();
-        keys.push_back(units.substr(i, pair ? 2 : 1));
-        i += pair ? 1 : 0;
+    for (std::size_t i = 0; i < units.size(); i += keys.back().size()) {
+        keys.push_back(units.substr(i, UnitCount(PointAt(units, i))));
     }
     return keys;
 }
@@ -53,7 +52,7 @@ void DoType(Session &, WordReader &words) {
     words.End();
     for (const std::u16string &key : Keys(units)) {
         CheckEditing(words); // a key may have ended it
-        TypeText(ns::String::stringWithCharacters(key.data(), key.size()));
+        TypeText(StringOf(key));
         clock::Drain();
     }
 }

@@ -123,8 +123,8 @@ void RegisterClasses() {
     RegisterFragments();
     RegisterStores();
     RegisterContext();
-    RegisterClass("IESLiveRoomModel", kRootClass, {});
-    RegisterClass("IESLiveRoomInfo", kRootClass, {});
+    Class("IESLiveRoomModel", kRootClass);
+    Class("IESLiveRoomInfo", kRootClass);
     RegisterPlayer();
 }
 

@@ -4,6 +4,7 @@
 #include "apple/uikit/button.hpp"
 #include "hosts/host_class.hpp"
 #include "hosts/view_building.hpp"
+#include "runtime/lasting.hpp"
 #include "uikit/application.hpp"
 #include "uikit/view_state.hpp"
 
@@ -27,10 +28,12 @@ struct Row {
     objc::Ref<ns::String> key;
 };
 
-/// Never destroyed: the strings are not taken apart at exit either.
+struct Plugins {
+    std::vector<Row> rows;
+};
+
 std::vector<Row> &Rows() {
-    static auto &rows = *new std::vector<Row>;
-    return rows;
+    return Lasting<Plugins>().rows;
 }
 
 ns::Object SharedManager() {
@@ -56,11 +59,7 @@ bool IsOn(ui::View self) {
     return ns::UserDefaults::standardUserDefaults().boolForKey(StateOf<SwitchState>(self).key);
 }
 
-bool On(ui::View self, objc::SEL) {
-    return IsOn(self);
-}
-
-void Toggle(ui::View self, objc::SEL) {
+void Toggle(ui::View self) {
     const auto defaults = ns::UserDefaults::standardUserDefaults();
     defaults.setBool(!IsOn(self), StateOf<SwitchState>(self).key);
     defaults.synchronize();
@@ -91,7 +90,7 @@ void AddRow(ui::View sheet, double y, const Row &row) {
     AddLabel(card, Box(kMargin, 0, 200, kRowHeight), row.title, {.size = 16, .color = ui::Color::blackColor()});
     const auto control = AddNew<Switch>(card, Box(width - 3 * kMargin - 51, (kRowHeight - 31) / 2, 51, 31));
     StateOf<SwitchState>(control).key = row.key;
-    control.addTarget(control, objc::Selector<"toggle">(), ui::kTouchUpInside);
+    control.addTarget(control, objc::Selector<"toggle">(), UIControlEventTouchUpInside);
 }
 
 } // namespace
@@ -102,8 +101,9 @@ void RegisterPlugins() {
     manager.Method<"registerSwitchWithTitle:key:">(
         [](ns::Object, ns::String title, ns::String key) { Rows().push_back({title, key}); });
 
-    const objc::MethodEntry control[] = {objc::MethodNamed<"toggle", &Toggle>(), objc::MethodNamed<"isOn", &On>()};
-    RegisterClassWithState<SwitchState>(kSwitchClass, "UIControl", control);
+    auto control = Class<SwitchState>(kSwitchClass, "UIControl");
+    control.Method<"toggle", &Toggle>();
+    control.Method<"isOn", &IsOn>();
     RegisterDrawing(kSwitchClass, &DrawSwitch);
 }
 

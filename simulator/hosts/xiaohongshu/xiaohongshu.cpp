@@ -3,8 +3,7 @@
 #include "apple/foundation/collections.hpp"
 #include "hosts/app.hpp"
 #include "uikit/application.hpp"
-
-#include <optional>
+#include "uikit/target_action.hpp"
 
 namespace sim::hosts {
 namespace {
@@ -46,7 +45,7 @@ void RegisterDecorateView() {
 }
 
 struct CommentBarState {
-    std::optional<objc::WeakRef<ns::Object>> delegate;
+    WeakObject delegate;
     objc::Ref<ns::Object> text;
 };
 
@@ -55,23 +54,15 @@ struct CommentBar : ui::View {
     static constexpr const char *kClassName = "XYCommentBar";
 };
 
-ns::Object Text(ns::Object self, objc::SEL) {
-    return StateOf<CommentBarState>(self).text;
-}
-
 void RegisterCommentBar() {
     // What looks at the screen reads the text of any view; that is no call of the app's, so it stands in the root.
-    const objc::MethodEntry text[] = {objc::MethodNamed<"text", &Text>()};
-    RegisterClassWithState<CommentBarState>("XYInputBarRoot", "UIView", text);
+    Class<CommentBarState>("XYInputBarRoot", "UIView").ReadOnly<"text", &CommentBarState::text>();
     HostClass bar("XYInputBarRoot", "XYInputBar", CommentBar::kClassName, "XYSearchBar");
-    bar.Method<"setText:">([](ns::Object self, ns::Object value) { StateOf<CommentBarState>(self).text = value; });
-    bar.Method<"clearInput">([](ns::Object self) { StateOf<CommentBarState>(self).text = nullptr; });
-    bar.Method<"delegate">([](ns::Object self) {
-        const auto &delegate = StateOf<CommentBarState>(self).delegate;
-        return delegate ? delegate->Lock().get() : ns::Object{};
-    });
+    bar.Method<"setText:">([](CommentBarState &state, ns::Object value) { state.text = value; });
+    bar.Method<"clearInput">([](CommentBarState &state) { state.text = nullptr; });
+    bar.Method<"delegate">([](const CommentBarState &state) { return state.delegate.Lock(); });
     bar.Method<"setDelegate:">(
-        [](ns::Object self, ns::Object delegate) { StateOf<CommentBarState>(self).delegate.emplace(delegate); });
+        [](CommentBarState &state, ns::Object delegate) { state.delegate = WeakObject(delegate); });
     bar.Method<"didMoveToWindow">(kNothing);
     bar.OptionalMethod<"window">([](ui::View self) { return objc::SendSuper<"window", ui::View>(self); });
     bar.Method<"attachToViewController:hideWhenNotFirstResponder:">(
@@ -114,7 +105,7 @@ void RegisterEngine() {
     engine.Method<"sendCustomWithMsg:succ:fail:">(
         [](ns::Object self, ns::Object message, Completion, Completion) { ReceiveMessage(self, message); });
 
-    RegisterClassWithState<MessageState>("XYLiveIMRoot", "NSObject", {});
+    Class<MessageState>("XYLiveIMRoot", "NSObject");
     HostClass message("XYLiveIMRoot", "XYLiveIMBaseMessage", kMessageClass, "XYLiveIMNotice");
     message.Method<"initWithType:groupID:priority:dict:">(
         [](ns::Object self, long type, ns::Object groupId, long priority, ns::Dictionary content) {

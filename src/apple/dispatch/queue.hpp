@@ -17,14 +17,14 @@ void dispatch_after(std::uint64_t when, dispatch_queue_s *queue, objc::Block<voi
 std::uint64_t dispatch_time(std::uint64_t when, std::int64_t delta);
 }
 
-namespace dispatch {
+inline constexpr long DISPATCH_QUEUE_PRIORITY_BACKGROUND = INT16_MIN;
 
-/// DISPATCH_QUEUE_PRIORITY_BACKGROUND.
-inline constexpr long kPriorityBackground = INT16_MIN;
+namespace dispatch {
 
 /// Runs the function on a thread of its own, behind everything that the user waits for.
 template <class F> void AsyncInBackground(F function) {
-    dispatch_async(dispatch_get_global_queue(kPriorityBackground, 0), objc::MakeBlock<void()>(std::move(function)));
+    dispatch_async(dispatch_get_global_queue(DISPATCH_QUEUE_PRIORITY_BACKGROUND, 0),
+                   objc::MakeBlock<void()>(std::move(function)));
 }
 
 /// Runs the function on the main queue in a later turn.

@@ -37,11 +37,11 @@ struct Data : Object {
     }
 };
 
-inline String String::initWithData(Data data, StringEncoding encoding) const {
+inline String String::initWithData(Data data, NSStringEncoding encoding) const {
     return objc::Send<"initWithData:encoding:", String>(*this, data, encoding);
 }
 
-inline Data String::dataUsingEncoding(StringEncoding encoding) const {
+inline Data String::dataUsingEncoding(NSStringEncoding encoding) const {
     return objc::Send<"dataUsingEncoding:", Data>(*this, encoding);
 }
 

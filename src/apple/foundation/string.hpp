@@ -14,29 +14,29 @@ struct Range {
 };
 } // namespace ns
 
+enum NSStringEncoding : unsigned long {
+    NSUTF8StringEncoding = 4,
+    NSUTF16BigEndianStringEncoding = 0x90000100,
+    NSUTF16LittleEndianStringEncoding = 0x94000100,
+    NSUTF32BigEndianStringEncoding = 0x98000100,
+    NSUTF32LittleEndianStringEncoding = 0x9c000100,
+};
+
 template <> struct objc::Encode<ns::Range> {
     static constexpr FixedString value{"{_NSRange=QQ}"};
 };
 
 namespace ns {
 
-/// NSStringEncoding.
-enum class StringEncoding : unsigned long {
-    kUtf8 = 4,
-    kUtf16BigEndian = 0x90000100,
-    kUtf16LittleEndian = 0x94000100,
-    kUtf32BigEndian = 0x98000100,
-    kUtf32LittleEndian = 0x9c000100,
-};
 struct Data;
 
 struct String : Object {
     using Object::Object;
     static constexpr const char *kClassName = "NSString";
 
-    String initWithData(Data data, StringEncoding encoding) const;
+    String initWithData(Data data, NSStringEncoding encoding) const;
     /// The text's bytes; nil when it cannot be written in the encoding, as a lone surrogate cannot.
-    Data dataUsingEncoding(StringEncoding encoding) const;
+    Data dataUsingEncoding(NSStringEncoding encoding) const;
 
     unsigned long length() const {
         return objc::Send<"length", unsigned long>(*this);

@@ -4,27 +4,32 @@
 #include "apple/foundation/string.hpp"
 #include "apple/uikit/view_controller.hpp"
 
+enum UIAlertActionStyle : long {
+    UIAlertActionStyleDefault = 0,
+    UIAlertActionStyleCancel = 1,
+    UIAlertActionStyleDestructive = 2,
+};
+
+enum UIAlertControllerStyle : long { UIAlertControllerStyleAlert = 1 };
+
 namespace ui {
 
-/// UIAlertActionStyle.
-enum class AlertActionStyle : long { kDefault = 0, kCancel = 1, kDestructive = 2 };
 struct AlertAction : ns::Object {
     using ns::Object::Object;
     static constexpr const char *kClassName = "UIAlertAction";
 
-    static AlertAction actionWithTitle(ns::String title, AlertActionStyle style,
+    static AlertAction actionWithTitle(ns::String title, UIAlertActionStyle style,
                                        objc::Block<void(AlertAction)> handler) {
         return objc::SendClass<AlertAction, "actionWithTitle:style:handler:", AlertAction>(title, style, handler);
     }
 };
 
-/// UIAlertControllerStyle.
-enum class AlertControllerStyle : long { kAlert = 1 };
 struct AlertController : ViewController {
     using ViewController::ViewController;
     static constexpr const char *kClassName = "UIAlertController";
 
-    static AlertController alertControllerWithTitle(ns::String title, ns::String message, AlertControllerStyle style) {
+    static AlertController alertControllerWithTitle(ns::String title, ns::String message,
+                                                    UIAlertControllerStyle style) {
         return objc::SendClass<AlertController, "alertControllerWithTitle:message:preferredStyle:", AlertController>(
             title, message, style);
     }

@@ -3,15 +3,15 @@
 
 #include "apple/foundation/object.hpp"
 
+enum UIImpactFeedbackStyle : long { UIImpactFeedbackStyleMedium = 1 };
+
 namespace ui {
 
-/// UIImpactFeedbackStyle.
-enum class ImpactStyle : long { kMedium = 1 };
 struct ImpactFeedbackGenerator : ns::Object {
     using ns::Object::Object;
     static constexpr const char *kClassName = "UIImpactFeedbackGenerator";
 
-    ImpactFeedbackGenerator initWithStyle(ImpactStyle style) const {
+    ImpactFeedbackGenerator initWithStyle(UIImpactFeedbackStyle style) const {
         return objc::Send<"initWithStyle:", ImpactFeedbackGenerator>(*this, style);
     }
     void prepare() const {

@@ -3,10 +3,25 @@
 
 #include "apple/uikit/view.hpp"
 
+enum UIGestureRecognizerState : long {
+    UIGestureRecognizerStatePossible = 0,
+    UIGestureRecognizerStateBegan = 1,
+    UIGestureRecognizerStateChanged = 2,
+    UIGestureRecognizerStateEnded = 3,
+    UIGestureRecognizerStateCancelled = 4,
+    UIGestureRecognizerStateFailed = 5,
+};
+
+enum UITouchPhase : long {
+    UITouchPhaseBegan = 0,
+    UITouchPhaseMoved = 1,
+    UITouchPhaseStationary = 2,
+    UITouchPhaseEnded = 3,
+    UITouchPhaseCancelled = 4,
+};
+
 namespace ui {
 
-/// UIGestureRecognizerState.
-enum class GestureState : long { kPossible = 0, kBegan = 1, kChanged = 2, kEnded = 3, kCancelled = 4, kFailed = 5 };
 struct Touch : ns::Object {
     using ns::Object::Object;
     static constexpr const char *kClassName = "UITouch";
@@ -23,8 +38,8 @@ struct GestureRecognizer : ns::Object {
     GestureRecognizer initWithTarget(ns::Object target, objc::SEL action) const {
         return objc::Send<"initWithTarget:action:", GestureRecognizer>(*this, target, action);
     }
-    GestureState state() const {
-        return objc::Send<"state", GestureState>(*this);
+    UIGestureRecognizerState state() const {
+        return objc::Send<"state", UIGestureRecognizerState>(*this);
     }
     View view() const {
         return objc::Send<"view", View>(*this);

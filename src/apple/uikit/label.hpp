@@ -5,12 +5,25 @@
 #include "apple/uikit/font.hpp"
 #include "apple/uikit/view.hpp"
 
+enum NSTextAlignment : long {
+    NSTextAlignmentLeft = 0,
+    NSTextAlignmentCenter = 1,
+    NSTextAlignmentRight = 2,
+    NSTextAlignmentJustified = 3,
+    NSTextAlignmentNatural = 4,
+};
+
+enum NSLineBreakMode : long {
+    NSLineBreakByWordWrapping = 0,
+    NSLineBreakByCharWrapping = 1,
+    NSLineBreakByClipping = 2,
+    NSLineBreakByTruncatingHead = 3,
+    NSLineBreakByTruncatingTail = 4,
+    NSLineBreakByTruncatingMiddle = 5,
+};
+
 namespace ui {
 
-/// NSTextAlignment.
-enum class TextAlignment : long { kLeft = 0, kCenter = 1 };
-/// NSLineBreakMode.
-enum class LineBreakMode : long { kByWordWrapping = 0 };
 struct Label : View {
     using View::View;
     static constexpr const char *kClassName = "UILabel";
@@ -27,13 +40,13 @@ struct Label : View {
     void setFont(Font font) const {
         objc::Send<"setFont:", void>(*this, font);
     }
-    void setTextAlignment(TextAlignment alignment) const {
+    void setTextAlignment(NSTextAlignment alignment) const {
         objc::Send<"setTextAlignment:", void>(*this, alignment);
     }
     void setNumberOfLines(long lines) const {
         objc::Send<"setNumberOfLines:", void>(*this, lines);
     }
-    void setLineBreakMode(LineBreakMode mode) const {
+    void setLineBreakMode(NSLineBreakMode mode) const {
         objc::Send<"setLineBreakMode:", void>(*this, mode);
     }
 };

@@ -4,10 +4,11 @@
 #include "apple/foundation/collections.hpp"
 #include "apple/uikit/button.hpp"
 
+/// The index of the selected segment when nothing is selected.
+inline constexpr long UISegmentedControlNoSegment = -1;
+
 namespace ui {
 
-/// UISegmentedControlNoSegment: nothing is selected.
-inline constexpr long kNoSegment = -1;
 struct SegmentedControl : Control {
     using Control::Control;
     static constexpr const char *kClassName = "UISegmentedControl";
@@ -23,7 +24,7 @@ struct SegmentedControl : Control {
         objc::Send<"setSelectedSegmentIndex:", void>(*this, index);
     }
     /// Attributes as in NSAttributedString.
-    void setTitleTextAttributes(ns::Dictionary attributes, unsigned long state) const {
+    void setTitleTextAttributes(ns::Dictionary attributes, UIControlState state) const {
         objc::Send<"setTitleTextAttributes:forState:", void>(*this, attributes, state);
     }
 };

@@ -3,22 +3,22 @@
 
 #include "apple/uikit/button.hpp"
 
+enum UIKeyboardType : long { UIKeyboardTypeDefault = 0, UIKeyboardTypeNumberPad = 4 };
+
+enum UITextBorderStyle : long { UITextBorderStyleNone = 0, UITextBorderStyleRoundedRect = 3 };
+
 namespace ui {
 
-/// UIKeyboardType.
-enum class KeyboardType : long { kNumberPad = 4 };
 /// Whatever adopts the UITextInputTraits protocol.
 struct TextInputTraits : ns::Object {
     using ns::Object::Object;
     static constexpr const char *kClassName = "UITextInputTraits";
 
-    void setKeyboardType(KeyboardType type) const {
+    void setKeyboardType(UIKeyboardType type) const {
         objc::Send<"setKeyboardType:", void>(*this, type);
     }
 };
 
-/// UITextBorderStyle.
-enum class TextBorderStyle : long { kRoundedRect = 3 };
 struct TextField : Control {
     using Control::Control;
     static constexpr const char *kClassName = "UITextField";
@@ -32,7 +32,7 @@ struct TextField : Control {
     void setPlaceholder(ns::String placeholder) const {
         objc::Send<"setPlaceholder:", void>(*this, placeholder);
     }
-    void setBorderStyle(TextBorderStyle style) const {
+    void setBorderStyle(UITextBorderStyle style) const {
         objc::Send<"setBorderStyle:", void>(*this, style);
     }
 };

@@ -4,20 +4,28 @@
 #include "apple/foundation/string.hpp"
 #include "apple/uikit/view.hpp"
 
+enum UIBarButtonSystemItem : long {
+    UIBarButtonSystemItemDone = 0,
+    UIBarButtonSystemItemCancel = 1,
+    UIBarButtonSystemItemEdit = 2,
+    UIBarButtonSystemItemSave = 3,
+    UIBarButtonSystemItemFlexibleSpace = 5,
+    UIBarButtonSystemItemFixedSpace = 6,
+};
+
+enum UIBarButtonItemStyle : long { UIBarButtonItemStylePlain = 0, UIBarButtonItemStyleDone = 2 };
+
 namespace ui {
 
-/// UIBarButtonSystemItem.
-enum class BarButtonSystemItem : long { kFlexibleSpace = 5 };
-/// UIBarButtonItemStyle.
-enum class BarButtonItemStyle : long { kDone = 2 };
 struct BarButtonItem : ns::Object {
     using ns::Object::Object;
     static constexpr const char *kClassName = "UIBarButtonItem";
 
-    BarButtonItem initWithBarButtonSystemItem(BarButtonSystemItem item, ns::Object target, objc::SEL action) const {
+    BarButtonItem initWithBarButtonSystemItem(UIBarButtonSystemItem item, ns::Object target, objc::SEL action) const {
         return objc::Send<"initWithBarButtonSystemItem:target:action:", BarButtonItem>(*this, item, target, action);
     }
-    BarButtonItem initWithTitle(ns::String title, BarButtonItemStyle style, ns::Object target, objc::SEL action) const {
+    BarButtonItem initWithTitle(ns::String title, UIBarButtonItemStyle style, ns::Object target,
+                                objc::SEL action) const {
         return objc::Send<"initWithTitle:style:target:action:", BarButtonItem>(*this, title, style, target, action);
     }
 };

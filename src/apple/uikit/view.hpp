@@ -7,6 +7,20 @@
 #include "apple/uikit/color.hpp"
 #include "objc/block.hpp"
 
+using UIViewAnimationOptions = unsigned long;
+enum : UIViewAnimationOptions {
+    UIViewAnimationOptionAllowUserInteraction = 1 << 1,
+    UIViewAnimationOptionOverrideInheritedDuration = 1 << 5,
+    UIViewAnimationOptionOverrideInheritedCurve = 1 << 6,
+};
+
+enum UIViewAnimationCurve : long {
+    UIViewAnimationCurveEaseInOut = 0,
+    UIViewAnimationCurveEaseIn = 1,
+    UIViewAnimationCurveEaseOut = 2,
+    UIViewAnimationCurveLinear = 3,
+};
+
 namespace ui {
 
 struct GestureRecognizer;
@@ -119,7 +133,7 @@ struct View : Responder {
         objc::SendClass<View, "animateWithDuration:animations:completion:", void>(duration, animations, completion);
     }
     static void animateWithDuration(double duration, double delay, double damping, double velocity,
-                                    unsigned long options, objc::Block<void()> animations,
+                                    UIViewAnimationOptions options, objc::Block<void()> animations,
                                     objc::Block<void(bool)> completion) {
         objc::SendClass<
             View,

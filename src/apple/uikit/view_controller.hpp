@@ -3,10 +3,17 @@
 
 #include "apple/uikit/view.hpp"
 
+enum UIModalPresentationStyle : long {
+    UIModalPresentationAutomatic = -2,
+    UIModalPresentationPageSheet = 1,
+    UIModalPresentationFormSheet = 2,
+    UIModalPresentationOverFullScreen = 5,
+};
+
+enum UIModalTransitionStyle : long { UIModalTransitionStyleCoverVertical = 0, UIModalTransitionStyleCrossDissolve = 2 };
+
 namespace ui {
 
-/// UIModalPresentationStyle.
-enum class ModalPresentationStyle : long { kOverFullScreen = 5 };
 struct ViewController : Responder {
     using Responder::Responder;
     static constexpr const char *kClassName = "UIViewController";
@@ -14,7 +21,7 @@ struct ViewController : Responder {
     View view() const {
         return objc::Send<"view", View>(*this);
     }
-    void setModalPresentationStyle(ModalPresentationStyle style) const {
+    void setModalPresentationStyle(UIModalPresentationStyle style) const {
         objc::Send<"setModalPresentationStyle:", void>(*this, style);
     }
     /// The controller that this one or an ancestor presents at the moment; nil when none does.

@@ -4,6 +4,13 @@
 #include "apple/foundation/collections.hpp"
 #include "apple/uikit/view_controller.hpp"
 
+enum UISceneActivationState : long {
+    UISceneActivationStateUnattached = -1,
+    UISceneActivationStateForegroundActive = 0,
+    UISceneActivationStateForegroundInactive = 1,
+    UISceneActivationStateBackground = 2,
+};
+
 namespace ui {
 
 struct Screen : ns::Object {
@@ -31,15 +38,12 @@ struct CoordinateSpace : ns::Object {
     }
 };
 
-/// UISceneActivationState; only the one that matters to an overlay is named.
-enum class SceneActivationState : long { kForegroundActive = 0 };
-
 struct Scene : Responder {
     using Responder::Responder;
     static constexpr const char *kClassName = "UIScene";
 
-    SceneActivationState activationState() const {
-        return objc::Send<"activationState", SceneActivationState>(*this);
+    UISceneActivationState activationState() const {
+        return objc::Send<"activationState", UISceneActivationState>(*this);
     }
 };
 
