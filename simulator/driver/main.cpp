@@ -9,6 +9,7 @@
 #include "runtime/native_class.hpp"
 #include "runtime/runtime.hpp"
 #include "runtime/user_defaults.hpp"
+#include "runtime/variants.hpp"
 #include "script/loader.hpp"
 #include "script/vocabulary.hpp"
 #include "uikit/pasteboard.hpp"
@@ -94,12 +95,20 @@ int ListApi() {
     return 0;
 }
 
+/// Prints name, the usual way and the other of everything that the phone does in one of two ways.
+int ListVariants() {
+    for (const VariantRow &row : Variants()) {
+        std::printf("%s\t%s\t%s\n", row.name, row.usual, row.otherwise);
+    }
+    return 0;
+}
+
 } // namespace
 
 int main(int count, char **words) {
     try {
         Options options = ReadOptions(count, words);
-        return options.listsApi ? ListApi() : PlayScript(std::move(options));
+        return options.listsApi ? ListApi() : options.listsVariants ? ListVariants() : PlayScript(std::move(options));
     } catch (const UsageError &error) {
         std::fprintf(stderr, "corvel-sim: %s\n%s", error.what(), Usage().c_str());
         return 2;

@@ -1,6 +1,7 @@
 #include "driver/options.hpp"
 
 #include "driver/leak_check.hpp"
+#include "runtime/variants.hpp"
 
 #include <algorithm>
 #include <cstdio>
@@ -17,10 +18,18 @@ struct Option {
 };
 
 constexpr Option kOptions[] = {
-    {"--host", &Options::host},         {"--bundle", &Options::bundle}, {"--library", &Options::library},
-    {"--words", &Options::words},       {"--state", &Options::state},   {"--pictures", &Options::pictures},
-    {"--continue", &Options::progress},
+    {"--host", &Options::host},         {"--bundle", &Options::bundle},     {"--library", &Options::library},
+    {"--words", &Options::words},       {"--state", &Options::state},       {"--pictures", &Options::pictures},
+    {"--variants", &Options::variants}, {"--continue", &Options::progress},
 };
+
+std::string KnownVariants() {
+    std::string known;
+    for (const VariantRow &row : Variants()) {
+        known += std::string(known.empty() ? "" : ", ") + row.name;
+    }
+    return known;
+}
 
 } // namespace
 
@@ -53,16 +62,20 @@ Options ReadOptions(int count, char **words) {
         }
     }
     options.listsApi = plain == std::vector<std::string>{"api"};
-    if (options.listsApi) {
+    options.listsVariants = plain == std::vector<std::string>{"variants"};
+    if (options.listsApi || options.listsVariants) {
         return options;
     }
     if (plain.size() != 2 || plain[0] != "run") {
-        throw UsageError("expected 'run FILE' or 'api'");
+        throw UsageError("expected 'run FILE', 'api' or 'variants'");
     }
     options.script = plain[1];
     FindHost(options.host);
     if (options.library.empty()) {
         throw UsageError("--library is missing: the file to inject, or none");
+    }
+    if (!ChooseVariants(options.variants)) {
+        throw UsageError("unknown variant among " + options.variants + "; variants are " + KnownVariants());
     }
     return options;
 }
@@ -82,8 +95,9 @@ Progress ReadProgress(const Options &options) {
 
 std::string Usage() {
     return "usage: corvel-sim --host NAME --library PATH|none [--words FILE] [--bundle ID|nil] [--state DIR] "
-           "[--pictures DIR] run FILE|-\n"
-           "       corvel-sim api\n";
+           "[--pictures DIR] [--variants NAME,…] run FILE|-\n"
+           "       corvel-sim api\n"
+           "       corvel-sim variants\n";
 }
 
 void Relaunch(Options options, const Progress &progress) {

@@ -14,13 +14,15 @@ class UsageError : public std::runtime_error {
 };
 
 struct Options {
-    bool listsApi = false; // `api` instead of `run FILE`
-    std::string script;    // "-": standard input
+    bool listsApi = false;      // `api` instead of `run FILE`
+    bool listsVariants = false; // `variants` instead
+    std::string script;         // "-": standard input
     std::string host;
-    std::string bundle;  // "nil" for a bundle without an identifier; empty: the host's own
-    std::string library; // "none": no library
-    std::string words;   // the file of a script's own words; empty: none
-    std::string state;   // empty: a fresh directory, removed at the end
+    std::string bundle;   // "nil" for a bundle without an identifier; empty: the host's own
+    std::string library;  // "none": no library
+    std::string words;    // the file of a script's own words; empty: none
+    std::string variants; // names apart by commas: what the phone does the other way
+    std::string state;    // empty: a fresh directory, removed at the end
     std::string pictures = ".";
     std::string progress; // given by `relaunch` to the process that it starts
 };
