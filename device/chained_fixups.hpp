@@ -1,5 +1,6 @@
 #pragma once
-// Chained fixups: the pointers of an image that depend on where it and its imports lie.
+// Chained fixups: the pointers of an image that depend on where it and its imports lie, as dyld reads them.
+// https://github.com/apple-oss-distributions/dyld
 
 #include "mapped_image.hpp"
 

@@ -1,6 +1,10 @@
 #include "adapters/method_hook.hpp"
 
+#include "adapters/method_types.hpp"
+
+#include <algorithm>
 #include <cstdlib>
+#include <string_view>
 
 namespace corvel {
 namespace {
@@ -20,13 +24,23 @@ objc::Method OwnMethod(objc::Class cls, objc::SEL selector) {
     return found;
 }
 
+/// Whether a replacement can stand for a method that is declared with these types.
+bool CanStandFor(const char *types, objc::SEL selector, bool usesFirstAsObject) {
+    const auto arguments = static_cast<std::size_t>(std::ranges::count(std::string_view(sel_getName(selector)), ':'));
+    return TravelsInGeneralRegisters(types, arguments) && (!usesFirstAsObject || TakesObjectFirst(types));
+}
+
 } // namespace
 
-void InstallMethodHook(objc::Class cls, objc::SEL selector, objc::IMP replacement, objc::IMP *previousSlot) {
+void InstallMethodHook(objc::Class cls, objc::SEL selector, objc::IMP replacement, objc::IMP *previousSlot,
+                       bool usesFirstAsObject) {
     for (objc::Class level = cls; level != nullptr; level = class_getSuperclass(level)) {
         const objc::Method method = OwnMethod(level, selector);
         if (method == nullptr) {
             continue;
+        }
+        if (!CanStandFor(method_getTypeEncoding(method), selector, usesFirstAsObject)) {
+            return;
         }
         if (level == cls) {
             *previousSlot = method_setImplementation(method, replacement);

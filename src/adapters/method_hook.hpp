@@ -10,6 +10,8 @@
 // through to the host's caller, as it would without the hook.
 
 #include "objc/class_builder.hpp"
+#include "objc/guard.hpp"
+#include "objc/ref.hpp"
 
 #include <type_traits>
 #include <utility>
@@ -22,8 +24,11 @@ using Word = std::uintptr_t;
 
 /// Replaces the method that instances of the class answer the selector with, and puts its implementation into the
 /// slot. An inherited method is overridden in the class, so the ancestor and its other subclasses keep theirs.
-/// Without the class (nil), or when no class of its chain defines the selector, nothing happens.
-void InstallMethodHook(objc::Class cls, objc::SEL selector, objc::IMP replacement, objc::IMP *previousSlot);
+/// Without the class (nil), or when no class of its chain defines the selector, nothing happens. Nor does it when the
+/// method's declared types are not what the replacement carries: words, and a first argument that is an object where
+/// the replacement uses it as one.
+void InstallMethodHook(objc::Class cls, objc::SEL selector, objc::IMP replacement, objc::IMP *previousSlot,
+                       bool usesFirstAsObject = false);
 
 /// One row of an adapter's table of hooks.
 struct MethodHook {
@@ -33,6 +38,7 @@ struct MethodHook {
     /// Remembers the implementation in force before. It stays empty when the hook could not be installed; then the
     /// replacement is never reached either.
     objc::IMP *previousSlot;
+    bool usesFirstAsObject;
 };
 
 namespace detail {
@@ -49,21 +55,64 @@ template <class Name> constexpr std::size_t ArgumentCount(const Name &name) {
 /// What a hook does besides calling the method: nothing.
 inline constexpr auto kNothing = [](objc::Object) {};
 
+/// Whether the body takes the method's first argument beside the receiver.
+template <class View, auto Body> inline constexpr bool kTakesFirst = !std::is_invocable_v<decltype(Body), View>;
+
 /// Hands the body the receiver and, when it takes it, the first argument.
 template <class View, auto Body, class... A> void Call(objc::id self, A... arguments) {
-    if constexpr (std::is_invocable_v<decltype(Body), View>) {
-        Body(View{self});
-    } else {
+    if constexpr (kTakesFirst<View, Body>) {
         const Word words[] = {arguments...};
         Body(View{self}, objc::Object{reinterpret_cast<objc::id>(words[0])});
+    } else {
+        Body(View{self});
     }
 }
+
+/// Keeps an object alive that the method itself may give up. An exception out of a host's own retain or release ends
+/// here.
+class Kept {
+  public:
+    explicit Kept(objc::id object) {
+        objc::Guard([&] { reference_ = objc::Ref<objc::Object>(objc::Object{object}); });
+    }
+    ~Kept() {
+        objc::Guard([&] { reference_ = nullptr; });
+    }
+    Kept(const Kept &) = delete;
+    Kept &operator=(const Kept &) = delete;
+
+  private:
+    objc::Ref<objc::Object> reference_;
+};
+
+/// What the body uses once the method has run: receiver and perhaps first argument.
+template <class View, auto Body> class KeptFor {
+  public:
+    template <class... A> explicit KeptFor(objc::id self, A... arguments) : self_(self), first_(First(arguments...)) {}
+
+  private:
+    template <class... A> static objc::id First(A... arguments) {
+        if constexpr (kTakesFirst<View, Body>) {
+            const Word words[] = {arguments...};
+            return reinterpret_cast<objc::id>(words[0]);
+        } else {
+            return nullptr;
+        }
+    }
+    Kept self_;
+    Kept first_;
+};
+template <class View> class KeptFor<View, kNothing> {
+  public:
+    template <class... A> explicit KeptFor(objc::id, A...) {}
+};
 
 template <class View, objc::FixedString Name, auto First, auto Then> struct Replacement {
     static inline constinit objc::IMP previous = nullptr;
 
     template <class... A> static Word Run(objc::id self, objc::SEL selector, A... arguments) {
         Call<View, First>(self, arguments...);
+        [[maybe_unused]] const KeptFor<View, Then> kept(self, arguments...);
         const Word result =
             reinterpret_cast<Word (*)(objc::id, objc::SEL, A...)>(previous)(self, selector, arguments...);
         Call<View, Then>(self, arguments...);
@@ -82,7 +131,7 @@ template <class View, objc::FixedString Name, auto First, auto Then = detail::kN
     using Replacement = detail::Replacement<View, Name, First, Then>;
     constexpr auto kArguments = std::make_index_sequence<detail::ArgumentCount(Name)>{};
     return {View::kClassName, &objc::Selector<Name>, reinterpret_cast<objc::IMP>(Replacement::Function(kArguments)),
-            &Replacement::previous};
+            &Replacement::previous, detail::kTakesFirst<View, First> || detail::kTakesFirst<View, Then>};
 }
 
 /// The row whose method runs first.
@@ -103,7 +152,8 @@ template <class View, objc::FixedString Name> MethodHook PassThrough() {
 /// Installs the hooks in the order of the table, each in the class that goes by the row's name.
 template <std::size_t N> void InstallMethodHooks(const MethodHook (&hooks)[N]) {
     for (const MethodHook &hook : hooks) {
-        InstallMethodHook(objc_getClass(hook.className), hook.selector(), hook.replacement, hook.previousSlot);
+        InstallMethodHook(objc_getClass(hook.className), hook.selector(), hook.replacement, hook.previousSlot,
+                          hook.usesFirstAsObject);
     }
 }
 

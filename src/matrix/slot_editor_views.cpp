@@ -2,9 +2,9 @@
 
 #include "apple/foundation/number.hpp"
 #include "apple/uikit/button.hpp"
-#include "apple/uikit/toolbar.hpp"
 #include "apple/uikit/window.hpp"
 #include "overlay/action_target.hpp"
+#include "overlay/done_bar.hpp"
 
 namespace corvel {
 namespace {
@@ -40,8 +40,7 @@ void MakeSaving(ns::Object control, const SlotEditor &editor, int index) {
 }
 
 void AddTitle(ui::View box) {
-    const auto label = objc::As<ui::Label>(ns::Alloc<ui::Label>().initWithFrame({{16, 14}, {BoxWidth() - 64, 20}}));
-    const auto title = objc::Ref<ui::Label>::Adopt(label);
+    const auto title = ui::MakeView<ui::Label>({{16, 14}, {BoxWidth() - 64, 20}});
     title->setText(u"编辑弹幕"_ns);
     title->setTextColor(ui::Color::labelColor());
     title->setFont(ui::Font::boldSystemFontOfSize(16));
@@ -49,9 +48,7 @@ void AddTitle(ui::View box) {
 }
 
 objc::Ref<ui::TextView> AddTextView(ui::View box, ns::String text) {
-    const auto view =
-        objc::As<ui::TextView>(ns::Alloc<ui::TextView>().initWithFrame({{12, 44}, {BoxWidth() - 24, 100}}));
-    const auto textView = objc::Ref<ui::TextView>::Adopt(view);
+    const auto textView = ui::MakeView<ui::TextView>({{12, 44}, {BoxWidth() - 24, 100}});
     textView->setBackgroundColor(ui::Color::secondarySystemBackgroundColor());
     textView->setTextColor(ui::Color::labelColor());
     textView->setFont(ui::Font::systemFontOfSize(14));
@@ -81,20 +78,11 @@ void AddButtons(const SlotEditor &editor, int index) {
     MakeSaving(save, editor, index);
 }
 
-/// The bar above the keyboard with "完成" at its right end, which saves too.
+/// The bar above the keyboard, whose "完成" saves too.
 void AddToolbar(const SlotEditor &editor, int index) {
-    const auto bar = objc::As<ui::Toolbar>(ns::Alloc<ui::Toolbar>().initWithFrame({{0, 0}, {ScreenSize().width, 44}}));
-    const auto toolbar = objc::Ref<ui::Toolbar>::Adopt(bar);
-    const auto space = objc::Ref<ui::BarButtonItem>::Adopt(ns::Alloc<ui::BarButtonItem>().initWithBarButtonSystemItem(
-        UIBarButtonSystemItemFlexibleSpace, nullptr, nullptr));
-    const auto done = objc::Ref<ui::BarButtonItem>::Adopt(ns::Alloc<ui::BarButtonItem>().initWithTitle(
-        u"完成"_ns, UIBarButtonItemStyleDone, ActionTarget(), objc::Selector<"dm_sv:">()));
-    MakeSaving(done.get(), editor, index);
-    const auto items = ns::New<ns::MutableArray>();
-    items->addObject(space.get());
-    items->addObject(done.get());
-    toolbar->setItems(items);
-    editor.textView->setInputAccessoryView(toolbar);
+    const DoneBar bar = MakeDoneBar(objc::Selector<"dm_sv:">());
+    MakeSaving(bar.done.get(), editor, index);
+    editor.textView->setInputAccessoryView(bar.toolbar);
 }
 
 } // namespace
@@ -104,7 +92,7 @@ SlotEditor BuildSlotEditor(int index, ns::String text) {
     editor.controller->setModalPresentationStyle(UIModalPresentationOverFullScreen);
     editor.controller->view().setBackgroundColor(ui::Color::blackColor().colorWithAlphaComponent(0.45));
     const cg::Rect frame{{20, (ScreenSize().height - kBoxHeight) * 0.5}, {BoxWidth(), kBoxHeight}};
-    editor.box = objc::Ref<ui::View>::Adopt(ns::Alloc<ui::View>().initWithFrame(frame));
+    editor.box = ui::MakeView<ui::View>(frame);
     editor.box->setBackgroundColor(ui::Color::systemBackgroundColor());
     editor.box->layer().setCornerRadius(12);
     editor.box->setClipsToBounds(true);

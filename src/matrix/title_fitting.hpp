@@ -9,6 +9,8 @@
 //   characters beyond the edge are tried too.
 // Heights that rise and fall in yet other ways (blanks and marks alone, in fonts of different heights) are not
 // followed: a fitting prefix is found, perhaps not the longest.
+//
+// https://developer.apple.com/documentation/foundation/nsstring tells what counts as one character.
 
 #include "apple/foundation/string.hpp"
 

@@ -1,5 +1,6 @@
 #pragma once
 // Blocks made from C++ lambdas. The layout is that of the Clang block ABI; no other file knows it.
+// https://clang.llvm.org/docs/Block-ABI-Apple.html
 
 #include "objc/encoding.hpp"
 #include "objc/object.hpp"

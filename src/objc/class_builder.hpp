@@ -46,4 +46,10 @@ inline Class AllocateClass(const char *name, const char *superclass) {
     return parent != nullptr ? objc_allocateClassPair(parent, name, 0) : nullptr;
 }
 
+/// A new class pair of the library's own. Where the host owns a class of that name, ours takes the second name.
+inline Class AllocateOwnClass(const char *name, const char *secondName, const char *superclass) {
+    const Class cls = AllocateClass(name, superclass);
+    return cls != nullptr ? cls : AllocateClass(secondName, superclass);
+}
+
 } // namespace objc

@@ -1,5 +1,6 @@
 #pragma once
-// Type encodings, read from the front a type at a time. Desktop only.
+// Type encodings, read from the front a type at a time.
+// https://developer.apple.com/library/archive/documentation/Cocoa/Conceptual/ObjCRuntimeGuide/Articles/ocrtTypeEncodings.html
 
 #include <cstring>
 

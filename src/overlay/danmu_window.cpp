@@ -1,18 +1,16 @@
 #include "overlay/danmu_window.hpp"
 
 #include "objc/class_builder.hpp"
+#include "overlay/float_place.hpp"
 
 namespace corvel {
 namespace {
 
-/// The class itself, which no other part of the process can know under this name before it is registered.
-struct DanmuWindow : ui::Window {
-    using ui::Window::Window;
-    static constexpr const char *kClassName = "DanmuWindow";
-};
+constinit objc::Class danmuWindow = nullptr;
 
 /// A hit on the bare window or its root view is none: the touch goes on to the host's windows below.
 ui::View HitTest(ui::Window self, objc::SEL, cg::Point point, ui::Event event) {
+    FollowBounds(); // should the notification of a rotation not have come
     const auto hit = objc::SendSuper<"hitTest:withEvent:", ui::View>(self, point, event);
     return hit == self || hit == self.rootViewController().view() ? ui::View{} : hit;
 }
@@ -20,15 +18,16 @@ ui::View HitTest(ui::Window self, objc::SEL, cg::Point point, ui::Event event) {
 } // namespace
 
 void RegisterDanmuWindowClass() {
-    if (objc::Class cls = objc::AllocateClass(DanmuWindow::kClassName, ui::Window::kClassName)) {
+    danmuWindow = objc::AllocateOwnClass("DanmuWindow", "DanmuWindow_Corvel", ui::Window::kClassName);
+    if (danmuWindow != nullptr) {
         const objc::MethodEntry methods[] = {objc::MethodNamed<"hitTest:withEvent:", &HitTest>()};
-        objc::AddMethods(cls, methods);
-        objc_registerClassPair(cls);
+        objc::AddMethods(danmuWindow, methods);
+        objc_registerClassPair(danmuWindow);
     }
 }
 
 ui::Window AllocateDanmuWindow() {
-    return ns::Alloc<DanmuWindow>();
+    return ns::Alloc<ui::Window>(danmuWindow);
 }
 
 } // namespace corvel

@@ -5,7 +5,7 @@
 
 namespace corvel {
 
-/// Registers the class DanmuWindow. Called once, at load.
+/// Registers the class DanmuWindow, under another name where the host owns one. Called once, at load.
 void RegisterDanmuWindowClass();
 
 /// A DanmuWindow to be handed to its initialiser at once; nil should the class be missing.

@@ -2,6 +2,7 @@
 
 #include "adapters/hosts.hpp"
 #include "overlay/float_drag.hpp"
+#include "overlay/float_place.hpp"
 #include "overlay/recognizers.hpp"
 #include "overlay/round_button.hpp"
 #include "overlay/state.hpp"
@@ -35,6 +36,7 @@ void BuildFloatButton() {
     button.setCenter(StoredCenter());
     Overlay().window->addSubview(button);
     Overlay().floatButton = button;
+    KeepFloatPlace();
 }
 
 } // namespace corvel

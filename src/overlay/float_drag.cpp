@@ -1,11 +1,10 @@
 #include "overlay/float_drag.hpp"
 
 #include "overlay/capture_button.hpp"
+#include "overlay/float_place.hpp"
 #include "overlay/recognizers.hpp"
 #include "overlay/state.hpp"
 #include "preferences/preferences.hpp"
-
-#include <algorithm>
 
 namespace corvel {
 namespace {
@@ -34,10 +33,7 @@ void Dock(double x) {
 
 void FinishDrag(ui::Button button) {
     const cg::Size screen = ui::Screen::mainScreen().bounds().size;
-    const double radius = button.bounds().size.width / 2; // of a round button: bounds both axes
-    cg::Point center = button.center();
-    center.x = std::max(radius, std::min(center.x, screen.width - radius));
-    center.y = std::max(radius, std::min(center.y, screen.height - radius));
+    const cg::Point center = WithinSpace(button.center(), screen);
     // The capture button stays where it is: docking or the next drag aligns it again.
     button.setCenter(center);
     if (kFloatAutoSnap.Read()) {
@@ -45,6 +41,7 @@ void FinishDrag(ui::Button button) {
     } else {
         StorePosition(center);
     }
+    KeepFloatPlace();
 }
 
 } // namespace

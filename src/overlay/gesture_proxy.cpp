@@ -9,13 +9,10 @@
 namespace corvel {
 namespace {
 
-struct GestureProxy : ns::Object {
-    using ns::Object::Object;
-    static constexpr const char *kClassName = "GestureProxy";
-};
+constinit objc::Class gestureProxy = nullptr;
 
 /// Dragging a slider moves the slider and not the panel below it.
-bool ShouldReceiveTouch(GestureProxy, objc::SEL, ui::GestureRecognizer, ui::Touch touch) {
+bool ShouldReceiveTouch(ns::Object, objc::SEL, ui::GestureRecognizer, ui::Touch touch) {
     return !touch.view().isKindOfClass(objc::ClassOf<ui::Slider>());
 }
 
@@ -26,19 +23,19 @@ ns::Object Shared(objc::Class, objc::SEL) {
 } // namespace
 
 void RegisterGestureProxyClass() {
-    objc::Class cls = objc::AllocateClass(GestureProxy::kClassName, ns::Object::kClassName);
-    if (cls == nullptr) {
+    gestureProxy = objc::AllocateOwnClass("GestureProxy", "GestureProxy_Corvel", ns::Object::kClassName);
+    if (gestureProxy == nullptr) {
         return;
     }
     const objc::MethodEntry methods[] = {
         objc::MethodNamed<"gestureRecognizer:shouldReceiveTouch:", &ShouldReceiveTouch>()};
     const objc::MethodEntry classMethods[] = {objc::MethodNamed<"shared", &Shared>()};
-    objc::AddMethods(cls, methods);
-    objc::AddMethods(objc::MetaclassOf(cls), classMethods);
+    objc::AddMethods(gestureProxy, methods);
+    objc::AddMethods(objc::MetaclassOf(gestureProxy), classMethods);
     if (objc::Protocol protocol = objc_getProtocol("UIGestureRecognizerDelegate")) {
-        class_addProtocol(cls, protocol);
+        class_addProtocol(gestureProxy, protocol);
     }
-    objc_registerClassPair(cls);
+    objc_registerClassPair(gestureProxy);
 }
 
 ns::Object SharedGestureProxy() {
@@ -46,7 +43,7 @@ ns::Object SharedGestureProxy() {
     if (objc::id existing = shared.load(std::memory_order_acquire)) {
         return ns::Object{existing};
     }
-    auto fresh = ns::New<GestureProxy>();
+    auto fresh = ns::New<ns::Object>(gestureProxy);
     objc::id expected = nullptr;
     if (shared.compare_exchange_strong(expected, fresh.get().pointer, std::memory_order_acq_rel)) {
         return objc::Object{objc::Retain(fresh.get().pointer)}; // the process keeps this one

@@ -5,7 +5,7 @@
 
 namespace corvel {
 
-/// Registers the class GestureProxy. Called once, at load.
+/// Registers the class GestureProxy, under another name where the host owns one. Called once, at load.
 void RegisterGestureProxyClass();
 
 /// The one GestureProxy, made at the first call; callable on any thread. What `[GestureProxy shared]` gives.

@@ -8,6 +8,7 @@
 #include "overlay/capture_button.hpp"
 #include "overlay/danmu_window.hpp"
 #include "overlay/float_button.hpp"
+#include "overlay/float_place.hpp"
 #include "overlay/panel.hpp"
 #include "overlay/state.hpp"
 #include "overlay/windows.hpp"
@@ -36,6 +37,20 @@ void BuildWindow() {
     window->makeKeyAndVisible();
     hostWindow->makeKeyWindow();
     Overlay().window = window;
+    ObserveRotation();
+}
+
+/// Moves an overlay whose scene the system has taken away to the one in the foreground; without one it waits.
+void FollowScene() {
+    const ui::Window window = Overlay().window;
+    if (window.windowScene()) {
+        return;
+    }
+    if (const ui::WindowScene scene = FindForegroundScene()) {
+        window.setWindowScene(scene);
+        window.setFrame(scene.coordinateSpace().bounds());
+        window.setHidden(false);
+    }
 }
 
 /// Removes a view and drops the reference to it.
@@ -103,5 +118,7 @@ void InitUI() {
         corvel::ObserveFinderSwitch(); // a switch that was on at launch must be seen to go off
     } else if (!corvel::Overlay().built) {
         corvel::Build();
+    } else {
+        corvel::FollowScene();
     }
 }

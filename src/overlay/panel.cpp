@@ -52,6 +52,7 @@ void Panel::Close() {
     if (!closing) {
         return;
     }
+    closing->endEditing(true);
     ui::View::animateWithDuration(0.2, objc::MakeBlock<void()>([closing, shrunk = shrunk_] {
                                       closing->setAlpha(0);
                                       closing->setTransform(cg::AffineTransform::Scale(shrunk, shrunk));
@@ -67,6 +68,10 @@ void Panel::Close() {
 }
 
 void Panel::Remove() {
+    // A view that is removed loses the keyboard without its fields being told: what was typed would be lost. What they
+    // store may bring the overlay down, and with it this panel.
+    const objc::Ref<ui::View> view = view_.get();
+    view->endEditing(true);
     view_->removeFromSuperview();
     view_ = nullptr;
     content_ = nullptr;

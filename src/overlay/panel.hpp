@@ -31,9 +31,9 @@ class Panel {
     void SpringIn(double duration, double alpha);
     /// Brings the view to the front of the overlay window, under the float buttons.
     void Raise() const;
-    /// Fades and shrinks the view out over 0.2 s, then removes it. Nothing without a view.
+    /// Ends editing inside the view, fades and shrinks it out over 0.2 s, then removes it. Nothing without a view.
     void Close();
-    /// Takes the views away at once.
+    /// Ends editing and takes the views away at once.
     void Remove();
 
   private:

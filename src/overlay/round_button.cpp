@@ -6,11 +6,10 @@
 namespace corvel {
 
 ui::Button MakeRoundButton(ns::String title, ui::Color background, objc::SEL action) {
-    constexpr double kDiameter = 50;
     const auto button = ui::Button::buttonWithType(UIButtonTypeCustom);
-    button.setFrame({{0, 0}, {kDiameter, kDiameter}});
+    button.setFrame({{0, 0}, {kRoundButtonDiameter, kRoundButtonDiameter}});
     button.setBackgroundColor(background);
-    button.layer().setCornerRadius(kDiameter / 2);
+    button.layer().setCornerRadius(kRoundButtonDiameter / 2);
     button.setTitle(title, UIControlStateNormal);
     button.addTarget(ActionTarget(), action, UIControlEventTouchUpInside);
     button.setAlpha(kFloatButtonAlpha.Read());

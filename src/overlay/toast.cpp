@@ -13,7 +13,7 @@ namespace {
 constexpr double kFadeSeconds = 0.2;
 constexpr std::int64_t kVisibleNanoseconds = 1'600'000'000;
 
-void AddToastLabel(ui::Window window) {
+objc::Ref<ui::Label> MakeToastLabel() {
     const auto label = ns::New<ui::Label>();
     label->setBackgroundColor(ui::Color::blackColor().colorWithAlphaComponent(0.75));
     label->setTextColor(ui::Color::whiteColor());
@@ -24,8 +24,20 @@ void AddToastLabel(ui::Window window) {
     label->setClipsToBounds(true);
     label->layer().setZPosition(9999);
     label->setAlpha(0);
-    window.addSubview(label);
-    Overlay().toastLabel = label;
+    return label;
+}
+
+/// The label in a window: it stays in the first one for as long as that lives. The overlay's own, in which it may be,
+/// goes with a teardown.
+ui::Label ToastLabelIn(ui::Window window) {
+    objc::Ref<ui::Label> &label = Overlay().toastLabel;
+    if (!label) {
+        label = MakeToastLabel();
+    }
+    if (!label->window()) {
+        window.addSubview(label);
+    }
+    return label;
 }
 
 /// An animation of the label to the alpha.
@@ -44,10 +56,7 @@ void ShowToast(ns::String text) {
     if (!window) {
         return;
     }
-    if (!Overlay().toastLabel) {
-        AddToastLabel(window);
-    }
-    const ui::Label label = Overlay().toastLabel;
+    const ui::Label label = ToastLabelIn(window);
     label.setText(text);
     const cg::Size space = window.bounds().size;
     const cg::Size fitted = label.sizeThatFits({space.width - 40, std::numeric_limits<double>::max()});

@@ -43,6 +43,17 @@ ui::Window FindKeyWindow() {
     return found ? found : objc::As<ui::Window>(ui::Application::sharedApplication().windows().firstObject());
 }
 
+ui::Window TopmostHostWindow() {
+    const ui::Window overlay = Overlay().window;
+    ui::Window topmost;
+    for (const ui::Window window : overlay.windowScene().windows()) { // back to front
+        if (window != overlay && !window.isHidden() && window.canBecomeKeyWindow()) {
+            topmost = window;
+        }
+    }
+    return topmost;
+}
+
 void RaiseFloatButtons() {
     const OverlayState &overlay = Overlay();
     if (overlay.floatButton) {

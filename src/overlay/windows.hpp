@@ -11,6 +11,9 @@ ui::WindowScene FindForegroundScene();
 /// The first key window of the foreground-active scenes, else the application's first window; nil without windows.
 ui::Window FindKeyWindow();
 
+/// The top-most visible window of the host's in the overlay's scene that can be key; nil when there is none.
+ui::Window TopmostHostWindow();
+
 /// Brings the float button and then the capture button to the front of the overlay window, each when present.
 void RaiseFloatButtons();
 

@@ -8,10 +8,6 @@
 namespace corvel {
 namespace {
 
-template <objc::Handle T> bool Is(ns::Object object) {
-    return object.isKindOfClass(objc::ClassOf<T>());
-}
-
 bool AllStorable(ns::Array elements) {
     for (const ns::Object element : ns::ArrayOf<ns::Object>(elements)) {
         if (!IsStorable(element)) {
@@ -23,7 +19,7 @@ bool AllStorable(ns::Array elements) {
 
 bool AllStorable(ns::Dictionary members) {
     for (const ns::Object key : members.allKeys()) {
-        if (!Is<ns::String>(key) || !IsStorable(members.objectForKey(key))) {
+        if (!key.Is<ns::String>() || !IsStorable(members.objectForKey(key))) {
             return false;
         }
     }
@@ -33,13 +29,13 @@ bool AllStorable(ns::Dictionary members) {
 } // namespace
 
 bool IsStorable(ns::Object object) {
-    if (Is<ns::Array>(object)) {
+    if (object.Is<ns::Array>()) {
         return AllStorable(objc::As<ns::Array>(object));
     }
-    if (Is<ns::Dictionary>(object)) {
+    if (object.Is<ns::Dictionary>()) {
         return AllStorable(objc::As<ns::Dictionary>(object));
     }
-    return Is<ns::String>(object) || Is<ns::Number>(object) || Is<ns::Date>(object) || Is<ns::Data>(object);
+    return object.Is<ns::String>() || object.Is<ns::Number>() || object.Is<ns::Date>() || object.Is<ns::Data>();
 }
 
 } // namespace corvel

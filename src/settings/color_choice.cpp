@@ -1,5 +1,6 @@
 #include "settings/color_choice.hpp"
 
+#include "matrix/colors.hpp"
 #include "matrix/matrix_panel.hpp"
 #include "overlay/action_target.hpp"
 #include "overlay/panel.hpp"
@@ -8,40 +9,45 @@
 #include "settings/settings_panel.hpp"
 #include "settings/settings_rows.hpp"
 
-#include <algorithm>
-#include <iterator>
-
 namespace corvel {
 namespace {
 
-/// On a picker: the preference key that takes its colour.
+/// On a picker, until its colour is taken: the key of the preference that takes it.
 constexpr objc::AssociationKey kPickerPreferenceKey{"target_key"};
 
 } // namespace
 
 void HandleColorButton(objc::Class, objc::SEL, ui::Button button) {
-    const auto key = objc::GetAssociated<ns::String>(button, kRowPreferenceKey);
-    if (!key) {
+    const ColorRow *row = RowOf(kColors, button);
+    if (row == nullptr) {
         return;
     }
     const auto picker = ns::New<ui::ColorPickerViewController>();
     picker->setDelegate(ActionTarget());
-    objc::SetAssociated(picker, kPickerPreferenceKey, key);
+    // A picker that is swiped away tells its presentation's delegate only.
+    // https://developer.apple.com/documentation/uikit/uiadaptivepresentationcontrollerdelegate
+    picker->presentationController().setDelegate(ActionTarget());
+    // What is in use now, so that opening and closing the picker changes nothing.
+    picker->setSelectedColor(ColorFromHex(row->preference.Read(), 1));
+    objc::SetAssociated(picker, kPickerPreferenceKey, row->preference.key());
     PresentOnTop(picker, nullptr);
 }
 
 void HandleColorPicked(objc::Class, objc::SEL, ui::ColorPickerViewController picker) {
-    const auto key = objc::GetAssociated<ns::String>(picker, kPickerPreferenceKey);
-    const auto *const row =
-        std::ranges::find_if(kColors, [&](const ColorRow &each) { return each.preference.Is(key); });
-    if (row == std::end(kColors)) {
+    const ColorRow *row = RowWithKey(kColors, objc::GetAssociated<ns::String>(picker, kPickerPreferenceKey));
+    if (row == nullptr) {
         return;
     }
+    objc::SetAssociated(picker, kPickerPreferenceKey, nullptr); // once, should both ways out be told
     row->preference.Write(HexText(picker.selectedColor()));
     LayoutMatrix();
     // In this order there is nothing left to rebuild: the panel closes once a colour has been chosen. That is wanted.
     SettingsPanel().Remove();
     RebuildSettingsPanel();
+}
+
+void HandlePickerSwipedAway(objc::Class cls, objc::SEL selector, ui::PresentationController controller) {
+    HandleColorPicked(cls, selector, objc::As<ui::ColorPickerViewController>(controller.presentedViewController()));
 }
 
 } // namespace corvel

@@ -10,7 +10,10 @@ namespace corvel {
 void HandleColorButton(objc::Class, objc::SEL, ui::Button button);
 
 /// `dm_cdn:`: stores the picker's colour, rebuilds the matrix and closes the settings panel. Nothing for a picker that
-/// is not ours.
+/// is not ours or whose colour was taken already.
 void HandleColorPicked(objc::Class, objc::SEL, ui::ColorPickerViewController picker);
+
+/// `presentationControllerDidDismiss:`: the same for a picker that was swiped away.
+void HandlePickerSwipedAway(objc::Class, objc::SEL, ui::PresentationController controller);
 
 } // namespace corvel

@@ -1,7 +1,10 @@
 #include "settings/grid_rows.hpp"
 
+#include "apple/uikit/scroll_view.hpp"
 #include "matrix/matrix_panel.hpp"
 #include "overlay/action_target.hpp"
+#include "overlay/done_bar.hpp"
+#include "overlay/panel.hpp"
 #include "settings/settings_panel.hpp"
 #include "settings/settings_rows.hpp"
 
@@ -55,8 +58,11 @@ void AddField(ui::View block, const FieldRow &row) {
     field->setPlaceholder(row.placeholder);
     ShowNumber(field, row.preference.Read());
     objc::As<ui::TextInputTraits>(field.get()).setKeyboardType(UIKeyboardTypeNumberPad);
+    // The number pad has no key that ends editing.
+    field->setInputAccessoryView(MakeDoneBar(objc::Selector<"dm_gd">()).toolbar);
     field->setBorderStyle(UITextBorderStyleRoundedRect);
     objc::SetAssociated(field, kRowPreferenceKey, row.preference.key());
+    field->addTarget(ActionTarget(), objc::Selector<"dm_gb:">(), UIControlEventEditingDidBegin);
     field->addTarget(ActionTarget(), objc::Selector<"dm_gi:">(), UIControlEventEditingDidEnd);
     block.addSubview(field);
 }
@@ -112,6 +118,12 @@ void HandleGridChoice(objc::Class, objc::SEL, ui::SegmentedControl control) {
     RebuildSettingsPanel(); // the custom block comes or goes
 }
 
+void HandleGridFieldBegan(objc::Class, objc::SEL, ui::TextField field) {
+    const ui::View block = field.superview();
+    const auto scrollView = objc::As<ui::ScrollView>(SettingsPanel().content());
+    scrollView.setContentOffset({0, block.superview().frame().origin.y + block.frame().origin.y});
+}
+
 void HandleGridField(objc::Class, objc::SEL, ui::TextField field) {
     const FieldRow *row = RowOf(kFields, field);
     if (row == nullptr) {
@@ -122,6 +134,18 @@ void HandleGridField(objc::Class, objc::SEL, ui::TextField field) {
     row->preference.Write(number);
     if (kGridPresetIndex.Read() == kCustomPreset) {
         LayoutMatrix();
+    }
+}
+
+void HandleGridDone(objc::Class, objc::SEL) {
+    SettingsPanel().view().endEditing(true);
+}
+
+void HandleTapBesideFields(objc::Class, objc::SEL, ui::GestureRecognizer recognizer) {
+    const ui::View panel = recognizer.view();
+    const ui::View touched = panel.hitTest(recognizer.locationInView(panel), nullptr);
+    if (!touched.Is<ui::TextField>()) {
+        panel.endEditing(true);
     }
 }
 

@@ -17,10 +17,10 @@ void HandleReset(objc::Class, objc::SEL) {
 }
 
 void ResetConfiguration() {
+    RemovePanels(); // first: a field that is being edited stores its number as it goes
     const auto store = ns::UserDefaults::standardUserDefaults();
     VisitOwnKeys(store, [&](ns::String key) { store.removeObjectForKey(key); });
     store.synchronize();
-    RemovePanels();
     RebuildCaptureButton(); // which leaves none: its switch is off by default
     LayoutMatrix();
     ShowToast(u"已清除"_ns);

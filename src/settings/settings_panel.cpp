@@ -18,7 +18,9 @@ constexpr double kTitleHeight = 45;
 void AddRecognizers(ui::View panel) {
     AddRecognizer<ui::PanGestureRecognizer>(panel, objc::Selector<"dm_pM:">()).setDelegate(SharedGestureProxy());
     // The controls are to get their taps.
-    AddRecognizer<ui::TapGestureRecognizer>(panel, objc::Selector<"dm_bm">()).setCancelsTouchesInView(false);
+    const auto tap = AddRecognizer<ui::TapGestureRecognizer>(panel, objc::Selector<"dm_bm">());
+    tap.addTarget(ActionTarget(), objc::Selector<"dm_gt:">());
+    tap.setCancelsTouchesInView(false);
 }
 
 void AddTitleBar(ui::View content) {

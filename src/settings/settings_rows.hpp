@@ -27,15 +27,19 @@ template <class Row, std::size_t N> void AddRows(Column &column, const Row (&row
     }
 }
 
-/// The row of the table whose preference the control edits; null when it has none there.
-template <class Row, std::size_t N> const Row *RowOf(const Row (&rows)[N], ns::Object control) {
-    const auto key = objc::GetAssociated<ns::String>(control, kRowPreferenceKey);
+/// The row of the table whose preference has the key; null when there is none.
+template <class Row, std::size_t N> const Row *RowWithKey(const Row (&rows)[N], ns::String key) {
     for (const Row &row : rows) {
         if (row.preference.Is(key)) {
             return &row;
         }
     }
     return nullptr;
+}
+
+/// The row of the table whose preference the control edits; null when it has none there.
+template <class Row, std::size_t N> const Row *RowOf(const Row (&rows)[N], ns::Object control) {
+    return RowWithKey(rows, objc::GetAssociated<ns::String>(control, kRowPreferenceKey));
 }
 
 /// `dm_sw:`: stores the switch's bool and refreshes what depends on it.

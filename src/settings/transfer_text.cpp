@@ -2,6 +2,7 @@
 
 #include "apple/foundation/json_serialization.hpp"
 #include "objc/guard.hpp"
+#include "settings/whole_texts.hpp"
 #include "settings/zlib_codec.hpp"
 
 namespace corvel {
@@ -27,7 +28,8 @@ template <class Transform> objc::Ref<ns::Data> Transformed(ns::Data data, Transf
 }
 
 objc::Ref<ns::String> Encode(ns::Dictionary configuration) {
-    const objc::Ref<ns::Data> json = ns::JSONSerialization::dataWithJSONObject(configuration, 0, nullptr);
+    const objc::Ref<ns::Data> json =
+        ns::JSONSerialization::dataWithJSONObject(WithWholeTexts(configuration), 0, nullptr);
     if (!json) {
         return {};
     }

@@ -43,13 +43,18 @@ void RegisterHandlers() {
         objc::MethodNamed<"dm_sw:", &HandleSwitchChange>(),
         objc::MethodNamed<"dm_sl:", &HandleSliderChange>(),
         objc::MethodNamed<"dm_gc:", &HandleGridChoice>(),
+        objc::MethodNamed<"dm_gb:", &HandleGridFieldBegan>(),
         objc::MethodNamed<"dm_gi:", &HandleGridField>(),
+        objc::MethodNamed<"dm_gd", &HandleGridDone>(),
+        objc::MethodNamed<"dm_gt:", &HandleTapBesideFields>(),
         objc::MethodNamed<"dm_clr:", &HandleColorButton>(),
         objc::MethodNamed<"dm_cdn:", &HandleColorPicked>(),
-        // The picker's delegate is the class object of NSObject like every other target, and a picker knows no other
-        // way to tell its end. As a class method of the root class this reaches class objects only, never an instance
-        // that the host has for a delegate; and the handler leaves alone any picker that carries none of our keys.
+        // The delegate of the picker and of its presentation is the class object of NSObject like every other target,
+        // and they know no other ways to tell the end. As class methods of the root class these reach class
+        // objects only, never an instance that the host has for a delegate; and the handlers leave alone any picker
+        // that carries none of our keys.
         objc::MethodNamed<"colorPickerViewControllerDidFinish:", &HandleColorPicked>(),
+        objc::MethodNamed<"presentationControllerDidDismiss:", &HandlePickerSwipedAway>(),
         // The configuration as a whole.
         objc::MethodNamed<"dm_exp", &HandleExport>(),
         objc::MethodNamed<"dm_imp", &HandleImport>(),

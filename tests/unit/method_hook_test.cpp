@@ -246,5 +246,53 @@ TEST_F(MethodHookTest, WhatTheHostRaisesReachesTheHostsCaller) {
     EXPECT_EQ(calls, Trace{"explode"});
 }
 
+/// Gives up the last reference to itself and to what it is given, as a component does that unmounts as it mounts.
+std::vector<objc::Ref<ns::Object>> lastReferences;
+void GiveUp(ns::Object, objc::SEL, ns::Object) {
+    lastReferences.clear();
+}
+
+struct Giver : ns::Object {
+    using ns::Object::Object;
+    static constexpr const char *kClassName = "MethodHookTestGiver";
+};
+
+TEST_F(MethodHookTest, WhatAMethodGivesUpLivesUntilTheHookIsDone) {
+    const objc::MethodEntry methods[] = {MethodNamed<"giveUp:", &GiveUp>()};
+    const objc::Class cls = test::RegisterClass(Giver::kClassName, "NSObject", methods);
+    constexpr auto kDescribe = [](Giver self, objc::Object first) {
+        calls.emplace_back(objc::As<ns::String>(self.description()).UTF8String() != nullptr ? "self" : "");
+        calls.emplace_back(objc::As<ns::String>(ns::Object{first}.description()).UTF8String() != nullptr ? "first"
+                                                                                                         : "");
+    };
+    InstallMethodHooks({After<Giver, "giveUp:", kDescribe>()});
+    lastReferences = {test::NewInstance(cls), test::NewInstance(root)};
+    objc::Send<"giveUp:", void>(lastReferences[0].get(), lastReferences[1].get());
+    EXPECT_EQ(calls, (Trace{"self", "first"})); // the sanitizers tell whether it was still there
+}
+
+double Weigh(ns::Object, objc::SEL, double weight) {
+    return weight;
+}
+long Number(ns::Object, objc::SEL, long number) {
+    return number;
+}
+struct Scale : ns::Object {
+    using ns::Object::Object;
+    static constexpr const char *kClassName = "MethodHookTestScale";
+};
+
+TEST_F(MethodHookTest, MethodsOfOtherTypesAreLeftAlone) {
+    const objc::MethodEntry methods[] = {MethodNamed<"weigh:", &Weigh>(), MethodNamed<"number:", &Number>()};
+    const objc::Class cls = test::RegisterClass(Scale::kClassName, "NSObject", methods);
+    constexpr auto kNever = [](Scale) { calls.emplace_back("never"); };
+    constexpr auto kNeverWithObject = [](Scale, objc::Object) { calls.emplace_back("never"); };
+    InstallMethodHooks({After<Scale, "weigh:", kNever>(), After<Scale, "number:", kNeverWithObject>()});
+    const auto scale = test::NewInstance(cls);
+    EXPECT_EQ((objc::Send<"weigh:", double>(scale.get(), 2.5)), 2.5);
+    EXPECT_EQ((objc::Send<"number:", long>(scale.get(), 7L)), 7);
+    EXPECT_EQ(calls, Trace{});
+}
+
 } // namespace
 } // namespace corvel

@@ -2,6 +2,7 @@
 // values. That happens once, soon after the host starts; what is forced stays forced until the host ends.
 
 #include "adapters/douyin/douyin.hpp"
+#include "adapters/method_types.hpp"
 #include "apple/dispatch/queue.hpp"
 #include "apple/foundation/thread.hpp"
 #include "diagnostics/debug_log.hpp"
@@ -73,10 +74,14 @@ template <class T> void ForceGetter(objc::Method getter, T value) {
     method_setImplementation(getter, imp_implementationWithBlock(objc::Block<T(objc::id)>(answer).pointer));
 }
 
-/// Forces one getter and says so; one that the host lacks is skipped.
+/// Forces one getter and says so; one that the host lacks, or declares with a result of another kind, is skipped.
 void Force(objc::Class cls, ns::String label, const ForcedGetter &forced) {
     const objc::Method getter = class_getInstanceMethod(cls, forced.selector());
     if (getter == nullptr) {
+        return;
+    }
+    const char *types = method_getTypeEncoding(getter);
+    if (!(forced.kind == Kind::kInteger ? IsIntegerGetter(types) : IsBoolGetter(types))) {
         return;
     }
     const ns::String name = ns::String::stringWithUTF8String(sel_getName(forced.selector()));

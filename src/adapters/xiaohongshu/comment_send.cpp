@@ -23,7 +23,8 @@ bool SendViaBar(CommentBar bar, ns::String text) {
     return true;
 }
 
-void SendViaEngine(ImEngine engine, ns::Object groupId, ns::String text) {
+void SendViaEngine(ImEngine engine, ns::String text) {
+    const objc::Ref<ns::Object> groupId = state.groupId; // the room's by now: an earlier way may have changed it
     if (!groupId || objc::ClassOf<ImMessage>() == nullptr) {
         return;
     }
@@ -40,12 +41,11 @@ void SendViaEngine(ImEngine engine, ns::Object groupId, ns::String text) {
 }
 
 void Send(ns::String text) {
-    const objc::Ref<ns::Object> groupId = state.groupId;
     LogSendLine(u"[XHS] send=\"%@\" dv=%@ cb=%@"_ns, text, HeldMark(state.decorateView), HeldMark(state.commentBar));
     SendByFirstOf(
         Through(state.decorateView, u"[XHS] ❌ %@"_ns, [&](DecorateView view) { view.sendFasterChatMsg(text); }),
         Through(state.commentBar, u"[XHS] ❌ %@"_ns, [&](CommentBar bar) { return SendViaBar(bar, text); }),
-        Through(state.imEngine, nullptr, [&](ImEngine engine) { SendViaEngine(engine, groupId, text); }));
+        Through(state.imEngine, nullptr, [&](ImEngine engine) { SendViaEngine(engine, text); }));
 }
 
 } // namespace

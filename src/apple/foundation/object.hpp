@@ -57,6 +57,15 @@ template <objc::Handle T> T Alloc() {
     return objc::SendClass<T, "alloc", T>();
 }
 
+// The same of a class that is known at run time only, for which T stands; nothing for nil.
+
+template <objc::Handle T> objc::Ref<T> New(objc::Class cls) {
+    return objc::Ref<T>::Adopt(objc::detail::SendTo<T, '+', "new", T>(objc::AsObject(cls)));
+}
+template <objc::Handle T> T Alloc(objc::Class cls) {
+    return objc::detail::SendTo<T, '+', "alloc", T>(objc::AsObject(cls));
+}
+
 } // namespace ns
 
 extern "C" {

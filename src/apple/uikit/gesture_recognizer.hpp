@@ -38,6 +38,12 @@ struct GestureRecognizer : ns::Object {
     GestureRecognizer initWithTarget(ns::Object target, objc::SEL action) const {
         return objc::Send<"initWithTarget:action:", GestureRecognizer>(*this, target, action);
     }
+    void addTarget(ns::Object target, objc::SEL action) const {
+        objc::Send<"addTarget:action:", void>(*this, target, action);
+    }
+    cg::Point locationInView(View view) const {
+        return objc::Send<"locationInView:", cg::Point>(*this, view);
+    }
     UIGestureRecognizerState state() const {
         return objc::Send<"state", UIGestureRecognizerState>(*this);
     }

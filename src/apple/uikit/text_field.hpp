@@ -32,6 +32,9 @@ struct TextField : Control {
     void setPlaceholder(ns::String placeholder) const {
         objc::Send<"setPlaceholder:", void>(*this, placeholder);
     }
+    void setInputAccessoryView(View view) const {
+        objc::Send<"setInputAccessoryView:", void>(*this, view);
+    }
     void setBorderStyle(UITextBorderStyle style) const {
         objc::Send<"setBorderStyle:", void>(*this, style);
     }

@@ -72,6 +72,9 @@ struct View : Responder {
     void setAlpha(double alpha) const {
         objc::Send<"setAlpha:", void>(*this, alpha);
     }
+    bool isHidden() const {
+        return objc::Send<"isHidden", bool>(*this);
+    }
     void setHidden(bool hidden) const {
         objc::Send<"setHidden:", void>(*this, hidden);
     }
@@ -112,6 +115,10 @@ struct View : Responder {
     void removeFromSuperview() const {
         objc::Send<"removeFromSuperview", void>(*this);
     }
+    /// Takes the keyboard from whatever view inside this one has it; `force` does not ask that view.
+    bool endEditing(bool force) const {
+        return objc::Send<"endEditing:", bool>(*this, force);
+    }
     void bringSubviewToFront(View view) const {
         objc::Send<"bringSubviewToFront:", void>(*this, view);
     }
@@ -131,6 +138,11 @@ struct View : Responder {
     static void animateWithDuration(double duration, objc::Block<void()> animations,
                                     objc::Block<void(bool)> completion) {
         objc::SendClass<View, "animateWithDuration:animations:completion:", void>(duration, animations, completion);
+    }
+    static void animateWithDuration(double duration, double delay, UIViewAnimationOptions options,
+                                    objc::Block<void()> animations, objc::Block<void(bool)> completion) {
+        objc::SendClass<View, "animateWithDuration:delay:options:animations:completion:", void>(
+            duration, delay, options, animations, completion);
     }
     static void animateWithDuration(double duration, double delay, double damping, double velocity,
                                     UIViewAnimationOptions options, objc::Block<void()> animations,

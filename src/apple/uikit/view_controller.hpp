@@ -14,6 +14,8 @@ enum UIModalTransitionStyle : long { UIModalTransitionStyleCoverVertical = 0, UI
 
 namespace ui {
 
+struct PresentationController;
+
 struct ViewController : Responder {
     using Responder::Responder;
     static constexpr const char *kClassName = "UIViewController";
@@ -28,6 +30,8 @@ struct ViewController : Responder {
     ViewController presentedViewController() const {
         return objc::Send<"presentedViewController", ViewController>(*this);
     }
+    /// Made at the first call, for the presentation that comes.
+    PresentationController presentationController() const;
     void presentViewController(ViewController controller, bool animated, objc::Block<void()> completion) const {
         objc::Send<"presentViewController:animated:completion:", void>(*this, controller, animated, completion);
     }
@@ -35,5 +39,24 @@ struct ViewController : Responder {
         objc::Send<"dismissViewControllerAnimated:completion:", void>(*this, animated, completion);
     }
 };
+
+/// How a view controller is presented.
+struct PresentationController : ns::Object {
+    using ns::Object::Object;
+    static constexpr const char *kClassName = "UIPresentationController";
+
+    /// The delegate is not retained; it hears in `presentationControllerDidDismiss:` of a sheet that the user swiped
+    /// away.
+    void setDelegate(ns::Object delegate) const {
+        objc::Send<"setDelegate:", void>(*this, delegate);
+    }
+    ViewController presentedViewController() const {
+        return objc::Send<"presentedViewController", ViewController>(*this);
+    }
+};
+
+inline PresentationController ViewController::presentationController() const {
+    return objc::Send<"presentationController", PresentationController>(*this);
+}
 
 } // namespace ui

@@ -67,6 +67,14 @@ struct Window : View {
     Window initWithWindowScene(WindowScene scene) const {
         return objc::Send<"initWithWindowScene:", Window>(*this, scene);
     }
+    /// The scene that shows the window; nil once the system has taken it away.
+    /// https://developer.apple.com/documentation/uikit/uiwindowscene
+    WindowScene windowScene() const {
+        return objc::Send<"windowScene", WindowScene>(*this);
+    }
+    void setWindowScene(WindowScene scene) const {
+        objc::Send<"setWindowScene:", void>(*this, scene);
+    }
     void setWindowLevel(double level) const {
         objc::Send<"setWindowLevel:", void>(*this, level);
     }
@@ -81,6 +89,10 @@ struct Window : View {
     }
     void makeKeyWindow() const {
         objc::Send<"makeKeyWindow", void>(*this);
+    }
+    /// https://developer.apple.com/documentation/uikit/uiwindow
+    bool canBecomeKeyWindow() const {
+        return objc::Send<"canBecomeKeyWindow", bool>(*this);
     }
     bool isKeyWindow() const {
         return objc::Send<"isKeyWindow", bool>(*this);
