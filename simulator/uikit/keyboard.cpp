@@ -76,10 +76,6 @@ void Post(ns::String name, ns::Dictionary info) {
                                                               ns::Object{}, info);
 }
 
-double KeysHeight() {
-    return Shared().height.value_or(ScreenKeyHeights().letters);
-}
-
 cg::Rect BelowScreen(double height) {
     return {{0, ScreenSize().height}, {ScreenSize().width, height}};
 }
@@ -148,7 +144,8 @@ void Show(ui::Responder first) {
     Keyboard &keyboard = Shared();
     const auto accessory = objc::Send<"inputAccessoryView", ui::View>(first);
     const double above = accessory ? accessory.frame().size.height : 0;
-    const double height = KeysHeight() + above;
+    const double keys = ScreenKeyHeights().letters;
+    const double height = keyboard.height.value_or(keys) + above;
     const cg::Size screen = ScreenSize();
     const cg::Rect begin = keyboard.up ? keyboard.frame : BelowScreen(height);
     const cg::Rect end{{0, screen.height - height}, {screen.width, height}};
