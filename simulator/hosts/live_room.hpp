@@ -4,6 +4,7 @@
 #include "apple/uikit/window.hpp"
 #include "objc/ref.hpp"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -27,6 +28,15 @@ struct LiveRoomLook {
     std::vector<std::string> buttons = {"礼", "赞", "享"}; // from the right edge of the input bar's row
 };
 
+/// What an app's own screen may use, margins and the screen's safe area left out; the edges in points.
+struct RoomArea {
+    double left = 0;
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+};
+
+/// The lobby stands upright only; the room turns with the phone.
 class LiveRoom {
   public:
     explicit LiveRoom(LiveRoomLook look) : look_(std::move(look)) {}
@@ -35,13 +45,11 @@ class LiveRoom {
     /// Shows the room with this title (as the app words it) and an empty chat.
     void Enter(const std::string &title);
     /// Back to the lobby.
-    void Leave() {
-        DrawLobby();
-    }
+    void Leave();
     /// Adds the user's own comment to the chat; the oldest bubble goes when there is no more room.
     void AddComment(const std::string &text);
-    /// Where a room shows its comment input, for an input view of the app's own.
-    static cg::Rect InputFrame();
+    /// Lays an input view of the app's own over the room's comment input, for as long as the room is shown.
+    void PlaceAtInput(ui::View view);
     /// Taps that reached the app's own screen.
     static int Taps();
     /// The app's window; nil before the launch.
@@ -54,8 +62,21 @@ class LiveRoom {
     }
 
   private:
+    using Placement = std::function<cg::Rect(const RoomArea &area)>;
+    struct Placed {
+        objc::WeakRef<ui::View> view;
+        Placement frame;
+    };
+
     /// Replaces the screen by an empty one of this class.
     template <class T> void NewScreen();
+    /// Gives the view this frame now and whenever the screen has turned.
+    void Place(ui::View view, Placement frame);
+    /// Places everything anew.
+    void LayOut();
+    /// Tells the controller whether its interface may turn.
+    void LetTurn(bool turns);
+    cg::Rect InputFrame(const RoomArea &area) const;
     void DrawLobby();
     void DrawTopBar(const std::string &title);
     void DrawInputBar();
@@ -66,6 +87,7 @@ class LiveRoom {
     objc::Ref<ui::Window> window_;
     objc::Ref<ui::View> screen_;
     objc::Ref<ui::View> chat_; // nil in the lobby
+    std::vector<Placed> placed_;
 };
 
 /// Registers the classes of this screen. After UIKit's.

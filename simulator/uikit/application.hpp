@@ -7,10 +7,7 @@
 
 namespace sim {
 
-/// Sets the main screen's size (points) and scale (pixels a point). Before the first scene or window is made.
-void SetScreen(cg::Size size, double scale);
-
-/// The main screen's size in points; 390 x 844 unless set.
+/// The main screen's size in points, as the interface stands now; 390 x 844 unless set (uikit/screen.hpp).
 cg::Size ScreenSize();
 
 /// Pixels a point; 3 unless set.

@@ -10,6 +10,7 @@
     DEFINE(Haptics)                                                                                                    \
     DEFINE(Layer)                                                                                                      \
     DEFINE(Screen)                                                                                                     \
+    DEFINE(Orientation)                                                                                                \
     DEFINE(Event)                                                                                                      \
     DEFINE(Responder)                                                                                                  \
     DEFINE(Application)                                                                                                \

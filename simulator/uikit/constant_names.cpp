@@ -19,6 +19,10 @@ ns::String UIKeyboardFrameEndUserInfoKey;
 ns::String UIKeyboardAnimationDurationUserInfoKey;
 ns::String UIKeyboardAnimationCurveUserInfoKey;
 ns::String UIKeyboardIsLocalUserInfoKey;
+ns::String UIApplicationWillChangeStatusBarOrientationNotification;
+ns::String UIApplicationDidChangeStatusBarOrientationNotification;
+ns::String UIApplicationStatusBarOrientationUserInfoKey;
+ns::String UIDeviceOrientationDidChangeNotification;
 // NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
 }
 
@@ -38,6 +42,12 @@ void DefineConstantNames() {
     UIKeyboardAnimationDurationUserInfoKey = "UIKeyboardAnimationDurationUserInfoKey"_ns;
     UIKeyboardAnimationCurveUserInfoKey = "UIKeyboardAnimationCurveUserInfoKey"_ns;
     UIKeyboardIsLocalUserInfoKey = "UIKeyboardIsLocalUserInfoKey"_ns;
+    UIApplicationWillChangeStatusBarOrientationNotification =
+        "UIApplicationWillChangeStatusBarOrientationNotification"_ns;
+    UIApplicationDidChangeStatusBarOrientationNotification =
+        "UIApplicationDidChangeStatusBarOrientationNotification"_ns;
+    UIApplicationStatusBarOrientationUserInfoKey = "UIApplicationStatusBarOrientationUserInfoKey"_ns;
+    UIDeviceOrientationDidChangeNotification = "UIDeviceOrientationDidChangeNotification"_ns;
 }
 
 } // namespace sim

@@ -11,6 +11,7 @@
 #include "uikit/classes.hpp"
 #include "uikit/keyboard_keys.hpp"
 #include "uikit/responder.hpp"
+#include "uikit/screen.hpp"
 #include "uikit/text_input.hpp"
 
 #include <algorithm>
@@ -43,7 +44,7 @@ struct Keys : ui::View {
 };
 
 struct Keyboard {
-    double height = 336;
+    std::optional<double> height; // of the keys; the screen's unless set
     double duration = 0.25;
     bool up = false;
     cg::Rect frame;                   // where it is going to be
@@ -143,7 +144,8 @@ void Show(ui::Responder first) {
     Keyboard &keyboard = Shared();
     const auto accessory = objc::Send<"inputAccessoryView", ui::View>(first);
     const double above = accessory ? accessory.frame().size.height : 0;
-    const double height = keyboard.height + above;
+    const double keys = ScreenKeyHeights().letters;
+    const double height = keyboard.height.value_or(keys) + above;
     const cg::Size screen = ScreenSize();
     const cg::Rect begin = keyboard.up ? keyboard.frame : BelowScreen(height);
     const cg::Rect end{{0, screen.height - height}, {screen.width, height}};
@@ -191,6 +193,32 @@ void KeyboardFollows(ui::Responder first) {
     } else if (Shared().up) {
         Hide();
     }
+}
+
+void KeyboardMakesWay() {
+    const Keyboard &keyboard = Shared();
+    if (!keyboard.up) {
+        return;
+    }
+    const cg::Rect begin = keyboard.frame;
+    const auto info = objc::Ref<ns::Dictionary>(Info(begin, BelowScreen(begin.size.height)));
+    Post(UIKeyboardWillChangeFrameNotification, info);
+    Post(UIKeyboardWillHideNotification, info);
+    Post(UIKeyboardDidChangeFrameNotification, info);
+    Post(UIKeyboardDidHideNotification, info);
+}
+
+void KeyboardComesBack() {
+    Keyboard &keyboard = Shared();
+    if (!keyboard.up) {
+        if (keyboard.window) { // on its way down
+            ++keyboard.movement;
+            Disassemble();
+        }
+        return;
+    }
+    keyboard.frame = BelowScreen(keyboard.frame.size.height);
+    Show(FirstResponder());
 }
 
 void SetKeyboardHeight(double height) {

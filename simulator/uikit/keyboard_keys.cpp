@@ -5,6 +5,7 @@
 #include "runtime/native_class.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/drawing.hpp"
+#include "uikit/screen.hpp"
 #include "uikit/view_state.hpp"
 
 #include <algorithm>
@@ -16,9 +17,10 @@ namespace {
 constexpr double kKeyGap = 6;
 constexpr double kRowGap = 11;
 constexpr double kMargin = 3;
-constexpr double kTop = 10;
+constexpr double kTop = 6; // at least; what is left above the keys is for suggestions
 constexpr double kTallestRow = 44;
-constexpr double kBelowKeys = 76; // points without keys at the bottom, as on phones without a home button
+constexpr double kBelowKeys = 4;    // points without keys at the bottom,
+constexpr double kKeyboardBar = 38; // more where the keyboard has a bar of its own: upright, without a home button
 constexpr double kKeyRadius = 5;
 constexpr int kRows = 4;
 constexpr double kMostKeys = 10; // in a row; its keys are as wide as the room allows
@@ -38,12 +40,19 @@ Look PresentLook() {
                               : Look{{0.82, 0.83, 0.85, 1}, {1, 1, 1, 1}, {0.67, 0.7, 0.74, 1}, {0, 0, 0, 1}};
 }
 
+/// The points without keys at the bottom.
+double BelowKeys() {
+    const double safe = ScreenSafeArea().bottom;
+    return kBelowKeys + safe + (safe > 0 && !IsLandscape() ? kKeyboardBar : 0);
+}
+
 class Keys {
   public:
     Keys(cairo_t *context, cg::Size size)
         : context_(context), look_(PresentLook()),
           keyWidth_((size.width - 2 * kMargin - (kMostKeys - 1) * kKeyGap) / kMostKeys), width_(size.width),
-          rowHeight_(std::min((size.height - kTop - kBelowKeys - (kRows - 1) * kRowGap) / kRows, kTallestRow)) {}
+          bottom_(size.height - BelowKeys()),
+          rowHeight_(std::min((bottom_ - kTop - (kRows - 1) * kRowGap) / kRows, kTallestRow)) {}
 
     void Draw(double height) {
         SetPaint(context_, look_.background);
@@ -89,7 +98,7 @@ class Keys {
     }
 
     double RowTop(int row) const {
-        return kTop + row * (rowHeight_ + kRowGap);
+        return bottom_ - (kRows - row) * rowHeight_ - (kRows - 1 - row) * kRowGap;
     }
 
     /// A row of letters, centred.
@@ -116,6 +125,7 @@ class Keys {
     Look look_;
     double keyWidth_;
     double width_;
+    double bottom_;
     double rowHeight_;
 };
 

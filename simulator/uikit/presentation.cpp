@@ -4,7 +4,9 @@
 #include "runtime/block_function.hpp"
 #include "runtime/clock.hpp"
 #include "uikit/animation.hpp"
+#include "uikit/orientation.hpp"
 #include "uikit/responder.hpp"
+#include "uikit/scene_state.hpp"
 #include "uikit/view.hpp"
 #include "uikit/view_controller.hpp"
 
@@ -16,7 +18,7 @@ using ui::ViewController;
 /// How long (seconds) a presented view takes to come or go: by moving, or by fading as alerts do.
 constexpr double kMoveTime = 0.4;
 constexpr double kFadeTime = 0.25;
-/// The height (points) that stays free above a sheet.
+/// The height (points) that stays free above a sheet; in landscape a sheet covers the window.
 constexpr double kSheetTop = 57;
 
 cg::Rect PresentedFrame(ViewController controller, ui::Window window) {
@@ -24,7 +26,7 @@ cg::Rect PresentedFrame(ViewController controller, ui::Window window) {
     const UIModalPresentationStyle style = StateOf<ControllerState>(controller).presentationStyle;
     const bool isSheet = style == UIModalPresentationAutomatic || style == UIModalPresentationPageSheet ||
                          style == UIModalPresentationFormSheet;
-    const double top = isSheet ? kSheetTop : 0;
+    const double top = isSheet && !IsLandscape() ? kSheetTop : 0;
     return {{whole.origin.x, whole.origin.y + top}, {whole.size.width, whole.size.height - top}};
 }
 
@@ -89,6 +91,7 @@ void Present(ViewController self, ViewController controller, bool animated, objc
     objc::Send<"viewWillAppear:", void>(controller, animated);
     window.addSubview(view);
     LayoutIfNeeded(view);
+    InterfaceFollowsController();
     const objc::Ref<ViewController> keep = controller;
     const auto shown = [keep, animated, then = FunctionOf(completion)](bool) {
         objc::Send<"viewDidAppear:", void>(keep.get(), animated);
@@ -111,6 +114,7 @@ void TakeAway(ViewController presenter, ViewController controller, bool animated
     StateOf<ControllerState>(controller).isBeingDismissed = false;
     objc::Send<"viewDidDisappear:", void>(controller, animated);
     StateOf<ControllerState>(presenter).presented = nullptr;
+    InterfaceFollowsController();
     GiveKeyboardBack(presenter, controller);
 }
 
@@ -161,6 +165,14 @@ void DefinePresentation(Class<ControllerState> &controller) {
     controller.ReadOnly<"isBeingDismissed", &ControllerState::isBeingDismissed>();
     controller.Method<"presentViewController:animated:completion:", &Present>();
     controller.Method<"dismissViewControllerAnimated:completion:", &Dismiss>();
+}
+
+void ResizePresented(ui::Window window) {
+    for (ViewController at = WindowStateOf(window).root; at; at = StateOf<ControllerState>(at).presented) {
+        if (const ViewController presented = StateOf<ControllerState>(at).presented) {
+            presented.view().setFrame(PresentedFrame(presented, window));
+        }
+    }
 }
 
 } // namespace sim

@@ -30,6 +30,7 @@ void DefineScene() {
 
     auto windowScene = Class("UIWindowScene", "UIScene");
     windowScene.Method<"coordinateSpace">([](ui::WindowScene) { return objc::As<ui::CoordinateSpace>(MainScreen()); });
+    windowScene.Method<"interfaceOrientation">([](ui::WindowScene) { return InterfaceOrientation(); });
     windowScene.Method<"screen">([](ui::WindowScene) { return MainScreen(); });
     windowScene.Method<"keyWindow", &KeyWindowOf>();
     windowScene.Method<"windows">([](ui::WindowScene self) { return MakeArray(WindowsOf(self)); });

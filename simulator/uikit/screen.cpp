@@ -8,14 +8,14 @@
 namespace sim {
 namespace {
 
-struct Metrics {
-    cg::Size size{390, 844};
-    double scale = 3;
+struct Present {
+    ScreenModel model = UsualScreen();
+    Orientation orientation = Orientation::kPortrait;
 };
 
-Metrics &MainMetrics() {
-    static Metrics metrics;
-    return metrics;
+Present &ThePresent() {
+    static Present present;
+    return present;
 }
 
 struct Main {
@@ -32,16 +32,40 @@ void DefineScreen() {
     screen.Method<"coordinateSpace">([](ui::Screen self) { return self; });
 }
 
-void SetScreen(cg::Size size, double scale) {
-    MainMetrics() = {size, scale};
+void SetScreen(const ScreenModel &model) {
+    ThePresent().model = model;
+}
+
+Orientation InterfaceOrientation() {
+    return ThePresent().orientation;
+}
+
+void SetInterfaceOrientation(Orientation orientation) {
+    ThePresent().orientation = orientation;
+}
+
+bool IsLandscape() {
+    const Orientation orientation = InterfaceOrientation();
+    return orientation == Orientation::kLandscapeLeft || orientation == Orientation::kLandscapeRight;
 }
 
 cg::Size ScreenSize() {
-    return MainMetrics().size;
+    const cg::Size upright = ThePresent().model.size;
+    return IsLandscape() ? cg::Size{upright.height, upright.width} : upright;
 }
 
 double ScreenScale() {
-    return MainMetrics().scale;
+    return ThePresent().model.scale;
+}
+
+ui::EdgeInsets ScreenSafeArea() {
+    const ScreenModel &model = ThePresent().model;
+    return IsLandscape() ? model.lying : model.upright;
+}
+
+KeyHeights ScreenKeyHeights() {
+    const ScreenModel &model = ThePresent().model;
+    return IsLandscape() ? model.lyingKeys : model.uprightKeys;
 }
 
 ui::Screen MainScreen() {

@@ -4,6 +4,7 @@
 #include "render/surface.hpp"
 #include "runtime/autorelease.hpp"
 #include "uikit/application.hpp"
+#include "uikit/status_bar.hpp"
 #include "uikit/view_renderer.hpp"
 
 #include <cmath>
@@ -23,6 +24,7 @@ void DrawScreen(cairo_t *context) {
     for (auto window : std::ranges::reverse_view(windows)) {
         renderer.DrawInSuperview(window);
     }
+    DrawStatusBar(context);
 }
 
 bool WriteScreenshot(const std::string &path, double scale) {

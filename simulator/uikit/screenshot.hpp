@@ -7,8 +7,8 @@ struct _cairo;
 
 namespace sim {
 
-/// Draws the screen, black with all visible windows back to front, into a context whose user space is in points and
-/// whose target is an image surface.
+/// Draws the screen, black with all visible windows back to front and the status bar above them, into a context whose
+/// user space is in points and whose target is an image surface.
 void DrawScreen(_cairo *context);
 
 /// Writes what the screen shows as a PNG file of `scale` pixels a point; false when the file cannot be written.

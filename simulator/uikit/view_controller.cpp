@@ -1,7 +1,10 @@
 #include "uikit/view_controller.hpp"
 
 #include "uikit/application.hpp"
+#include "uikit/autoresizing.hpp"
 #include "uikit/classes.hpp"
+#include "uikit/orientation.hpp"
+#include "uikit/status_bar.hpp"
 #include "uikit/view_state.hpp"
 
 namespace sim {
@@ -18,6 +21,15 @@ void SetView(ViewController self, ui::View view) {
     if (view) {
         ViewStateOf(view).controller = self;
     }
+}
+
+constexpr unsigned long kFlexibleSize = UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight;
+constexpr unsigned long kAllButUpsideDown = 26; // UIInterfaceOrientationMaskAllButUpsideDown
+
+void LoadView(ViewController self) {
+    const auto view = ui::MakeView<ui::View>({{}, ScreenSize()});
+    ViewStateOf(view).autoresizingMask = kFlexibleSize;
+    objc::Send<"setView:", void>(self, view.get());
 }
 
 void LoadViewIfNeeded(ViewController self) {
@@ -38,6 +50,19 @@ void DefineNotices(Class<ControllerState> &controller) {
     controller.Method<"viewDidLayoutSubviews">([](ViewController) {});
 }
 
+/// What the phone asks about turning the interface and about the status bar, with the answers of a plain controller.
+void DefineWishes(Class<ControllerState> &controller) {
+    controller.Method<"supportedInterfaceOrientations">([](ViewController) { return kAllButUpsideDown; });
+    controller.Method<"shouldAutorotate">([](ViewController) { return true; });
+    controller.ClassMethod<"attemptRotationToDeviceOrientation">([](ns::Object) { InterfaceFollowsController(); });
+    controller.Method<"prefersStatusBarHidden">([](ViewController) { return false; });
+    controller.Method<"preferredStatusBarStyle">([](ViewController) { return StatusBarStyle::kDefault; });
+    controller.Method<"childViewControllerForStatusBarHidden">([](ViewController) { return ViewController{}; });
+    controller.Method<"childViewControllerForStatusBarStyle">([](ViewController) { return ViewController{}; });
+    controller.Property<"modalPresentationCapturesStatusBarAppearance", &ControllerState::capturesStatusBar>();
+    controller.Method<"setNeedsStatusBarAppearanceUpdate">([](ViewController) {}); // asked anew for every picture
+}
+
 } // namespace
 
 void DefineViewController() {
@@ -55,15 +80,14 @@ void DefineViewController() {
     controller.Method<"setView:", &SetView>();
     controller.ReadOnly<"viewIfLoaded", &ControllerState::view>();
     controller.Method<"isViewLoaded">([](const ControllerState &state) { return static_cast<bool>(state.view); });
-    controller.Method<"loadView">([](ViewController self) {
-        objc::Send<"setView:", void>(self, ui::MakeView<ui::View>({{}, ScreenSize()}).get());
-    });
+    controller.Method<"loadView", &LoadView>();
     controller.Method<"loadViewIfNeeded", &LoadViewIfNeeded>();
     controller.Property<"title", &ControllerState::title>();
     controller.Method<"nextResponder">([](const ControllerState &state) -> ui::Responder {
         return state.view ? ViewStateOf(state.view).superview : ui::View{};
     });
     DefineNotices(controller);
+    DefineWishes(controller);
     DefinePresentation(controller);
 }
 

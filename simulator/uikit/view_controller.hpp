@@ -16,11 +16,15 @@ struct ControllerState {
     UIModalPresentationStyle presentationStyle = UIModalPresentationAutomatic;
     UIModalTransitionStyle transitionStyle = UIModalTransitionStyleCoverVertical;
     bool isBeingDismissed = false;
-    WeakObject editedBefore; // the first responder that its coming took the keyboard from
+    bool capturesStatusBar = false; // although it does not cover the screen as a full-screen one does
+    WeakObject editedBefore;        // the first responder that its coming took the keyboard from
 };
 
 /// The part of UIViewController that presents others.
 void DefinePresentation(Class<ControllerState> &controller);
+
+/// Gives the views of what is presented in a window the sizes that the window's present size asks for.
+void ResizePresented(ui::Window window);
 
 /// Tells a window's root controller that its view has come up or gone.
 void SetRootAppears(ui::ViewController controller, bool appears);

@@ -2,11 +2,30 @@
 
 #include "runtime/clock.hpp"
 #include "uikit/application.hpp"
+#include "uikit/screen.hpp"
 #include "uikit/view.hpp"
+#include "uikit/view_geometry.hpp"
 #include "uikit/view_parts.hpp"
+
+#include <algorithm>
 
 namespace sim {
 namespace {
+
+/// How far the view reaches into what is to be kept free at the screen's edges; nothing outside a window.
+ui::EdgeInsets SafeAreaOf(ui::View view) {
+    const ui::Window window = WindowOf(view);
+    if (!window) {
+        return {};
+    }
+    const ui::EdgeInsets safe = ScreenSafeArea();
+    const cg::Size screen = ScreenSize();
+    const cg::Point start = ToScreen(view, view.bounds().origin);
+    const cg::Size size = view.bounds().size;
+    return {std::max(safe.top - start.y, 0.0), std::max(safe.left - start.x, 0.0),
+            std::max(start.y + size.height - (screen.height - safe.bottom), 0.0),
+            std::max(start.x + size.width - (screen.width - safe.right), 0.0)};
+}
 
 void ScheduleLayout() {
     static bool scheduled = false;
@@ -25,6 +44,9 @@ void DefineViewLayout(ViewClass &view) {
     view.Method<"setNeedsLayout", &SetNeedsLayout>();
     view.Method<"layoutIfNeeded", &LayoutIfNeeded>();
     view.Method<"layoutSubviews">([](ui::View) {});
+    view.Property<"autoresizingMask", &ViewState::autoresizingMask>();
+    view.Property<"autoresizesSubviews", &ViewState::autoresizesSubviews>();
+    view.Method<"safeAreaInsets", &SafeAreaOf>();
     view.Method<"sizeThatFits:">([](const ViewState &state, cg::Size) { return state.model.bounds.size; });
     view.Method<"sizeToFit">(
         [](ui::View self) { self.setFrame({self.frame().origin, self.sizeThatFits(self.bounds().size)}); });

@@ -2,6 +2,7 @@
 
 #include "runtime/exception.hpp"
 #include "runtime/native_class.hpp"
+#include "uikit/autoresizing.hpp"
 #include "uikit/by_class.hpp"
 #include "uikit/view.hpp"
 
@@ -38,9 +39,10 @@ void SetViewValues(ui::View view, const ViewValues &values) {
     CheckFinite("position", values.center.x, values.center.y);
     ViewState &state = ViewStateOf(view);
     RecordAnimation(view, state.model, values);
-    const bool resized = state.model.bounds.size != values.bounds.size;
+    const cg::Size before = state.model.bounds.size;
     state.model = values;
-    if (resized) {
+    if (before != values.bounds.size) {
+        AutoresizeSubviews(view, before);
         SetNeedsLayout(view);
     }
 }

@@ -27,6 +27,8 @@ struct ViewState {
     bool userInteractionEnabled = true;
     bool multipleTouchEnabled = false;
     bool needsLayout = true;
+    bool autoresizesSubviews = true;
+    unsigned long autoresizingMask = 0; // UIViewAutoresizing
     long tag = 0;
     ui::View superview;                        // not owned, as in UIKit
     std::vector<objc::Ref<ui::View>> subviews; // back to front

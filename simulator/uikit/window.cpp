@@ -3,6 +3,7 @@
 #include "runtime/native_class.hpp"
 #include "uikit/application.hpp"
 #include "uikit/classes.hpp"
+#include "uikit/orientation.hpp"
 #include "uikit/scene_state.hpp"
 #include "uikit/screen.hpp"
 #include "uikit/touch_delivery.hpp"
@@ -102,12 +103,14 @@ void SetHidden(ui::View self, bool hidden) {
     const auto window = objc::As<ui::Window>(self);
     if (hidden) {
         PassKeyOn(window);
+        InterfaceFollowsController();
         return;
     }
     static long shown = 0;
     WindowStateOf(window).shownOrder = ++shown;
     ShowRoot(window);
     SetNeedsLayout(window);
+    InterfaceFollowsController();
 }
 
 void DefineKeyStatus(Class<WindowState> &window) {
@@ -151,6 +154,7 @@ void DefineWindow() {
             HideRoot(self);
             WindowStateOf(self).root = controller;
             ShowRoot(self);
+            InterfaceFollowsController();
         }
     });
     window.Method<"setHidden:", &SetHidden>();

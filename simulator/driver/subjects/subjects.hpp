@@ -12,6 +12,7 @@ extern const Subject kPhone;
 extern const Subject kPreferences;
 extern const Subject kPresentations;
 extern const Subject kScenes;
+extern const Subject kScreen;
 extern const Subject kScrolling;
 extern const Subject kTouches;
 extern const Subject kTyping;

@@ -69,7 +69,7 @@ class WeChat final : public Host {
         if (!view) {
             return {};
         }
-        view.setFrame(LiveRoom::InputFrame());
+        room().PlaceAtInput(view);
         InvokeIfAnswered(view, "setTaskId:", {script::Text(task)});
         return MoveView(view, room().screen());
     }

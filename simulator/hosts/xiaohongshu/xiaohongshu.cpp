@@ -3,7 +3,9 @@
 #include "apple/foundation/collections.hpp"
 #include "hosts/app.hpp"
 #include "uikit/application.hpp"
+#include "uikit/autoresizing.hpp"
 #include "uikit/target_action.hpp"
+#include "uikit/view_state.hpp"
 
 namespace sim::hosts {
 namespace {
@@ -136,10 +138,11 @@ class Xiaohongshu final : public Host {
         const auto decorate = objc::As<ui::View>(Make("decorate"));
         if (decorate) {
             decorate.setFrame({{0, 0}, ScreenSize()});
+            ViewStateOf(decorate).autoresizingMask = UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight;
             Append(said, MoveView(decorate, room().screen()));
         }
         if (const auto bar = objc::As<ui::View>(Make("bar"))) {
-            bar.setFrame(LiveRoom::InputFrame());
+            room().PlaceAtInput(bar);
             InvokeIfAnswered(bar, "setDelegate:", TheObjects().NameOf(decorate));
             Append(said, MoveView(bar, room().screen()));
         }
