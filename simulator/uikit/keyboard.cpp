@@ -28,6 +28,8 @@ extern const ns::String UIKeyboardIsLocalUserInfoKey;
 namespace sim {
 namespace {
 
+constexpr double kLettersHeight = 336;      // points, the home indicator included
+constexpr double kNumberPadHeight = 291;    // the same
 constexpr double kWindowLevel = 10'000'001; // above every window of an app
 constexpr int kKeyboardCurve = 7;           // a UIViewAnimationCurve without a public name
 
@@ -43,7 +45,7 @@ struct Keys : ui::View {
 };
 
 struct Keyboard {
-    double height = 336;
+    std::optional<double> height; // of the keys, when it is not to be that of their kind
     double duration = 0.25;
     bool up = false;
     cg::Rect frame;                   // where it is going to be
@@ -143,7 +145,8 @@ void Show(ui::Responder first) {
     Keyboard &keyboard = Shared();
     const auto accessory = objc::Send<"inputAccessoryView", ui::View>(first);
     const double above = accessory ? accessory.frame().size.height : 0;
-    const double height = keyboard.height + above;
+    const double keys = IsNumberPad(first) ? kNumberPadHeight : kLettersHeight;
+    const double height = keyboard.height.value_or(keys) + above;
     const cg::Size screen = ScreenSize();
     const cg::Rect begin = keyboard.up ? keyboard.frame : BelowScreen(height);
     const cg::Rect end{{0, screen.height - height}, {screen.width, height}};

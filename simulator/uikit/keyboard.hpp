@@ -11,7 +11,8 @@ namespace sim {
 /// Brings the keyboard in line with the first responder (nil: there is none). Called whenever that changes.
 void KeyboardFollows(ui::Responder first);
 
-/// Sets the height of the keys (points, without the accessory view; 336 unless set); a keyboard that is up moves.
+/// Sets the height of all keys (points, without the accessory view; 336 for letters and 291 for the number pad unless
+/// set); a keyboard that is up moves.
 void SetKeyboardHeight(double height);
 
 /// Sets how long each movement of the keyboard takes; 0.25 seconds unless set.
