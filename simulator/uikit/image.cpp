@@ -4,12 +4,15 @@
 #include "render/album.hpp"
 #include "render/surface.hpp"
 #include "runtime/clock.hpp"
+#include "runtime/exception.hpp"
 #include "runtime/native_class.hpp"
+#include "runtime/variants.hpp"
 #include "uikit/application.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/view_renderer.hpp"
 
 #include <cmath>
+#include <cstdio>
 #include <vector>
 
 namespace sim {
@@ -109,6 +112,13 @@ cairo_surface_t *PixelsOf(ui::Image image) {
 extern "C" {
 
 void UIGraphicsBeginImageContextWithOptions(cg::Size size, bool opaque, double scale) {
+    if (!(size.width > 0 && size.height > 0) && sim::Otherwise(sim::Variant::kEmptyImageContext)) {
+        char reason[128];
+        std::snprintf(reason, sizeof reason,
+                      "UIGraphicsBeginImageContext() failed to allocate: size={%g, %g}, scale=%g", size.width,
+                      size.height, scale);
+        sim::RaiseException("NSInternalInconsistencyException", reason);
+    }
     sim::OpenContexts().push_back(sim::MakeContext(size, opaque, scale > 0 ? scale : sim::ScreenScale()));
 }
 

@@ -44,7 +44,7 @@ struct Keys : ui::View {
 };
 
 struct Keyboard {
-    std::optional<double> height; // of the keys; the screen's unless set
+    std::optional<double> height; // of the keys; the screen's for their kind unless set
     double duration = 0.25;
     bool up = false;
     cg::Rect frame;                   // where it is going to be
@@ -144,7 +144,8 @@ void Show(ui::Responder first) {
     Keyboard &keyboard = Shared();
     const auto accessory = objc::Send<"inputAccessoryView", ui::View>(first);
     const double above = accessory ? accessory.frame().size.height : 0;
-    const double keys = ScreenKeyHeights().letters;
+    const KeyHeights heights = ScreenKeyHeights();
+    const double keys = IsNumberPad(first) ? heights.numberPad : heights.letters;
     const double height = keyboard.height.value_or(keys) + above;
     const cg::Size screen = ScreenSize();
     const cg::Rect begin = keyboard.up ? keyboard.frame : BelowScreen(height);

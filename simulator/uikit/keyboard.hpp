@@ -11,8 +11,8 @@ namespace sim {
 /// Brings the keyboard in line with the first responder (nil: there is none). Called whenever that changes.
 void KeyboardFollows(ui::Responder first);
 
-/// Sets the height of the keys (points, without the accessory view), which otherwise is the screen's; a keyboard that
-/// is up moves.
+/// Sets the height of all keys (points, without the accessory view), which otherwise is the screen's for their kind; a
+/// keyboard that is up moves.
 void SetKeyboardHeight(double height);
 
 /// A keyboard that is up goes at once while the screen changes its size, and comes back at its new place after that.

@@ -142,9 +142,13 @@ void DefineKeyboardKeys() {
 }
 
 void ShowKeysFor(ui::Responder edited) {
+    numberPad = IsNumberPad(edited);
+}
+
+bool IsNumberPad(ui::Responder edited) {
     const bool hasType = edited.respondsToSelector(objc::Selector<"keyboardType">());
-    numberPad = hasType && objc::Send<"keyboardType", UIKeyboardType>(objc::As<ui::TextInputTraits>(edited)) ==
-                               UIKeyboardTypeNumberPad;
+    return hasType &&
+           objc::Send<"keyboardType", UIKeyboardType>(objc::As<ui::TextInputTraits>(edited)) == UIKeyboardTypeNumberPad;
 }
 
 } // namespace sim

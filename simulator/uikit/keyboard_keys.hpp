@@ -10,4 +10,7 @@ inline constexpr const char *kKeysClass = "UIKeyboard";
 /// Gives the keys the face that the view under edit asks for: letters, or a number pad.
 void ShowKeysFor(ui::Responder edited);
 
+/// Whether that is the number pad, which has keys for the ten digits and for nothing else.
+bool IsNumberPad(ui::Responder edited);
+
 } // namespace sim

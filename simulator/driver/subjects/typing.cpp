@@ -1,11 +1,13 @@
 // The keyboard, and the text that is being edited.
 
+#include "apple/uikit/pasteboard.hpp"
 #include "driver/subjects/subjects.hpp"
 #include "driver/view_properties.hpp"
 #include "runtime/clock.hpp"
 #include "runtime/utf16.hpp"
 #include "script/text.hpp"
 #include "uikit/keyboard.hpp"
+#include "uikit/keyboard_keys.hpp"
 #include "uikit/text_input.hpp"
 
 #include <limits>
@@ -52,9 +54,23 @@ void DoType(Session &, WordReader &words) {
     words.End();
     for (const std::u16string &key : Keys(units)) {
         CheckEditing(words); // a key may have ended it
+        if (IsNumberPad(EditedView()) && (key.front() < u'0' || key.front() > u'9')) {
+            words.Fail("the number pad has digits only");
+        }
         TypeText(StringOf(key));
         clock::Drain();
     }
+}
+
+/// What the menu over a text offers; it goes into a field for numbers as well, whatever it is.
+void DoPaste(Session &, WordReader &words) {
+    words.End();
+    CheckEditing(words);
+    const ns::String text = ui::Pasteboard::generalPasteboard().string();
+    if (!text) {
+        words.Fail("the pasteboard holds no text");
+    }
+    TypeText(text);
 }
 
 void DoErase(Session &, WordReader &words) {
@@ -121,6 +137,7 @@ Answer AskEditing(Session &, WordReader &words) {
 
 constexpr Command kCommands[] = {
     {"type", &DoType},
+    {"paste", &DoPaste},
     {"erase", &DoErase},
     {"select", &DoSelect},
     {"keyboard", &DoKeyboard, When::kBeforeLaunchToo},
