@@ -2,6 +2,7 @@
 
 #include "apple/foundation/user_defaults.hpp"
 #include "driver/subjects/subjects.hpp"
+#include "hosts/plan.hpp"
 #include "hosts/record.hpp"
 #include "script/values.hpp"
 
@@ -95,6 +96,8 @@ void DoRelaunch(Session &session, WordReader &words) {
             options.bundle = words.Name("a bundle identifier");
         }
     }
+    words.End();
+    hosts::ThePlan().EndThrowing();
     ns::UserDefaults::standardUserDefaults().synchronize();
     Say({Bare("relaunch")});
     Relaunch(options, session.progress);
