@@ -85,8 +85,10 @@ std::string ReadHost(WordReader &words) {
     }
 }
 
+/// relaunch [killed] [--host NAME] [--bundle ID]
 void DoRelaunch(Session &session, WordReader &words) {
     Options options = session.options;
+    const bool killed = words.Take("killed");
     while (!words.AtEnd()) {
         if (words.Take("--host")) {
             options.host = ReadHost(words);
@@ -98,7 +100,9 @@ void DoRelaunch(Session &session, WordReader &words) {
     }
     words.End();
     hosts::ThePlan().EndThrowing();
-    ns::UserDefaults::standardUserDefaults().synchronize();
+    if (!killed) { // an app that is closed has the time to store what it wrote
+        ns::UserDefaults::standardUserDefaults().synchronize();
+    }
     Say({Bare("relaunch")});
     Relaunch(options, session.progress);
     words.Fail("cannot start again");
