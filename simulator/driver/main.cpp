@@ -54,10 +54,7 @@ int PlayScript(Options options) {
     InstallComposedCharacters();
     const AutoreleasePool pool;
     RegisterUIKit();
-    // An album that goes with the run need not be written: nobody could look at it.
-    if (!session.progress.ownsState) {
-        SetAlbumDirectory(options.state + "/album");
-    }
+    OpenAlbum(options.state + "/album", !session.progress.ownsState);
     SetPasteboardFile(options.state + "/pasteboard");
     session.host = MakeHost(options);
     session.options = options;

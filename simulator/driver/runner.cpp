@@ -3,6 +3,7 @@
 #include "driver/language.hpp"
 #include "driver/notifications.hpp"
 #include "hosts/invocation.hpp"
+#include "hosts/plan.hpp"
 #include "hosts/record.hpp"
 #include "objc/guard.hpp"
 #include "runtime/autorelease.hpp"
@@ -48,7 +49,7 @@ void SayComment(const hosts::Comment &comment, std::size_t number) {
 
 void Launch(Session &session, const script::Place &place) {
     hosts::RegisterLiveRoom();
-    session.host->RegisterClasses();
+    session.host->Register();
     CountNotifications();
     hosts::TheRecord().listeners.emplace_back(&SayComment);
     session.launched = true;
@@ -100,6 +101,7 @@ Outcome Run(Session &session, const std::vector<Line> &lines) {
         if (!session.launched) {
             Launch(session, place);
         }
+        hosts::ThePlan().EndThrowing();
     } catch (const ScriptError &error) {
         std::fflush(stdout);
         std::fprintf(stderr, "%s\n", error.what());

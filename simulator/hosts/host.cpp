@@ -1,6 +1,7 @@
 #include "hosts/host.hpp"
 
 #include "hosts/host_class.hpp"
+#include "hosts/inventory.hpp"
 #include "hosts/invocation.hpp"
 #include "script/values.hpp"
 
@@ -14,17 +15,19 @@ Plan::Method ReadMethod(WordReader &words) {
     return {cls, words.Name("a selector")};
 }
 
-/// throw CLASS SELECTOR "REASON"
-Fact Throw(WordReader &words) {
-    const Plan::Method method = ReadMethod(words);
-    ThePlan().throwing[method] = words.QuotedText("the reason");
-    return {};
+/// throw [maybe] CLASS SELECTOR "REASON"
+Plan::Method Throw(WordReader &words) {
+    const bool maybe = words.Take("maybe");
+    Plan::Method method = ReadMethod(words);
+    ThePlan().PlanThrow(method, {words.QuotedText("the reason"), words.place(), maybe});
+    return method;
 }
 
 /// refuse CLASS SELECTOR
-Fact Refuse(WordReader &words) {
-    ThePlan().refusing.insert(ReadMethod(words));
-    return {};
+Plan::Method Refuse(WordReader &words) {
+    Plan::Method method = ReadMethod(words);
+    ThePlan().refusing[method] = words.place();
+    return method;
 }
 
 /// OBJECT SELECTOR ARGUMENTS…
@@ -60,12 +63,18 @@ objc::Ref<ui::View> ReadView(WordReader &words) {
 } // namespace
 
 Host::Host(LiveRoomLook look, std::span<const Kind> kinds) : kinds_(kinds), room_(std::move(look)) {
-    On("throw", &Throw);
-    On("refuse", &Refuse);
+    On("throw", [](WordReader &words) -> Fact {
+        CheckMethod(Throw(words), words.place());
+        return {};
+    });
+    On("refuse", [](WordReader &words) -> Fact {
+        CheckMethod(Refuse(words), words.place());
+        return {};
+    });
     On("call", &CallMethod);
     On("move", [this](WordReader &words) { return Move(words); });
     On("calm", [](WordReader &) -> Fact {
-        ThePlan().throwing.clear();
+        ThePlan().EndThrowing();
         ThePlan().refusing.clear();
         return {};
     });
@@ -90,6 +99,11 @@ Host::Host(LiveRoomLook look, std::span<const Kind> kinds) : kinds_(kinds), room
         Leave();
         return {};
     });
+}
+
+void Host::Register() {
+    RegisterClasses();
+    CheckSetUp();
 }
 
 void Host::Launch(ui::WindowScene scene) {
@@ -123,21 +137,21 @@ void Host::Shape(WordReader &words) {
     Plan &plan = ThePlan();
     if (words.Take("without")) {
         if (words.Take("class")) {
-            plan.lackedClasses.insert(words.Name("a class"));
+            plan.lackedClasses[words.Name("a class")] = words.place();
         } else {
             words.Expect("method");
-            plan.lackedMethods.insert(ReadMethod(words));
+            plan.lackedMethods[ReadMethod(words)] = words.place();
         }
     } else if (words.Take("with")) {
         words.Expect("method");
-        plan.extraMethods.insert(ReadMethod(words));
+        plan.extraMethods[ReadMethod(words)] = words.place();
     } else if (words.Take("throw")) {
         Throw(words);
     } else if (words.Take("refuse")) {
         Refuse(words);
     } else {
         words.Expect("inherits");
-        plan.inheritedMethods.insert(ReadMethod(words));
+        plan.inheritedMethods[ReadMethod(words)] = words.place();
     }
 }
 

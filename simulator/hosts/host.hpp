@@ -23,8 +23,9 @@ class Host {
     Host &operator=(const Host &) = delete;
     virtual ~Host() = default;
 
-    /// Registers the app's private classes, as the plan has them. Before the library is injected.
-    virtual void RegisterClasses() = 0;
+    /// Registers the app's private classes, as the plan has them. Before the library is injected. Throws ScriptError
+    /// for what the plan names and the app does not have.
+    void Register();
     /// Draws the app's first screen into the scene's first window.
     void Launch(ui::WindowScene scene);
     /// Carries out one `host …` command and gives what it has to say (may be nothing). Throws ScriptError for words
@@ -36,6 +37,7 @@ class Host {
     static Answer Query(WordReader &words);
 
   protected:
+    virtual void RegisterClasses() = 0;
     /// An event reads its own words and gives what it has to say.
     using EventFunction = std::function<Fact(WordReader &words)>;
 

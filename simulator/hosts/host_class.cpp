@@ -1,6 +1,7 @@
 #include "hosts/host_class.hpp"
 
 #include "apple/foundation/exception.hpp"
+#include "hosts/inventory.hpp"
 #include "runtime/foreign_leaks.hpp"
 #include "script/values.hpp"
 
@@ -25,7 +26,7 @@ void Raise(const std::string &reason) {
 
 void Arrive(ns::Object self, const char *selector, const std::vector<Fact> &arguments) {
     RecordCall(self, selector, arguments);
-    if (const std::string *reason = ThePlan().ReasonToThrow(objc::object_getClass(self.pointer), selector)) {
+    if (const std::string *reason = ThePlan().MeetThrow(objc::object_getClass(self.pointer), selector)) {
         GiveUp(self, selector);
         Raise(*reason);
     }
@@ -41,6 +42,7 @@ bool Refuses(ns::Object self, const char *selector) {
 
 HostClass::HostClass(const char *root, const char *base, const char *name, const char *sibling)
     : name_(name), base_(base, root) {
+    TheInventory().classes.insert(name);
     if (!ThePlan().lackedClasses.contains(name)) {
         own_.emplace(name, base);
     }
@@ -50,6 +52,8 @@ HostClass::HostClass(const char *root, const char *base, const char *name, const
 Class<> *HostClass::HolderOf(const char *selector, bool optional) {
     const Plan &plan = ThePlan();
     const Plan::Method method{name_, selector};
+    TheInventory().methods[method] = optional;
+    TheInventory().selectors.insert(selector);
     if (plan.lackedMethods.contains(method) || (optional && !plan.extraMethods.contains(method))) {
         return nullptr;
     }

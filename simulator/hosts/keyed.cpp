@@ -12,7 +12,7 @@ struct KeyedState {
 /// A planned throw may name the key itself.
 ns::Object ValueForUndefinedKey(ns::Object self, ns::String key) {
     const std::string name = script::TextOf(key);
-    if (const std::string *reason = ThePlan().ReasonToThrow(objc::object_getClass(self.pointer), name)) {
+    if (const std::string *reason = ThePlan().MeetThrow(objc::object_getClass(self.pointer), name)) {
         Raise(*reason);
     }
     if (ValuesOf(self).contains(name)) {
@@ -26,6 +26,15 @@ ns::Object ValueForUndefinedKey(ns::Object self, ns::String key) {
 void RegisterKeyedRoot(const char *name, const char *superclass) {
     auto root = Class<KeyedState>(name, superclass);
     root.Method<"valueForUndefinedKey:", &ValueForUndefinedKey>();
+}
+
+bool IsKeyed(objc::Class cls) {
+    for (; cls != nullptr; cls = class_getSuperclass(cls)) {
+        if (cls == sim::detail::StateSlot<KeyedState>::cls) {
+            return true;
+        }
+    }
+    return false;
 }
 
 std::map<std::string, objc::Ref<ns::Object>> &ValuesOf(ns::Object object) {

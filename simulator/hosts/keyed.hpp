@@ -11,6 +11,9 @@ namespace sim::hosts {
 /// Registers a root class under one that exists; its objects, and those of its subclasses, are keyed. One an app.
 void RegisterKeyedRoot(const char *name, const char *superclass);
 
+/// Whether the objects of a class are keyed.
+bool IsKeyed(objc::Class cls);
+
 /// What an object of such a class answers for keys.
 std::map<std::string, objc::Ref<ns::Object>> &ValuesOf(ns::Object object);
 

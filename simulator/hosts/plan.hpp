@@ -2,9 +2,9 @@
 // How a host deviates from its usual make.
 
 #include "objc/runtime.hpp"
+#include "script/words.hpp"
 
 #include <map>
-#include <set>
 #include <string>
 #include <utility>
 
@@ -14,19 +14,34 @@ struct Plan {
     /// A method by the name of its class and its selector.
     using Method = std::pair<std::string, std::string>;
 
-    // Laid down before the host's classes are registered.
-    std::set<std::string> lackedClasses;
-    std::set<Method> lackedMethods;
-    std::set<Method> extraMethods;     // that only some builds of the app have
-    std::set<Method> inheritedMethods; // stand in the base class instead
+    struct Throw {
+        std::string reason;
+        script::Place place; // of the line that asks for it
+        bool maybe = false;  // the script may end without anything that threw it
+        bool met = false;
+    };
+
+    // Laid down before the host's classes are registered; each with the place of its line.
+    std::map<std::string, script::Place> lackedClasses = {};
+    std::map<Method, script::Place> lackedMethods = {};
+    std::map<Method, script::Place> extraMethods = {};     // that only some builds of the app have
+    std::map<Method, script::Place> inheritedMethods = {}; // stand in the base class instead
     // May begin and end at any time. Both hold for the class and its subclasses.
-    std::map<Method, std::string> throwing; // with its reason
-    std::set<Method> refusing;              // does nothing and answers nil, false or 0
+    std::map<Method, Throw> throwing = {};         // also key-value keys
+    std::map<Method, script::Place> refusing = {}; // does nothing and answers nil, false or 0
 
     /// The reason with which the method is to throw in objects of this class; null when it is not.
     const std::string *ReasonToThrow(objc::Class cls, const std::string &selector) const;
+    /// The same for the method that throws it now: the plan has been met.
+    const std::string *MeetThrow(objc::Class cls, const std::string &selector);
     /// Whether the method refuses in objects of this class.
     bool Refuses(objc::Class cls, const std::string &selector) const;
+
+    /// Plans a throw, in the place of another of the same method.
+    void PlanThrow(const Method &method, const Throw &planned);
+    /// Ends all throwing. Throws ScriptError, at the place of its line, for a throw that nothing met: a script that
+    /// waits for what never happens shows nothing.
+    void EndThrowing();
 };
 
 /// The plan of this process's one host.

@@ -5,12 +5,16 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <limits>
+#include <sstream>
 
 namespace sim {
 namespace {
 
 struct Album {
     std::string directory;
+    bool writesPixels = false;
     std::vector<AlbumPicture> pictures;
 };
 
@@ -19,38 +23,61 @@ Album &TheAlbum() {
     return album;
 }
 
-/// The next file name that is not taken: earlier runs may have saved to the same directory.
-std::string FreePath(const std::string &directory) {
-    for (unsigned number = 1;; ++number) {
-        char name[32];
-        std::snprintf(name, sizeof name, "IMG_%04u.png", number);
-        const std::filesystem::path path = std::filesystem::path(directory) / name;
-        std::error_code error;
-        if (!std::filesystem::exists(path, error)) {
-            return path.string();
+/// The list of all pictures, a line each: time, width, height, scale, and the file's name where there is one.
+std::filesystem::path ListOf(const Album &album) {
+    return std::filesystem::path(album.directory) / "pictures.txt";
+}
+
+std::string NameOfFile(const Album &album) {
+    char name[32];
+    std::snprintf(name, sizeof name, "IMG_%04zu.png", album.pictures.size() + 1);
+    return name;
+}
+
+bool Write(const Album &album, cairo_surface_t *image, AlbumPicture &picture) {
+    std::error_code error;
+    std::filesystem::create_directories(album.directory, error);
+    std::string name;
+    if (album.writesPixels) {
+        name = NameOfFile(album);
+        picture.path = (std::filesystem::path(album.directory) / name).string();
+        if (!WritePng(image, picture.path)) {
+            return false;
         }
     }
+    std::ofstream list(ListOf(album), std::ios::app);
+    list.precision(std::numeric_limits<double>::max_digits10);
+    list << picture.time << ' ' << picture.width << ' ' << picture.height << ' ' << picture.scale << ' ' << name
+         << std::endl;
+    return list.good();
 }
 
 } // namespace
 
-void SetAlbumDirectory(const std::string &directory) {
-    TheAlbum().directory = directory;
+void OpenAlbum(const std::string &directory, bool writesPixels) {
+    Album &album = TheAlbum();
+    album = {directory, writesPixels, {}};
+    std::ifstream list(ListOf(album));
+    for (std::string line; std::getline(list, line);) {
+        std::istringstream words(line);
+        AlbumPicture picture;
+        std::string name;
+        words >> picture.time >> picture.width >> picture.height >> picture.scale >> name;
+        if (!name.empty()) {
+            picture.path = (std::filesystem::path(directory) / name).string();
+        }
+        album.pictures.push_back(picture);
+    }
 }
 
 bool SaveToAlbum(cairo_surface_t *image, double scale) {
     Album &album = TheAlbum();
-    std::string path;
-    if (!album.directory.empty()) {
-        std::error_code error;
-        std::filesystem::create_directories(album.directory, error);
-        path = FreePath(album.directory);
-        if (!WritePng(image, path)) {
-            return false;
-        }
+    AlbumPicture picture{clock::Now(), cairo_image_surface_get_width(image) / scale,
+                         cairo_image_surface_get_height(image) / scale, scale, ""};
+    if (!album.directory.empty() && !Write(album, image, picture)) {
+        return false;
     }
-    album.pictures.push_back({clock::Now(), cairo_image_surface_get_width(image) / scale,
-                              cairo_image_surface_get_height(image) / scale, scale, path});
+    album.pictures.push_back(picture);
     return true;
 }
 

@@ -10,20 +10,22 @@ namespace sim {
 
 /// One saved picture.
 struct AlbumPicture {
-    double time;      // of the virtual clock, seconds
+    double time;      // of the virtual clock, seconds since the launch of the process that saved it
     double width;     // points
     double height;    // points
     double scale;     // pixels a point
-    std::string path; // of the PNG file; empty when the album has no directory
+    std::string path; // of the PNG file; empty when none was written
 };
 
-/// Where pictures are kept, a directory made when the first one is saved. Without one they are only recorded.
-void SetAlbumDirectory(const std::string &directory);
+/// Opens the album of a directory, which is made when the first picture is saved: it has the pictures that earlier
+/// processes saved there. An album that nobody can look at need not write their pixels, only that they are there.
+void OpenAlbum(const std::string &directory, bool writesPixels);
 
-/// Saves an image surface; false when the file cannot be written, and then nothing is recorded.
+/// Saves an image surface; false when a file cannot be written, and then nothing is recorded. Without an open album
+/// the picture lasts as long as the process.
 bool SaveToAlbum(_cairo_surface *image, double scale);
 
-/// All pictures saved since launch, the oldest first.
+/// All pictures of the album, the oldest first.
 const std::vector<AlbumPicture> &AlbumPictures();
 
 } // namespace sim

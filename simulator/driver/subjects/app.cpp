@@ -2,6 +2,7 @@
 
 #include "apple/foundation/user_defaults.hpp"
 #include "driver/subjects/subjects.hpp"
+#include "hosts/plan.hpp"
 #include "hosts/record.hpp"
 #include "script/values.hpp"
 
@@ -84,8 +85,10 @@ std::string ReadHost(WordReader &words) {
     }
 }
 
+/// relaunch [killed] [--host NAME] [--bundle ID]
 void DoRelaunch(Session &session, WordReader &words) {
     Options options = session.options;
+    const bool killed = words.Take("killed");
     while (!words.AtEnd()) {
         if (words.Take("--host")) {
             options.host = ReadHost(words);
@@ -95,7 +98,11 @@ void DoRelaunch(Session &session, WordReader &words) {
             options.bundle = words.Name("a bundle identifier");
         }
     }
-    ns::UserDefaults::standardUserDefaults().synchronize();
+    words.End();
+    hosts::ThePlan().EndThrowing();
+    if (!killed) { // an app that is closed has the time to store what it wrote
+        ns::UserDefaults::standardUserDefaults().synchronize();
+    }
     Say({Bare("relaunch")});
     Relaunch(options, session.progress);
     words.Fail("cannot start again");

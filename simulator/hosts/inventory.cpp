@@ -1,0 +1,71 @@
+#include "hosts/inventory.hpp"
+
+#include "hosts/keyed.hpp"
+
+namespace sim::hosts {
+namespace {
+
+using script::Place;
+using script::ScriptError;
+
+std::string NameOf(const Plan::Method &method) {
+    return method.first + " " + method.second;
+}
+
+/// The methods must be the app's own; `optional` says which ones can be meant.
+void CheckDeclared(const std::map<Plan::Method, Place> &planned, bool optional, const char *otherwise) {
+    for (const auto &[method, place] : planned) {
+        const auto found = TheInventory().methods.find(method);
+        if (found == TheInventory().methods.end()) {
+            throw ScriptError(place, "the app has no method " + NameOf(method));
+        }
+        if (found->second != optional) {
+            throw ScriptError(place, NameOf(method) + otherwise);
+        }
+    }
+}
+
+} // namespace
+
+Inventory &TheInventory() {
+    static Inventory inventory;
+    return inventory;
+}
+
+void CheckSetUp() {
+    const Plan &plan = ThePlan();
+    for (const auto &[name, place] : plan.lackedClasses) {
+        if (!TheInventory().classes.contains(name)) {
+            throw ScriptError(place, "the app has no class " + name);
+        }
+    }
+    CheckDeclared(plan.extraMethods, true, ": every build has that method");
+    CheckDeclared(plan.lackedMethods, false, ": only some builds have that method, this one has not");
+    for (const auto &[method, place] : plan.inheritedMethods) {
+        // A method that only some builds have can be inherited in those.
+        CheckDeclared({{method, place}}, plan.extraMethods.contains(method),
+                      ": only some builds have that method, this one has not");
+    }
+    for (const auto &[method, planned] : plan.throwing) {
+        CheckMethod(method, planned.place);
+    }
+    for (const auto &[method, place] : plan.refusing) {
+        CheckMethod(method, place);
+    }
+}
+
+void CheckMethod(const Plan::Method &method, const Place &place) {
+    const objc::Class cls = objc_getClass(method.first.c_str());
+    if (cls == nullptr) {
+        throw ScriptError(place, "the app has no class " + method.first);
+    }
+    const objc::SEL selector = sel_registerName(method.second.c_str());
+    const bool has = class_getInstanceMethod(cls, selector) != nullptr ||
+                     class_getInstanceMethod(objc::object_getClass(objc::AsObject(cls)), selector) != nullptr;
+    const bool own = has && TheInventory().selectors.contains(method.second);
+    if (!own && !(IsKeyed(cls) && method.second.find(':') == std::string::npos)) {
+        throw ScriptError(place, "the app has no method " + NameOf(method) + (has ? " of its own" : ""));
+    }
+}
+
+} // namespace sim::hosts
