@@ -102,7 +102,7 @@ class Library:
             self.initialisers = self._read_initialisers()
             self.method_names = self._read_method_names()
             self.selectors = self._read_selectors()
-        except (struct.error, IndexError, UnicodeDecodeError, ValueError) as error:
+        except (struct.error, IndexError, OverflowError, ValueError) as error:
             raise Malformed(f"malformed Mach-O: {error}") from error
 
     def _unpack(self, form, offset):
@@ -120,6 +120,8 @@ class Library:
         at = 32
         for _ in range(count):
             command, size = self._unpack("2I", at)
+            if size < 8:
+                raise Malformed(f"load command at {at:#x}: {size} bytes")
             self.commands[command] = at
             if command == LC_SEGMENT_64:
                 self._read_segment(at)
