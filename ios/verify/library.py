@@ -8,7 +8,9 @@ Prints size, initialisers and imports, then a line for each breach; exit status 
 import sys
 from pathlib import Path
 
+import layout
 import macho
+import pointers
 import signature
 import stubs
 
@@ -33,6 +35,19 @@ _SYSTEM = set(
 )
 _FRAMEWORKS = {"NSLog", "CFStringCreateWithFormat", "CFStringAppendFormat"}
 VARIADIC = {"_" + name for name in _FORMATTING | _SYSTEM | _FRAMEWORKS}
+# The same for methods.
+VARIADIC_METHODS = set(
+    "stringWithFormat: localizedStringWithFormat: stringByAppendingFormat: appendFormat: initWithFormat: "
+    "initWithFormat:locale: initWithFormat:options:locale: localizedAttributedStringWithFormat: "
+    "localizedAttributedStringWithFormat:options: appendLocalizedFormat: arrayWithObjects: setWithObjects: "
+    "orderedSetWithObjects: initWithObjects: dictionaryWithObjectsAndKeys: initWithObjectsAndKeys: "
+    "predicateWithFormat: expressionWithFormat: raise:format: encodeValuesOfObjCTypes: decodeValuesOfObjCTypes: "
+    "handleFailureInMethod:object:file:lineNumber:description: "
+    "handleFailureInFunction:file:lineNumber:description: appearanceWhenContainedIn: "
+    "appearanceForTraitCollection:whenContainedIn: "
+    "initWithTitle:message:delegate:cancelButtonTitle:otherButtonTitles: "
+    "initWithTitle:delegate:cancelButtonTitle:destructiveButtonTitle:otherButtonTitles:".split()
+)
 
 
 def _kind(library):
@@ -87,6 +102,8 @@ def _load(library):
     astray = library.selectors.count(None)
     if astray:
         yield f"selector references: {astray} of {len(library.selectors)} point at no method name"
+    for name in sorted(VARIADIC_METHODS.intersection(library.method_names.values())):
+        yield f"variadic method named: {name}"
 
 
 def complaints(library, install_name, stub_directory=HERE / "stubs"):
@@ -96,7 +113,7 @@ def complaints(library, install_name, stub_directory=HERE / "stubs"):
         found.append(f"install name {library.install_name} instead of {install_name}")
     if len(library.data) > SIZE_LIMIT:
         found.append(f"size {len(library.data)} bytes is over {SIZE_LIMIT}")
-    return found + signature.complaints(library)
+    return found + layout.complaints(library) + pointers.complaints(library) + signature.complaints(library)
 
 
 def main(path, install_name):

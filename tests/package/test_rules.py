@@ -44,6 +44,13 @@ class RulesTest(unittest.TestCase):
         self.assertLess(at, 32 + struct.unpack_from("<I", self.data, 20)[0])
         return at
 
+    def segment(self, name):
+        """Where the load command of a segment stands."""
+        at = self.data.index(struct.pack("<I", macho.LC_SEGMENT_64))
+        while self.data[at + 8 : at + 24] != name.ljust(16, b"\0"):
+            at += struct.unpack_from("<I", self.data, at + 4)[0]
+        return at
+
     def stub_with(self, symbol):
         return next(path for path in self.stubs.glob("*.tbd") if f"- {symbol}\n" in path.read_text())
 
@@ -129,6 +136,92 @@ class RulesTest(unittest.TestCase):
         selectors = self.whole.section("__objc_selrefs")
         self.data[selectors.offset : selectors.offset + 4] = b"\0\0\0\0"
         self.expect(f"selector references: 1 of {selectors.size // 8} point at no method name")
+
+    def test_variadic_method(self):
+        self.replace(b"\0appendString:\0", b"\0appendFormat:\0")
+        self.expect("variadic method named: appendFormat:")
+
+    def test_stub_that_the_symbol_table_names_otherwise(self):
+        """As when stripping forgot to count the table of indirect symbols anew."""
+        stubs = self.whole.section("__stubs")
+        first, second = self.whole.indirect_symbols[stubs.first_indirect :][:2]
+        struct.pack_into("<I", self.data, self.section_header(b"__stubs") + 68, stubs.first_indirect + 1)
+        found = self.complaints()
+        self.assertIn(f"stub {stubs.address:#x}: jumps to {first.symbol}, named {second.symbol}", found)
+        end = stubs.address + stubs.size - 12
+        self.assertTrue(any(line.startswith(f"stub {end:#x}: ") for line in found))
+
+    def test_stub_of_another_slot(self):
+        stubs = self.whole.section("__stubs")
+        first, second = self.whole.indirect_symbols[stubs.first_indirect :][:2]
+        (load,) = struct.unpack_from("<I", self.data, stubs.offset + 12 + 4)
+        struct.pack_into("<I", self.data, stubs.offset + 4, load)
+        self.expect(f"stub {stubs.address:#x}: jumps to {second.symbol}, named {first.symbol}")
+
+    def test_stub_of_other_instructions(self):
+        stubs = self.whole.section("__stubs")
+        struct.pack_into("<I", self.data, stubs.offset + 8, 0xD61F0220)  # br x17
+        self.expect(f"stub {stubs.address:#x}: does not load a slot and jump there")
+
+    def test_slot_that_the_loader_binds_otherwise(self):
+        slots = self.whole.section("__got")
+        symbol = self.whole.indirect_symbols[slots.first_indirect].symbol
+        (pointer,) = struct.unpack_from("<Q", self.data, slots.offset)
+        bound = self.whole.imports.index(self.whole.fixups[slots.address].entry) ^ 1
+        struct.pack_into("<Q", self.data, slots.offset, pointer & ~0xFFFFFF | bound)
+        other = self.whole.imports[bound].symbol
+        self.expect(
+            f"pointer slot {slots.address:#x}: bound to {other}, named {symbol}",
+            f"stub {self.whole.section('__stubs').address:#x}: jumps to {other}, named {symbol}",
+        )
+
+    def test_segment_protections(self):
+        for name, protections, complaint in (
+            (b"__TEXT", (7, 5), "protection r-x at most rwx instead of r-x"),
+            (b"__DATA", (7, 7), "protection rwx at most rwx instead of rw-"),
+            (b"__LINKEDIT", (3, 3), "protection rw- at most rw- instead of r--"),
+        ):
+            with self.subTest(name):
+                self.data = bytearray(self.original)
+                struct.pack_into("<2I", self.data, self.segment(name) + 56, *protections)
+                self.expect(f"segment {name.decode()}: {complaint}")
+
+    def test_segment_that_stays_writable(self):
+        struct.pack_into("<I", self.data, self.segment(b"__DATA_CONST") + 68, 0)
+        self.expect("segment __DATA_CONST: flags 0x0 instead of 0x10")
+
+    def test_segment_beside_a_page(self):
+        segment = self.segment(b"__LINKEDIT")
+        address, _, offset = struct.unpack_from("<3Q", self.data, segment + 24)
+        struct.pack_into("<Q", self.data, segment + 24, address + 0x1000)
+        self.expect(f"segment __LINKEDIT: {address + 0x1000:#x}, {offset:#x} not at pages of 16384")
+
+    def test_sections_that_overlap(self):
+        header = self.section_header(b"__unwind_info")
+        address, size = struct.unpack_from("<2Q", self.data, header + 32)
+        struct.pack_into("<Q", self.data, header + 32, address - 4)
+        self.expect(
+            f"section __TEXT,__unwind_info: {address - 4:#x} to {address - 4 + size:#x} overlaps another or leaves its "
+            "segment"
+        )
+
+    def test_constant_strings(self):
+        strings = self.whole.section("__cfstring")
+        (length,) = struct.unpack_from("<Q", self.data, strings.offset + 24)
+        (characters,) = struct.unpack_from("<Q", self.data, strings.offset + 16)
+        selectors = self.whole.section("__objc_methname")
+        for field, value, complaint in (
+            (0, struct.unpack_from("<Q", self.data, strings.offset)[0] ^ 1, "of class"),
+            (8, 0x7C0, "flags 0x7c0"),
+            (16, characters & ~macho.TARGET_MASK | selectors.address, "characters outside the constants"),
+            (24, length + 1, f"length {length + 1} does not end where its characters do"),
+            (24, 1 << 40, f"length {1 << 40}"),
+        ):
+            with self.subTest(complaint):
+                self.data = bytearray(self.original)
+                struct.pack_into("<Q", self.data, strings.offset + field, value)
+                wanted = f"constant string {strings.address:#x}: {complaint}"
+                self.assertTrue(any(line.startswith(wanted) for line in self.complaints()))
 
     def test_other_install_name(self):
         self.replace(b"/Library/MobileSubstrate/", b"/Library/MobileSubstrata/")

@@ -1,0 +1,68 @@
+"""The commands refuse what they do not understand at once: status 2, and words that say what they take."""
+
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+PLAY = "tests/scenarios/play"
+SMOKE = "tests/scenarios/smoke.scn"
+
+
+class CommandsTest(unittest.TestCase):
+    def expect_refusal(self, *command, says):
+        with self.subTest(" ".join(command)):
+            # Nothing may be built before the refusal, so it comes within seconds or not at all.
+            run = subprocess.run(command, cwd=ROOT, capture_output=True, text=True, timeout=60)
+            reason, *usage = run.stderr.splitlines()
+            self.assertEqual((run.returncode, run.stdout), (2, ""), run.stderr)
+            self.assertEqual(reason, f"{Path(command[0]).name}: {says}")
+            self.assertTrue(usage and usage[0].startswith("usage: "), run.stderr)
+
+    def test_corvel_without_a_known_word(self):
+        self.expect_refusal("./corvel", says="a word is missing")
+        self.expect_refusal("./corvel", "frob", says="no word 'frob'")
+
+    def test_corvel_demo(self):
+        hosts = " ".join(sorted(path.stem for path in (ROOT / "demo").glob("*.scn")))
+        self.expect_refusal("./corvel", "demo", "--host", says="--host needs a name")
+        for name in ("frob", "--device", ""):
+            reason = f"no demo for a host named '{name}'; there are {hosts}"
+            self.expect_refusal("./corvel", "demo", "--host", name, says=reason)
+        self.expect_refusal("./corvel", "demo", "--device", "xhs", says="demo takes no 'xhs'")
+
+    def test_corvel_build_and_test(self):
+        presets = "release debug sanitize lint phone device"
+        self.expect_refusal("./corvel", "build", "frob", says=f"no preset named 'frob'; there are {presets}")
+        self.expect_refusal("./corvel", "build", "release", "debug", says="build takes one preset")
+        self.expect_refusal("./corvel", "test", "--preset", says="--preset needs a name")
+        self.expect_refusal("./corvel", "test", "--preset", "frob", says=f"no preset named 'frob'; there are {presets}")
+        self.expect_refusal("./corvel", "test", "--frob", says="test takes no '--frob'")
+        self.expect_refusal("./corvel", "test", "unit/color", "unit/label", says="test takes one filter")
+        for word in ("package", "pages"):
+            self.expect_refusal("./corvel", word, "frob", says=f"{word} takes no 'frob'")
+
+    def test_play(self):
+        for words in ([], [SMOKE], ["--", SMOKE]):
+            self.expect_refusal(PLAY, *words, says="the simulator, or the -- before the scenario, is missing")
+        for words in ([], [SMOKE, "pictures", "more"]):
+            reason = "expected a scenario and perhaps a directory for its pictures"
+            self.expect_refusal(PLAY, "simulator", "--", *words, says=reason)
+        for place in ("no-such.scn", "tests/scenarios"):
+            self.expect_refusal(PLAY, "simulator", "--", place, says=f"cannot read {place}")
+        with tempfile.NamedTemporaryFile("w", suffix=".scn") as scenario:
+            scenario.write("# Names no app.\nwait 3\n")
+            scenario.flush()
+            reason = f"{scenario.name} names no app: its first lines want '# host: NAME'"
+            self.expect_refusal(PLAY, "simulator", "--", scenario.name, says=reason)
+
+    def test_setup(self):
+        presets = "name a preset: release debug sanitize lint phone device"
+        for words, reason in (([], presets), (["frob"], "no preset named frob")):
+            run = subprocess.run(["tools/setup", *words], cwd=ROOT, capture_output=True, text=True)
+            self.assertEqual((run.returncode, run.stderr), (2, f"setup: {reason}\n"))
+
+
+if __name__ == "__main__":
+    unittest.main()
