@@ -4,6 +4,7 @@
 #include "runtime/native_class.hpp"
 #include "script/values.hpp"
 #include "uikit/font.hpp"
+#include "uikit/scene_state.hpp"
 #include "uikit/view_geometry.hpp"
 
 #include <algorithm>
@@ -132,7 +133,7 @@ bool IsVisible(ui::View view) {
         return false;
     }
     const ui::View superview = view.superview();
-    return superview ? IsVisible(superview) : IsKind(view, "UIWindow");
+    return superview ? IsVisible(superview) : IsKind(view, "UIWindow") && IsOnScreen(objc::As<ui::Window>(view));
 }
 
 std::string TextShown(ui::View view) {

@@ -3,7 +3,9 @@
 #include "render/png.hpp"
 #include "runtime/clock.hpp"
 
+#include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <limits>
@@ -72,13 +74,36 @@ void OpenAlbum(const std::string &directory, bool writesPixels) {
 
 bool SaveToAlbum(cairo_surface_t *image, double scale) {
     Album &album = TheAlbum();
-    AlbumPicture picture{clock::Now(), cairo_image_surface_get_width(image) / scale,
-                         cairo_image_surface_get_height(image) / scale, scale, ""};
+    AlbumPicture picture{clock::Now(),
+                         cairo_image_surface_get_width(image) / scale,
+                         cairo_image_surface_get_height(image) / scale,
+                         scale,
+                         "",
+                         {cairo_surface_reference(image), &cairo_surface_destroy}};
     if (!album.directory.empty() && !Write(album, image, picture)) {
         return false;
     }
     album.pictures.push_back(picture);
     return true;
+}
+
+std::optional<std::uint32_t> PixelAt(const AlbumPicture &picture, double x, double y) {
+    cairo_surface_t *const pixels = picture.pixels.get();
+    if (pixels == nullptr) {
+        return std::nullopt;
+    }
+    const int column = static_cast<int>(std::floor(x * picture.scale));
+    const int row = static_cast<int>(std::floor(y * picture.scale));
+    if (column < 0 || row < 0 || column >= cairo_image_surface_get_width(pixels) ||
+        row >= cairo_image_surface_get_height(pixels)) {
+        return std::nullopt;
+    }
+    const unsigned char *line =
+        cairo_image_surface_get_data(pixels) + std::ptrdiff_t{row} * cairo_image_surface_get_stride(pixels);
+    std::uint32_t pixel = 0;
+    std::memcpy(&pixel, line + std::ptrdiff_t{column} * 4, sizeof pixel);
+    const bool opaque = cairo_image_surface_get_format(pixels) == CAIRO_FORMAT_RGB24;
+    return opaque ? pixel | 0xFF000000 : pixel;
 }
 
 const std::vector<AlbumPicture> &AlbumPictures() {

@@ -22,6 +22,7 @@
     DEFINE(View)                                                                                                       \
     DEFINE(Image)                                                                                                      \
     DEFINE(Window)                                                                                                     \
+    DEFINE(PresentationController)                                                                                     \
     DEFINE(ViewController)                                                                                             \
     DEFINE(Label)                                                                                                      \
     DEFINE(Effects)                                                                                                    \

@@ -22,7 +22,7 @@ using ui::ColorPickerViewController;
 // Points.
 constexpr double kMargin = 16;
 constexpr double kBarHeight = 56;
-constexpr double kButtonWidth = 60;
+constexpr double kCloseSize = 30;
 constexpr double kSampleSize = 60;
 
 constexpr int kColumns = 12;
@@ -32,6 +32,11 @@ struct PickerState {
     WeakObject delegate;
     objc::Ref<ui::Color> selected = ui::Color::blackColor();
     bool supportsAlpha = true;
+};
+
+struct PickerView : ui::View {
+    using ui::View::View;
+    static constexpr const char *kClassName = "_UIColorPickerView";
 };
 
 /// The rows of colours and, below them, the chosen one.
@@ -48,18 +53,21 @@ struct SwatchesState {
 
 void LoadView(ColorPickerViewController self) {
     const cg::Size screen = ScreenSize();
-    const auto view = ui::MakeView<ui::View>({{}, screen});
+    const auto view = ui::MakeView<PickerView>({{}, screen});
     view->setBackgroundColor(ui::Color::secondarySystemBackgroundColor());
     const auto title = ui::MakeView<ui::Label>({{0, 0}, {screen.width, kBarHeight}});
     title->setText(u"颜色"_ns);
     title->setFont(ui::Font::boldSystemFontOfSize(17));
     title->setTextAlignment(NSTextAlignmentCenter);
     view->addSubview(title);
-    const auto done = ui::Button::buttonWithType(UIButtonTypeSystem);
-    done.setFrame({{screen.width - kMargin - kButtonWidth, 0}, {kButtonWidth, kBarHeight}});
-    done.setTitle(u"完成"_ns, UIControlStateNormal);
-    done.addTarget(self, objc::Selector<"_finish">(), UIControlEventTouchUpInside);
-    view->addSubview(done);
+    const auto close = ui::Button::buttonWithType(UIButtonTypeSystem);
+    close.setFrame({{screen.width - kMargin - kCloseSize, (kBarHeight - kCloseSize) / 2}, {kCloseSize, kCloseSize}});
+    close.setTitle(u"✕"_ns, UIControlStateNormal);
+    close.setTitleColor(ui::Color::secondaryLabelColor(), UIControlStateNormal);
+    close.setBackgroundColor(ui::Color::systemGrayColor().colorWithAlphaComponent(0.2));
+    close.layer().setCornerRadius(kCloseSize / 2);
+    close.addTarget(self, objc::Selector<"_finish">(), UIControlEventTouchUpInside);
+    view->addSubview(close);
     const double width = screen.width - 2 * kMargin;
     const auto swatches = ui::MakeView<Swatches>({{kMargin, kBarHeight}, {width, width + kSampleSize}});
     StateOf<SwatchesState>(swatches).picker = self;
@@ -75,12 +83,11 @@ template <objc::FixedString Name> void TellDelegate(ColorPickerViewController pi
     }
 }
 
-/// The user is done: the sheet is dismissed, then the delegate is told.
+/// The user is done, by ✕; who swipes the sheet down is not: the delegate is told as the sheet starts to go.
+/// https://developer.apple.com/documentation/uikit/uicolorpickerviewcontrollerdelegate
 void Finish(ColorPickerViewController self) {
-    const auto tell = [picker = objc::Ref<ColorPickerViewController>(self)] {
-        TellDelegate<"colorPickerViewControllerDidFinish:">(picker);
-    };
-    self.dismissViewControllerAnimated(true, objc::MakeBlock<void()>(tell));
+    self.dismissViewControllerAnimated(true, nullptr);
+    TellDelegate<"colorPickerViewControllerDidFinish:">(self);
 }
 
 /// The first row holds greys, of one component; below it hues go across and lightness goes down.
@@ -136,8 +143,11 @@ void DefineColorPicker() {
     picker.Method<"loadView", &LoadView>();
     picker.Method<"_finish", &Finish>();
 
+    Class(PickerView::kClassName, "UIView");
     auto swatches = Class<SwatchesState>(Swatches::kClassName, "UIView");
     swatches.Method<"touchesEnded:withEvent:", &TouchesEnded>();
+    // A finger that goes over the colours does not draw the sheet along.
+    swatches.Method<"gestureRecognizerShouldBegin:">([](Swatches, ui::GestureRecognizer) { return false; });
     RegisterDrawing(Swatches::kClassName, &DrawSwatches);
 }
 

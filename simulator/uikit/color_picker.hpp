@@ -8,7 +8,7 @@ namespace sim {
 /// The picker that is presented at the moment; nil when none is.
 ui::ColorPickerViewController PresentedColorPicker();
 
-/// The user chooses a colour: the picker has it from now on and tells its delegate. Nil leaves it without one.
+/// The user chooses a colour: the picker has it from now on and tells its delegate.
 void ChooseColor(ui::ColorPickerViewController picker, ui::Color color);
 
 } // namespace sim

@@ -3,7 +3,10 @@
 #include "runtime/native_class.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/keyboard.hpp"
+#include "uikit/scene_state.hpp"
 #include "uikit/scoped_flag.hpp"
+#include "uikit/text_input.hpp"
+#include "uikit/view.hpp"
 
 namespace sim {
 namespace {
@@ -38,6 +41,9 @@ bool BecomeFirstResponder(ui::Responder self) {
         return false;
     }
     SetFirst(self);
+    if (TextInputOf(self) != nullptr) {
+        MakeKey(WindowOf(objc::As<ui::View>(self))); // one cannot type into a window that is not key
+    }
     return true;
 }
 

@@ -21,6 +21,18 @@ std::vector<objc::Ref<ui::WindowScene>> &Connected() {
     return Lasting<Scenes>().connected;
 }
 
+/// The key window of the application has gone with its scene: that of the scene whose window lies top-most is next, or
+/// that window itself where its scene has none.
+void KeyStatusGoesToTheRest() {
+    for (const ui::Window window : WindowsFrontToBack()) {
+        const ui::WindowScene scene = WindowStateOf(window).scene;
+        if (objc::Send<"canBecomeKeyWindow", bool>(window)) {
+            const ui::Window key = KeyWindowOf(scene);
+            return MakeKey(key ? key : window);
+        }
+    }
+}
+
 } // namespace
 
 void DefineScene() {
@@ -58,11 +70,16 @@ void DisconnectScene(ui::Scene scene) {
     const objc::Ref<ui::WindowScene> keep = *place;
     Connected().erase(place);
     SceneStateOf(scene).activationState = UISceneActivationStateUnattached;
+    const bool heldKey = ApplicationKeyWindow() == KeyWindowOf(keep);
     SetKeyWindow(keep, nullptr);
     for (const ui::Window window : AllWindows()) {
         if (WindowStateOf(window).scene == scene) {
             WindowStateOf(window).scene = nullptr;
+            WindowStateOf(window).lostItsScene = true;
         }
+    }
+    if (heldKey) {
+        KeyStatusGoesToTheRest();
     }
 }
 

@@ -14,9 +14,9 @@ struct SceneState {
 
 struct WindowState {
     double level = 0;
-    ui::WindowScene scene;   // not owned
-    long shownOrder = 0;     // grows each time a window is made visible; 0 before the first
-    long becameKeyOrder = 0; // grows each time a window becomes key
+    ui::WindowScene scene;     // not owned
+    bool lostItsScene = false; // it had one, which was disconnected or taken away, and is not on the screen
+    long shownOrder = 0;       // grows each time a window is made visible; 0 before the first
     objc::Ref<ui::ViewController> root;
     bool rootIsShown = false; // its view is in the window, and told so
 };
@@ -31,6 +31,13 @@ std::vector<ui::Window> &AllWindows();
 ui::Window ApplicationKeyWindow();
 
 /// Makes the window its scene's (and the application's) key window; nil takes the status from the scene's present one.
+/// A window that cannot become key leaves everything as it is.
 void SetKeyWindow(ui::WindowScene scene, ui::Window window);
+
+/// Makes the window key; nil does nothing.
+void MakeKey(ui::Window window);
+
+/// Whether the window is to be seen: not hidden, and not left behind by a scene that was disconnected.
+bool IsOnScreen(ui::Window window);
 
 } // namespace sim

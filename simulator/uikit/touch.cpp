@@ -4,6 +4,7 @@
 #include "runtime/lasting.hpp"
 #include "uikit/event.hpp"
 #include "uikit/gesture_recognizer.hpp"
+#include "uikit/scene_state.hpp"
 #include "uikit/touch_delivery.hpp"
 
 #include <map>
@@ -91,6 +92,8 @@ void Began(TouchId finger, cg::Point point) {
     Fingers()[finger] = touch;
     state.view = HitTestWindows(point, MakeEvent(touch));
     state.window = objc::As<ui::Window>(state.view->window());
+    // Since iOS 14.2, before the touch is delivered: https://developer.apple.com/forums/thread/667958
+    MakeKey(state.window);
     Send(touch, UITouchPhaseBegan);
 }
 

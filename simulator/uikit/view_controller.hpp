@@ -4,6 +4,7 @@
 #include "apple/foundation/string.hpp"
 #include "apple/uikit/window.hpp"
 #include "runtime/native_class.hpp"
+#include "uikit/presentation_controller.hpp"
 #include "uikit/target_action.hpp"
 
 namespace sim {
@@ -15,9 +16,13 @@ struct ControllerState {
     ui::ViewController presenting; // not owned: it owns this one
     UIModalPresentationStyle presentationStyle = UIModalPresentationAutomatic;
     UIModalTransitionStyle transitionStyle = UIModalTransitionStyleCoverVertical;
+    bool isBeingPresented = false;
     bool isBeingDismissed = false;
-    bool capturesStatusBar = false; // although it does not cover the screen as a full-screen one does
-    WeakObject editedBefore;        // the first responder that its coming took the keyboard from
+    bool capturesStatusBar = false;                 // although it does not cover the screen as a full-screen one does
+    bool modalInPresentation = false;               // no swipe takes it away
+    objc::Ref<PresentationController> presentation; // made at its first use
+    objc::Ref<ui::View> container;                  // while it is presented; in the presenter's window, above all else
+    WeakObject editedBefore;                        // the first responder that its coming took the keyboard from
 };
 
 /// The part of UIViewController that presents others.

@@ -1,6 +1,7 @@
 // UIWindow.
 
 #include "runtime/native_class.hpp"
+#include "runtime/variants.hpp"
 #include "uikit/application.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/orientation.hpp"
@@ -30,8 +31,8 @@ ui::Window &ApplicationKey() {
     return window;
 }
 
-bool IsVisible(ui::Window window) {
-    return !ViewStateOf(window).hidden;
+bool CanBecomeKey(ui::Window window) {
+    return objc::Send<"canBecomeKeyWindow", bool>(window);
 }
 
 /// The key window of a scene; without a scene, the application's.
@@ -42,7 +43,7 @@ ui::Window KeyAmong(ui::WindowScene scene) {
 /// The root controller's view fills the window, behind all else in it.
 void ShowRoot(ui::Window window) {
     WindowState &state = WindowStateOf(window);
-    if (!state.root || state.rootIsShown || !IsVisible(window)) {
+    if (!state.root || state.rootIsShown || ViewStateOf(window).hidden) {
         return;
     }
     state.rootIsShown = true;
@@ -69,19 +70,21 @@ void ResizeRoot(ui::Window window) {
     }
 }
 
-/// Takes key status from a window that is hidden or goes, for the visible window of its scene that had it before.
+/// Who gets key status from a window that is hidden or goes: the top-most visible window of its scene below it, or,
+/// where there is none, the top-most above it.
+ui::Window HeirOf(ui::Window window) {
+    std::vector<ui::Window> windows = WindowsOf(WindowStateOf(window).scene); // back to front
+    std::ranges::rotate(windows, std::ranges::find(windows, window));         // those below it come last
+    std::erase_if(windows,
+                  [window](ui::Window other) { return other == window || !IsOnScreen(other) || !CanBecomeKey(other); });
+    return windows.empty() ? ui::Window{} : windows.back();
+}
+
 void PassKeyOn(ui::Window window) {
-    if (!(KeyAmong(WindowStateOf(window).scene) == window)) {
-        return;
+    const ui::WindowScene scene = WindowStateOf(window).scene;
+    if (KeyAmong(scene) == window) {
+        SetKeyWindow(scene, HeirOf(window));
     }
-    ui::Window heir;
-    for (const ui::Window other : WindowsOf(WindowStateOf(window).scene)) {
-        const bool fit = !(other == window) && IsVisible(other) && WindowStateOf(other).becameKeyOrder > 0;
-        if (fit && (!heir || WindowStateOf(heir).becameKeyOrder < WindowStateOf(other).becameKeyOrder)) {
-            heir = other;
-        }
-    }
-    SetKeyWindow(WindowStateOf(window).scene, heir);
 }
 
 ui::Window InitWithFrame(ui::View self, cg::Rect frame) {
@@ -102,7 +105,9 @@ void SetHidden(ui::View self, bool hidden) {
     objc::SendSuper<"setHidden:", void>(self, hidden);
     const auto window = objc::As<ui::Window>(self);
     if (hidden) {
-        PassKeyOn(window);
+        if (!Otherwise(Variant::kHiddenKeyWindow)) {
+            PassKeyOn(window);
+        }
         InterfaceFollowsController();
         return;
     }
@@ -115,7 +120,7 @@ void SetHidden(ui::View self, bool hidden) {
 
 void DefineKeyStatus(Class<WindowState> &window) {
     window.Method<"isKeyWindow">([](ui::Window self) { return KeyAmong(WindowStateOf(self).scene) == self; });
-    window.Method<"makeKeyWindow">([](ui::Window self) { SetKeyWindow(WindowStateOf(self).scene, self); });
+    window.Method<"makeKeyWindow", &MakeKey>();
     window.Method<"makeKeyAndVisible">([](ui::Window self) {
         self.setHidden(false);
         self.makeKeyWindow();
@@ -136,8 +141,8 @@ void DefineWindow() {
         return made;
     });
     window.Dealloc([](ui::Window self) {
-        std::erase(AllWindows(), self);
         PassKeyOn(self);
+        std::erase(AllWindows(), self);
     });
     window.Property<"windowLevel", &WindowState::level>();
     window.ReadOnly<"windowScene", &WindowState::scene>();
@@ -145,6 +150,7 @@ void DefineWindow() {
         if (!(WindowStateOf(self).scene == scene)) {
             PassKeyOn(self);
             WindowStateOf(self).scene = scene;
+            WindowStateOf(self).lostItsScene = !scene;
         }
     });
     window.Method<"screen">([](ui::Window) { return MainScreen(); });
@@ -187,9 +193,8 @@ ui::Window ApplicationKeyWindow() {
 }
 
 void SetKeyWindow(ui::WindowScene scene, ui::Window window) {
-    static long order = 0;
     const ui::Window old = KeyAmong(scene);
-    if (window && !objc::Send<"canBecomeKeyWindow", bool>(window)) {
+    if (window && !CanBecomeKey(window)) {
         return;
     }
     if (window || ApplicationKey() == old) {
@@ -203,9 +208,18 @@ void SetKeyWindow(ui::WindowScene scene, ui::Window window) {
     }
     objc::Send<"resignKeyWindow", void>(old);
     if (window) {
-        WindowStateOf(window).becameKeyOrder = ++order;
         objc::Send<"becomeKeyWindow", void>(window);
     }
+}
+
+void MakeKey(ui::Window window) {
+    if (window) {
+        SetKeyWindow(WindowStateOf(window).scene, window);
+    }
+}
+
+bool IsOnScreen(ui::Window window) {
+    return !ViewStateOf(window).hidden && !WindowStateOf(window).lostItsScene;
 }
 
 std::vector<ui::Window> WindowsOf(ui::WindowScene scene) {
@@ -227,7 +241,7 @@ std::vector<ui::Window> WindowsOf(ui::WindowScene scene) {
 
 std::vector<ui::Window> WindowsFrontToBack() {
     std::vector<ui::Window> windows = WindowsOf(nullptr);
-    std::erase_if(windows, [](ui::Window window) { return !IsVisible(window); });
+    std::erase_if(windows, [](ui::Window window) { return !IsOnScreen(window); });
     std::ranges::reverse(windows);
     return windows;
 }

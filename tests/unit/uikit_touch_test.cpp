@@ -88,6 +88,16 @@ ui::View HitNotSelf(ui::View self, objc::SEL, cg::Point point, ui::Event event) 
     return hit == self ? ui::View{} : hit;
 }
 
+// A window that never becomes key.
+struct ModestWindow : ui::Window {
+    using ui::Window::Window;
+    static constexpr const char *kClassName = "ModestWindow";
+};
+
+bool NeverKey(ui::Window, objc::SEL) {
+    return false;
+}
+
 /// The object that hears everything: its class object serves as target too.
 struct Listener : ns::Object {
     using ns::Object::Object;
@@ -118,6 +128,8 @@ void RegisterClasses() {
     objc::AddMethods(objc::MetaclassOf(listener), methods);
     const objc::MethodEntry windowMethods[] = {objc::MethodNamed<"hitTest:withEvent:", &HitNotSelf>()};
     corvel::test::RegisterClass(PassingWindow::kClassName, "UIWindow", windowMethods);
+    const objc::MethodEntry modestMethods[] = {objc::MethodNamed<"canBecomeKeyWindow", &NeverKey>()};
+    corvel::test::RegisterClass(ModestWindow::kClassName, "UIWindow", modestMethods);
 }
 
 class UIKitTouch : public testing::Test {
@@ -295,15 +307,51 @@ TEST_F(UIKitTouch, ScenesComeInTheOrderOfTheirConnection) {
     EXPECT_EQ(ui::Application::sharedApplication().connectedScenes().count(), 1UL);
 }
 
-TEST_F(UIKitTouch, KeyStatusGoesBackToTheWindowThatHadIt) {
+TEST_F(UIKitTouch, KeyStatusFallsToTheTopMostWindowBelow) {
     EXPECT_TRUE(window->isKeyWindow());
-    const auto above = MakeWindow<ui::Window>(10);
-    EXPECT_EQ(scene.keyWindow(), above.get());
+    const auto middle = MakeWindow<ui::Window>(10);
+    const auto top = MakeWindow<ui::Window>(20);
+    window->makeKeyWindow();
+    top->makeKeyWindow();
     EXPECT_FALSE(window->isKeyWindow());
-    above->setHidden(true);
+    top->setHidden(true);
+    EXPECT_EQ(scene.keyWindow(), middle.get()); // although another had it before
+    middle->setHidden(true);
     EXPECT_EQ(scene.keyWindow(), window.get());
-    EXPECT_EQ(scene.windows().count(), 2UL);
+    EXPECT_EQ(scene.windows().count(), 3UL);
     EXPECT_EQ(scene.windows().firstObject(), window.get());
+    top->setHidden(false);
+    EXPECT_TRUE(window->isKeyWindow());
+    window->setHidden(true); // the lowest of all
+    EXPECT_EQ(scene.keyWindow(), top.get());
+}
+
+TEST_F(UIKitTouch, ATouchMakesItsWindowKeyUnlessThatRefuses) {
+    const auto passing = MakeWindow<PassingWindow>(10);
+    const auto view = AddView(passing, {{0, 0}, {20, 20}});
+    window->makeKeyWindow();
+    sim::touch::Began(1, {50, 50});
+    EXPECT_TRUE(window->isKeyWindow()); // that window let it through
+    sim::touch::Began(2, {10, 10});
+    EXPECT_TRUE(passing->isKeyWindow());
+    sim::touch::Moved(1, {60, 60});
+    EXPECT_TRUE(passing->isKeyWindow()); // only a landing counts
+    sim::touch::Cancelled(1);
+    sim::touch::Cancelled(2);
+    const auto modest = MakeWindow<ModestWindow>(20);
+    EXPECT_TRUE(passing->isKeyWindow());
+    Tap({50, 50});
+    EXPECT_TRUE(passing->isKeyWindow());
+}
+
+TEST_F(UIKitTouch, AWindowThatIsReleasedPassesKeyStatusOn) {
+    {
+        const corvel::test::Pool inner;
+        const auto above = MakeWindow<ui::Window>(10);
+        EXPECT_TRUE(above->isKeyWindow());
+    }
+    EXPECT_TRUE(window->isKeyWindow());
+    EXPECT_EQ(sim::HitTestScreen({5, 5}), window.get());
 }
 
 TEST_F(UIKitTouch, WindowsAreHiddenUntilMadeVisibleAndGoWithTheirOwner) {

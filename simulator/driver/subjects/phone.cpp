@@ -3,6 +3,7 @@
 #include "apple/foundation/notifications.hpp"
 #include "driver/notifications.hpp"
 #include "driver/subjects/subjects.hpp"
+#include "driver/view_properties.hpp"
 #include "render/album.hpp"
 #include "runtime/clock.hpp"
 #include "script/values.hpp"
@@ -51,7 +52,30 @@ void DoPicture(Session &session, WordReader &words) {
     Say({Bare("picture"), Bare(name)});
 }
 
-Answer AskAlbum(Session &, WordReader &) {
+/// album N at X Y
+Answer AskPixel(WordReader &words) {
+    const long number = words.Integer("which picture");
+    words.Expect("at");
+    const double x = words.Number("x");
+    const double y = words.Number("y");
+    if (number < 1 || number > std::ssize(AlbumPictures())) {
+        return {};
+    }
+    const std::optional<std::uint32_t> pixel = PixelAt(AlbumPictures()[static_cast<std::size_t>(number - 1)], x, y);
+    if (!pixel) {
+        return {};
+    }
+    const auto part = [&](int shift) { return static_cast<double>(*pixel >> shift & 0xFF) / 0xFF; };
+    const double alpha = part(24);
+    const double most = alpha > 0 ? alpha : 1;
+    return {{Bare(Hex({part(16) / most, part(8) / most, part(0) / most, alpha})), Bare(alpha)}};
+}
+
+/// album | album N at X Y
+Answer AskAlbum(Session &, WordReader &words) {
+    if (words.SeesNumber()) {
+        return AskPixel(words);
+    }
     Answer answer;
     for (const AlbumPicture &picture : AlbumPictures()) {
         answer.push_back({Bare(picture.width), Bare(picture.height), Bare("scale"), Bare(picture.scale)});

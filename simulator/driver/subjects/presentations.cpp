@@ -104,22 +104,19 @@ double HexPart(const std::string &text, std::size_t at) {
 }
 
 ui::Color ReadColor(WordReader &words) {
-    if (words.Take("none")) {
-        return {};
-    }
     if (words.Take("grey")) {
         return ui::Color::colorWithWhite(words.Number("the whiteness, from 0 to 1"), 1);
     }
-    const std::string text = words.Name("#RRGGBB, grey or none");
+    const std::string text = words.Name("#RRGGBB or grey");
     constexpr std::size_t kLength = 7;
     if (text.size() != kLength || text.front() != '#' ||
         text.find_first_not_of("0123456789abcdefABCDEF", 1) != std::string::npos) {
-        words.Fail("expected #RRGGBB, grey or none, not " + text);
+        words.Fail("expected #RRGGBB or grey, not " + text);
     }
     return ui::Color::colorWithRed(HexPart(text, 1), HexPart(text, 3), HexPart(text, 5), 1);
 }
 
-/// pick #RRGGBB|grey W|none
+/// pick #RRGGBB|grey W
 void DoPick(Session &, WordReader &words) {
     const ui::Color color = ReadColor(words);
     words.End();

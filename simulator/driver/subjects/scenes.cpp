@@ -4,7 +4,6 @@
 #include "driver/view_properties.hpp"
 #include "uikit/application.hpp"
 #include "uikit/scene_state.hpp"
-#include "uikit/view_state.hpp"
 
 #include <algorithm>
 
@@ -80,7 +79,7 @@ Answer AskWindows(Session &, WordReader &) {
     Answer answer;
     for (const ui::Window window : WindowsOf(nullptr)) {
         answer.push_back({DescribeClass(window), Bare("level"), Bare(WindowStateOf(window).level),
-                          Bare(ViewStateOf(window).hidden ? "hidden" : "visible")});
+                          Bare(IsOnScreen(window) ? "visible" : "hidden")});
         if (window.isKeyWindow()) {
             answer.back().push_back(Bare("key"));
         }
