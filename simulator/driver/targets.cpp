@@ -281,6 +281,10 @@ Target ReadTarget(WordReader &words) {
     if (ScrolledOutOf(target)) {
         words.Fail(script::Render(before.Rest()) + " is scrolled out of sight; scroll it into view first");
     }
+    if (!Contains({{}, ScreenSize()}, target.point)) {
+        const std::string place = script::Render(std::vector{Bare(target.point.x), Bare(target.point.y)});
+        words.Fail("a finger cannot reach " + place + ", outside the screen");
+    }
     return target;
 }
 

@@ -16,8 +16,8 @@ struct Target {
 
 /// Reads a target that a finger can reach: "TEXT", a word of kTextTargets with a text, `class NAME [N]`, `tag N [+ N]`,
 /// `with PROPERTY VALUE` or a word of the script's own, each perhaps followed by `in` and another target; or `at X Y`.
-/// Only what is visible counts; none and several are errors, and so is a target that is scrolled out of sight. The
-/// place is the middle of what the view shows now.
+/// Only what is visible counts; none and several are errors, and so is a target that is scrolled out of sight or lies
+/// outside the screen. The place is the middle of what the view shows now.
 Target ReadTarget(WordReader &words);
 
 /// The same for a target that may be scrolled out of sight.
