@@ -1,4 +1,4 @@
-"""Whatever the library uses of the phone is entered with the first iOS that has it, none younger than the oldest served.
+"""Whatever the library uses is entered with the first iOS that has it, and none is younger than the oldest iOS served.
 
 Whoever uses a new name looks its version up and enters it; until then these tests fail.
 """

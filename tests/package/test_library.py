@@ -29,6 +29,39 @@ class LibraryTest(unittest.TestCase):
         listing = build.output("llvm-nm-19", "--undefined-only", "--just-symbol-name", build.LIBRARY)
         self.assertEqual(set(listing.split()), {entry.symbol for entry in self.library.imports})
 
+    def test_llvm_sees_the_same_fixups(self):
+        listing = build.output("llvm-objdump-19", "--macho", "--dyld-info", build.LIBRARY)
+        form = r"^\S+ +\S+ +0x(\w+) 0x\w+ +(?:rebase +0x(\w+)|bind +0x(\w+) +\S+ +(\S+))$"
+        found = {}
+        for place, target, addend, symbol in re.findall(form, listing, re.M):
+            found[int(place, 16)] = (symbol, int(addend, 16)) if symbol else int(target, 16)
+        ours = {
+            place: (fixup.entry.symbol, fixup.addend) if isinstance(fixup, macho.Bound) else fixup
+            for place, fixup in self.library.fixups.items()
+        }
+        self.assertEqual(found, ours)
+
+    def test_llvm_sees_the_same_stubs_and_slots(self):
+        listing = build.output("llvm-objdump-19", "--macho", "--indirect-symbols", build.LIBRARY)
+        found = [(int(place, 16), name) for place, name in re.findall(r"^(0x\w+) +\d+ (\S+)$", listing, re.M)]
+        ours = []
+        for section, size in ((self.library.section("__stubs"), 12), (self.library.section("__got"), 8)):
+            for i in range(section.size // size):
+                symbol = self.library.indirect_symbols[section.first_indirect + i]
+                ours.append((section.address + size * i, symbol.symbol))
+        self.assertEqual(found, ours)
+
+    def test_llvm_sees_the_same_segments(self):
+        headers = build.output("llvm-objdump-19", "--macho", "--private-headers", build.LIBRARY)
+        form = (
+            r"cmd LC_SEGMENT_64\n.*\n +segname (\S+)\n(?:.*\n){4}"
+            r" +maxprot (\S+)\n +initprot (\S+)\n.*\n +flags (\S+)"
+        )
+        bits = {"r--": 1, "rw-": 3, "r-x": 5, "(none)": 0, "SG_READ_ONLY": 0x10}
+        found = [(name, *(bits[word] for word in words)) for name, *words in re.findall(form, headers)]
+        segments = self.library.segments
+        self.assertEqual(found, [(s.name, s.greatest_protection, s.protection, s.flags) for s in segments])
+
     def test_llvm_sees_the_same_target(self):
         headers = build.output("llvm-objdump-19", "--macho", "--private-headers", build.LIBRARY)
         self.assertRegex(headers, r"MH_MAGIC_64\s+ARM64\s+ALL\s+0x00\s+DYLIB")
