@@ -2,6 +2,7 @@
 
 #include "adapters/douyin/host_classes.hpp"
 #include "apple/foundation/number.hpp"
+#include "preferences/typed_reads.hpp"
 
 #include <span>
 
@@ -36,9 +37,13 @@ objc::Ref<ns::Object> ValueOf(ns::Object receiver, ns::String key) {
     });
 }
 
-/// What the value calls itself, numbers and strings alike, when that can be an identifier.
+/// What a number or a string calls itself, when that can be an identifier. Anything else is passed over: a room object
+/// under such a key has a description too, and the identifier inside it is to be found.
 objc::Ref<ns::String> IdentifierOf(ns::Object value) {
     return ReadGuarded([&]() -> objc::Ref<ns::String> {
+        if (!IsScalar(value)) {
+            return nullptr;
+        }
         const ns::Object description = value.description();
         if (!description.isKindOfClass(objc::ClassOf<ns::String>())) {
             return nullptr;
