@@ -1,8 +1,10 @@
 #include "hosts/host.hpp"
 
+#include "hosts/chained_calls.hpp"
 #include "hosts/host_class.hpp"
 #include "hosts/inventory.hpp"
 #include "hosts/invocation.hpp"
+#include "hosts/worker.hpp"
 #include "script/values.hpp"
 
 #include <algorithm>
@@ -30,11 +32,27 @@ Plan::Method Refuse(WordReader &words) {
     return method;
 }
 
-/// OBJECT SELECTOR ARGUMENTS…
-Fact CallMethod(WordReader &words) {
+Invocation ReadInvocation(WordReader &words) {
     const objc::Ref<ns::Object> object = TheObjects().Read(words);
     const std::string selector = words.Name("a selector");
-    return Invoke(object, selector, words);
+    return {object, selector, words};
+}
+
+/// OBJECT SELECTOR ARGUMENTS…
+Fact CallMethod(WordReader &words) {
+    Invocation invocation = ReadInvocation(words);
+    return Invoke(invocation);
+}
+
+/// let SELECTOR call OBJECT SELECTOR ARGUMENTS…
+Fact Let(WordReader &words) {
+    const std::string selector = words.Name("a selector");
+    if (!TheInventory().selectors.contains(selector)) {
+        words.Fail("the app has no method " + selector);
+    }
+    words.Expect("call");
+    ChainCall(selector, ReadInvocation(words));
+    return {};
 }
 
 Answer AskCalls(WordReader &words) {
@@ -72,10 +90,16 @@ Host::Host(LiveRoomLook look, std::span<const Kind> kinds) : kinds_(kinds), room
         return {};
     });
     On("call", &CallMethod);
+    On("let", &Let);
+    On("on", [](WordReader &words) {
+        words.Expect("worker");
+        return DoOnWorker(words);
+    });
     On("move", [this](WordReader &words) { return Move(words); });
     On("calm", [](WordReader &) -> Fact {
         ThePlan().EndThrowing();
         ThePlan().refusing.clear();
+        EndChainedCalls();
         return {};
     });
     On("new", [this](WordReader &words) {
@@ -149,6 +173,14 @@ void Host::Shape(WordReader &words) {
         Throw(words);
     } else if (words.Take("refuse")) {
         Refuse(words);
+    } else if (words.Take("types")) {
+        const Plan::Method method = ReadMethod(words);
+        plan.shapes[method] = {words.Name("a type encoding"), words.place()};
+    } else if (words.Sees("accessor") || words.Sees("ivar")) {
+        const bool accessor = words.Next("").text == "accessor";
+        const std::string cls = words.Name("a class");
+        const std::string name = words.Name("the name of the property");
+        plan.properties.push_back({cls, name, words.Name("a type"), accessor, words.place()});
     } else {
         words.Expect("inherits");
         plan.inheritedMethods[ReadMethod(words)] = words.place();

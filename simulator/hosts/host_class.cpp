@@ -1,7 +1,10 @@
 #include "hosts/host_class.hpp"
 
 #include "apple/foundation/exception.hpp"
+#include "hosts/chained_calls.hpp"
 #include "hosts/inventory.hpp"
+#include "hosts/keyed.hpp"
+#include "hosts/shaped_method.hpp"
 #include "runtime/foreign_leaks.hpp"
 #include "script/values.hpp"
 
@@ -30,6 +33,7 @@ void Arrive(ns::Object self, const char *selector, const std::vector<Fact> &argu
         GiveUp(self, selector);
         Raise(*reason);
     }
+    MakeChainedCalls(selector);
 }
 
 bool Refuses(ns::Object self, const char *selector) {
@@ -44,7 +48,7 @@ HostClass::HostClass(const char *root, const char *base, const char *name, const
     : name_(name), base_(base, root) {
     TheInventory().classes.insert(name);
     if (!ThePlan().lackedClasses.contains(name)) {
-        own_.emplace(name, base);
+        own_.emplace(MakePlannedClass(name, base));
     }
     Class(sibling, base);
 }
@@ -58,6 +62,25 @@ Class<> *HostClass::HolderOf(const char *selector, bool optional) {
         return nullptr;
     }
     return plan.inheritedMethods.contains(method) ? &base_ : own_ ? &*own_ : nullptr;
+}
+
+bool HostClass::AddPlannedShape(const Class<> &holder, const char *selector) const {
+    const auto found = ThePlan().shapes.find({name_, selector});
+    if (found == ThePlan().shapes.end()) {
+        return false;
+    }
+    const auto &[encoding, place] = found->second;
+    AddShapedMethod(holder.pointer(), selector, encoding, place, Echo(encoding, place));
+    return true;
+}
+
+Class<> MakePlannedClass(const char *name, const char *superclass) {
+    Class<> made(name, superclass, PlannedVariables(name));
+    if (IsKeyed(made.pointer())) {
+        TheInventory().keyed.insert(name);
+        AddPlannedAccessors(name);
+    }
+    return made;
 }
 
 objc::Ref<ns::Object> MakeObject(const char *className) {

@@ -11,8 +11,8 @@
 
 namespace sim::hosts {
 
-/// Records a call and raises what the plan holds for it. An initialiser that raises gives its object up; an object
-/// whose dealloc raises is lost, which is no leak of ours.
+/// Records a call, raises what the plan holds for it, and makes the calls that go with it. An initialiser that raises
+/// gives its object up; an object whose dealloc raises is lost, which is no leak of ours.
 void Arrive(ns::Object self, const char *selector, const std::vector<Fact> &arguments);
 
 /// Whether the plan lets the method do nothing. An initialiser that does nothing gives its object up.
@@ -63,8 +63,10 @@ class HostClass {
   private:
     /// The class that gets the method; null when the plan leaves the method out.
     Class<> *HolderOf(const char *selector, bool optional);
-    template <objc::FixedString Name, class Body> static void Add(Class<> *holder) {
-        if (holder != nullptr) {
+    /// Adds the method as the plan has it when that changes its types; tells whether it does.
+    bool AddPlannedShape(const Class<> &holder, const char *selector) const;
+    template <objc::FixedString Name, class Body> void Add(Class<> *holder) const {
+        if (holder != nullptr && !AddPlannedShape(*holder, Name.data)) {
             holder->Method<Name>(detail::Arrival<Name, Body>{});
         }
     }
@@ -73,6 +75,9 @@ class HostClass {
     Class<> base_;
     std::optional<Class<>> own_; // empty when the plan leaves it out
 };
+
+/// Registers a class of the app with the instance variables and accessors that the plan gives it.
+Class<> MakePlannedClass(const char *name, const char *superclass);
 
 /// What a method does that only the app calls. It answers something, because a hook has to hand on what there is.
 inline constexpr auto kItself = [](ns::Object self) { return self; };

@@ -8,6 +8,8 @@ namespace {
 using script::Place;
 using script::ScriptError;
 
+constexpr const char *kLacking = ": only some builds have that method, this one has not";
+
 std::string NameOf(const Plan::Method &method) {
     return method.first + " " + method.second;
 }
@@ -22,6 +24,15 @@ void CheckDeclared(const std::map<Plan::Method, Place> &planned, bool optional, 
         if (found->second != optional) {
             throw ScriptError(place, NameOf(method) + otherwise);
         }
+    }
+}
+
+void CheckProperty(const Plan::Property &property) {
+    if (!TheInventory().keyed.contains(property.className)) {
+        throw ScriptError(property.place, "the app has no class " + property.className + " whose objects keep values");
+    }
+    if (property.accessor && TheInventory().methods.contains({property.className, property.name})) {
+        throw ScriptError(property.place, property.className + " has a method " + property.name + " already");
     }
 }
 
@@ -40,11 +51,16 @@ void CheckSetUp() {
         }
     }
     CheckDeclared(plan.extraMethods, true, ": every build has that method");
-    CheckDeclared(plan.lackedMethods, false, ": only some builds have that method, this one has not");
+    CheckDeclared(plan.lackedMethods, false, kLacking);
     for (const auto &[method, place] : plan.inheritedMethods) {
         // A method that only some builds have can be inherited in those.
-        CheckDeclared({{method, place}}, plan.extraMethods.contains(method),
-                      ": only some builds have that method, this one has not");
+        CheckDeclared({{method, place}}, plan.extraMethods.contains(method), kLacking);
+    }
+    for (const auto &[method, shape] : plan.shapes) {
+        CheckDeclared({{method, shape.place}}, plan.extraMethods.contains(method), kLacking);
+    }
+    for (const Plan::Property &property : plan.properties) {
+        CheckProperty(property);
     }
     for (const auto &[method, planned] : plan.throwing) {
         CheckMethod(method, planned.place);

@@ -9,6 +9,7 @@ namespace sim::hosts {
 
 struct Inventory {
     std::set<std::string> classes;        // that builds may lack
+    std::set<std::string> keyed;          // those whose objects keep values under keys
     std::map<Plan::Method, bool> methods; // whether only some builds have it
     std::set<std::string> selectors;      // of all of them
 };

@@ -1,6 +1,9 @@
 #include "hosts/keyed.hpp"
 
+#include "hosts/shaped_method.hpp"
 #include "script/values.hpp"
+
+#include <utility>
 
 namespace sim::hosts {
 namespace {
@@ -39,6 +42,16 @@ bool IsKeyed(objc::Class cls) {
 
 std::map<std::string, objc::Ref<ns::Object>> &ValuesOf(ns::Object object) {
     return StateOf<KeyedState>(object).values;
+}
+
+void Keep(ns::Object object, const std::string &key, ns::Object value) {
+    const objc::Ref<ns::Object> before = std::exchange(ValuesOf(object)[key], value);
+    RefreshPlannedVariable(object, key);
+}
+
+void TakeAway(ns::Object object, const std::string &key) {
+    const auto before = ValuesOf(object).extract(key);
+    RefreshPlannedVariable(object, key);
 }
 
 ns::Object ValueUnder(ns::Object object, const std::string &key) {

@@ -17,6 +17,10 @@ bool IsKeyed(objc::Class cls);
 /// What an object of such a class answers for keys.
 std::map<std::string, objc::Ref<ns::Object>> &ValuesOf(ns::Object object);
 
+/// Keeps a value under a key, also in the instance variable of that name; TakeAway ends that.
+void Keep(ns::Object object, const std::string &key, ns::Object value);
+void TakeAway(ns::Object object, const std::string &key);
+
 /// The value under a key; nil when there is none.
 ns::Object ValueUnder(ns::Object object, const std::string &key);
 
@@ -24,6 +28,6 @@ ns::Object ValueUnder(ns::Object object, const std::string &key);
 template <objc::FixedString Key>
 inline constexpr auto kGet = [](ns::Object self) { return ValueUnder(self, Key.data); };
 template <objc::FixedString Key>
-inline constexpr auto kSet = [](ns::Object self, ns::Object value) { ValuesOf(self)[Key.data] = value; };
+inline constexpr auto kSet = [](ns::Object self, ns::Object value) { Keep(self, Key.data, value); };
 
 } // namespace sim::hosts

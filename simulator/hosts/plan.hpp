@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace sim::hosts {
 
@@ -21,11 +22,28 @@ struct Plan {
         bool met = false;
     };
 
+    /// A method whose types differ from those of the usual make.
+    struct Shape {
+        std::string encoding;
+        script::Place place;
+    };
+
+    /// A property of the objects of a class, beside the keys that scripts make up for them.
+    struct Property {
+        std::string className;
+        std::string name; // the accessor's, or the instance variable's as it is declared: `_roomId`
+        std::string type; // as encodings have it
+        bool accessor = false;
+        script::Place place;
+    };
+
     // Laid down before the host's classes are registered; each with the place of its line.
     std::map<std::string, script::Place> lackedClasses = {};
     std::map<Method, script::Place> lackedMethods = {};
     std::map<Method, script::Place> extraMethods = {};     // that only some builds of the app have
     std::map<Method, script::Place> inheritedMethods = {}; // stand in the base class instead
+    std::map<Method, Shape> shapes = {};
+    std::vector<Property> properties = {};
     // May begin and end at any time. Both hold for the class and its subclasses.
     std::map<Method, Throw> throwing = {};         // also key-value keys
     std::map<Method, script::Place> refusing = {}; // does nothing and answers nil, false or 0

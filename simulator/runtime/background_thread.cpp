@@ -43,8 +43,8 @@ void Body(Worker &worker) {
     worker.toMain.release();
 }
 
-/// Lets the worker run until it finishes or sleeps. A worker that sleeps when the process ends is just left behind:
-/// it waits for a baton that never comes and keeps nobody.
+/// Lets the worker run until it finishes, sleeps or waits for the main thread. A worker that sleeps when the process
+/// ends is just left behind: it waits for a baton that never comes and keeps nobody.
 void HandOver(Worker *worker) {
     worker->toWorker.release();
     worker->toMain.acquire();
@@ -52,6 +52,17 @@ void HandOver(Worker *worker) {
         worker->thread.join();
         delete worker;
     }
+}
+
+/// Hands the baton to the main thread; it comes back after so many seconds, and after the work that is done then.
+void GoOnAfter(double seconds, std::function<void()> work) {
+    Worker *self = current;
+    clock::Schedule(seconds, [self, work = std::move(work)] {
+        work();
+        HandOver(self);
+    });
+    self->toMain.release();
+    self->toWorker.acquire();
 }
 
 } // namespace
@@ -67,11 +78,12 @@ bool IsCurrent() {
     return current != nullptr;
 }
 
+void WaitForMain(std::function<void()> work) {
+    GoOnAfter(0, std::move(work));
+}
+
 void Sleep(double seconds) {
-    Worker *self = current;
-    clock::Schedule(seconds, [self] { HandOver(self); });
-    self->toMain.release();
-    self->toWorker.acquire();
+    GoOnAfter(seconds, [] {});
 }
 
 } // namespace sim::background

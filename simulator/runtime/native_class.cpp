@@ -1,5 +1,6 @@
 #include "runtime/native_class.hpp"
 
+#include <bit>
 #include <cstdio>
 #include <cstdlib>
 
@@ -17,7 +18,8 @@ void StopForNil() {
     std::abort();
 }
 
-objc::Class MakeClass(const char *name, const char *superclass, bool hasState) {
+objc::Class MakeClass(const char *name, const char *superclass, bool hasState,
+                      std::span<const InstanceVariable> variables) {
     const objc::Class cls = objc::AllocateClass(name, superclass);
     if (cls == nullptr) {
         std::fprintf(stderr, "cannot register class %s under %s\n", name, superclass);
@@ -25,6 +27,9 @@ objc::Class MakeClass(const char *name, const char *superclass, bool hasState) {
     }
     if (hasState) {
         class_addIvar(cls, name, sizeof(void *), 3, "^v");
+    }
+    for (const auto &[variable, encoding, size] : variables) {
+        class_addIvar(cls, variable.c_str(), size, static_cast<std::uint8_t>(std::countr_zero(size)), encoding.c_str());
     }
     objc_registerClassPair(cls);
     return cls;

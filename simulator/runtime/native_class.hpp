@@ -6,6 +6,8 @@
 #include "runtime/method_body.hpp"
 #include "runtime/object_state.hpp"
 
+#include <span>
+#include <string>
 #include <vector>
 
 namespace sim {
@@ -16,6 +18,13 @@ struct ApiRow {
     char kind;
     const char *selectorName;
     const char *encoding;
+};
+
+/// An instance variable that a class is to have.
+struct InstanceVariable {
+    std::string name;
+    std::string encoding;
+    std::size_t size; // bytes, a power of two
 };
 
 /// Every method defined below so far, in order of definition.
@@ -38,7 +47,8 @@ template <class State, class Body> void DeallocAfter(objc::Object self, objc::SE
 }
 
 /// A new class pair, registered; with the room for a state pointer if it is to have one.
-objc::Class MakeClass(const char *name, const char *superclass, bool hasState);
+objc::Class MakeClass(const char *name, const char *superclass, bool hasState,
+                      std::span<const InstanceVariable> variables);
 /// The class of that name; ends the process with a message when there is none.
 objc::Class ExistingClass(const char *name);
 /// Where the room for the state pointer is.
@@ -64,8 +74,8 @@ void SetMethod(objc::Class cls, objc::SEL selector, objc::IMP implementation, co
 template <class State = void> class Class {
   public:
     /// Ends the process with a message when the name is taken or the superclass missing.
-    Class(const char *name, const char *superclass)
-        : cls_(detail::MakeClass(name, superclass, !std::is_void_v<State>)), listed_(name) {
+    Class(const char *name, const char *superclass, std::span<const InstanceVariable> variables = {})
+        : cls_(detail::MakeClass(name, superclass, !std::is_void_v<State>, variables)), listed_(name) {
         if constexpr (!std::is_void_v<State>) {
             detail::StateSlot<State>::cls = cls_;
             detail::StateSlot<State>::offset = detail::StateOffset(cls_);
@@ -124,6 +134,10 @@ template <class State = void> class Class {
     /// What is done when an object goes, before its state goes.
     template <class Body> void Dealloc(Body) {
         Set('-', objc::Selector<"dealloc">(), reinterpret_cast<objc::IMP>(&detail::DeallocAfter<State, Body>), "v@:");
+    }
+
+    objc::Class pointer() const {
+        return cls_;
     }
 
   private:

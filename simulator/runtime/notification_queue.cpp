@@ -2,11 +2,13 @@
 
 #include "apple/foundation/notifications.hpp"
 #include "apple/foundation/thread.hpp"
+#include "runtime/background_thread.hpp"
 #include "runtime/block_function.hpp"
 #include "runtime/clock.hpp"
 #include "runtime/lasting.hpp"
 #include "runtime/native_class.hpp"
 #include "runtime/replace_method.hpp"
+#include "runtime/variants.hpp"
 
 #include <cstdio>
 #include <cstdlib>
@@ -40,11 +42,13 @@ struct Registrations {
 
 void Observe(const ObserverState &state, ns::Notification notification) {
     const auto block = state.block; // the block may remove its own observer
-    if (state.onMainQueue && !ns::Thread::isMainThread()) {
+    if (!state.onMainQueue || ns::Thread::isMainThread()) {
+        block(notification);
+    } else if (background::IsCurrent() && !Otherwise(Variant::kObserverQueue)) {
+        background::WaitForMain([&] { block(notification); });
+    } else {
         clock::Schedule(0, [block, held = objc::Ref<ns::Notification>(notification)] { block(held); });
-        return;
     }
-    block(notification);
 }
 
 ns::Object AddObserver(ns::NotificationCenter self, objc::SEL, ns::String name, ns::Object object,

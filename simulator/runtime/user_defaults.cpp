@@ -1,6 +1,7 @@
 #include "runtime/user_defaults.hpp"
 
 #include "apple/foundation/data.hpp"
+#include "apple/foundation/notifications.hpp"
 #include "apple/foundation/user_defaults.hpp"
 #include "objc/guard.hpp"
 #include "runtime/autorelease.hpp"
@@ -12,6 +13,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 extern "C" {
 /// Tells Foundation the process's arguments and environment, in place of those that it found when it was loaded.
@@ -90,6 +92,60 @@ bool Store(ns::UserDefaults defaults) {
     return true;
 }
 
+// Foundation tells of a change while it holds the lock of the defaults: an observer that reads them on another thread,
+// while the writer waits for it, would never return. On the phone the lock is free by then, so the telling waits for
+// it.
+
+Original<void, ns::UserDefaults, ns::Object, ns::String> originalSet = nullptr;
+Original<void, ns::UserDefaults, ns::String> originalRemove = nullptr;
+Original<void, ns::NotificationCenter, ns::String, ns::Object> originalPost = nullptr;
+
+/// The writes of this thread that are under way, and whether one of them has something to tell.
+thread_local int writes = 0;
+thread_local bool changed = false;
+
+class Write {
+  public:
+    Write() {
+        ++writes;
+    }
+    Write(const Write &) = delete;
+    Write &operator=(const Write &) = delete;
+    ~Write() {
+        --writes;
+    }
+};
+
+void TellOfChange(ns::UserDefaults self) {
+    if (writes == 0 && std::exchange(changed, false)) {
+        ns::NotificationCenter::defaultCenter().postNotificationName(NSUserDefaultsDidChangeNotification, self);
+    }
+}
+
+void Post(ns::NotificationCenter self, objc::SEL selector, ns::String name, ns::Object object) {
+    if (writes > 0 && name.isEqualToString(NSUserDefaultsDidChangeNotification)) {
+        changed = true;
+    } else {
+        originalPost(self, selector, name, object);
+    }
+}
+
+void SetObject(ns::UserDefaults self, objc::SEL selector, ns::Object value, ns::String key) {
+    {
+        const Write write;
+        originalSet(self, selector, value, key);
+    }
+    TellOfChange(self);
+}
+
+void RemoveObject(ns::UserDefaults self, objc::SEL selector, ns::String key) {
+    {
+        const Write write;
+        originalRemove(self, selector, key);
+    }
+    TellOfChange(self);
+}
+
 bool Synchronize(ns::UserDefaults self, objc::SEL) {
     const AutoreleasePool pool;
     return self == ns::UserDefaults::standardUserDefaults() && Store(self);
@@ -129,6 +185,9 @@ void SetStateDirectory(const std::string &directory) {
 
 void InstallUserDefaults() {
     ReplaceMethod("NSUserDefaults", objc::Selector<"synchronize">(), &Synchronize);
+    originalSet = ReplaceMethod("NSUserDefaults", objc::Selector<"setObject:forKey:">(), &SetObject);
+    originalRemove = ReplaceMethod("NSUserDefaults", objc::Selector<"removeObjectForKey:">(), &RemoveObject);
+    originalPost = ReplaceMethod("NSNotificationCenter", objc::Selector<"postNotificationName:object:">(), &Post);
     Load(OpenDefaults());
     std::atexit([] {
         const AutoreleasePool pool;

@@ -94,6 +94,19 @@ class MethodHookTest : public testing::Test {
 objc::IMP MethodHookTest::first;
 objc::IMP MethodHookTest::second;
 
+TEST_F(MethodHookTest, ObjectsOfHeirsThatWereMessagedBeforeRunItToo) {
+    const auto old = test::NewInstance(leaf);
+    objc::As<Host>(old.get()).greet();
+    Hook(middle, "greet");
+    calls.clear();
+    objc::As<Host>(old.get()).greet();
+    EXPECT_EQ(calls, (std::vector<std::string>{"first", "Middle greet"}));
+    Hook(leaf, "ping"); // which is added, not replaced
+    calls.clear();
+    objc::As<Host>(old.get()).ping();
+    EXPECT_EQ(calls, (std::vector<std::string>{"first", "Root ping"}));
+}
+
 TEST_F(MethodHookTest, ReplacesTheClassesOwnMethodForItAndItsHeirs) {
     Hook(middle, "greet");
     EXPECT_EQ(first, reinterpret_cast<objc::IMP>(&MiddleGreet));

@@ -2,11 +2,14 @@
 
 #include "apple/foundation/notifications.hpp"
 #include "apple/foundation/thread.hpp"
+#include "apple/foundation/user_defaults.hpp"
 
 #include "apple/dispatch/queue.hpp"
 #include "counted_object.hpp"
 #include "runtime/clock.hpp"
+#include "runtime/variants.hpp"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace corvel {
@@ -101,14 +104,41 @@ TEST(BlockObserver, OnTheMainQueueWaitsForTheMainThreadWhenPostedElsewhere) {
     const auto observer = Observe(
         "CorvelTestNote"_ns, [&](ns::Notification) { ++(ns::Thread::isMainThread() ? onMain : elsewhere); },
         ns::OperationQueue::mainQueue());
-    dispatch::AsyncInBackground([&] {
-        Center().postNotificationName("CorvelTestNote"_ns, nullptr);
-        EXPECT_EQ(onMain, 0);
-    });
-    sim::clock::Drain();
+    int behindThePost = -1;
+    const auto post = [&] {
+        dispatch::AsyncInBackground([&] {
+            Center().postNotificationName("CorvelTestNote"_ns, nullptr);
+            behindThePost = onMain;
+        });
+        sim::clock::Drain();
+    };
+    post();
     EXPECT_EQ(onMain, 1);
+    EXPECT_EQ(behindThePost, 1) << "the poster waits";
+    EXPECT_EXIT(
+        {
+            sim::ChooseVariants("observer-queue");
+            post();
+            std::_Exit(onMain == 2 && behindThePost == 1 ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "")
+        << "the other way it goes on at once";
     EXPECT_EQ(elsewhere, 0);
     Remove(observer);
+}
+
+TEST(BlockObserver, OfTheDefaultsMayReadThemWhileTheWriterWaits) {
+    ns::Object read;
+    const auto observer = Observe(
+        NSUserDefaultsDidChangeNotification,
+        [&](ns::Notification) { read = ns::UserDefaults::standardUserDefaults().objectForKey("Corvel.test"_ns); },
+        ns::OperationQueue::mainQueue());
+    dispatch::AsyncInBackground(
+        [] { ns::UserDefaults::standardUserDefaults().setObject("written"_ns, "Corvel.test"_ns); });
+    sim::clock::Drain();
+    EXPECT_TRUE(read.isEqual("written"_ns));
+    Remove(observer);
+    ns::UserDefaults::standardUserDefaults().removeObjectForKey("Corvel.test"_ns);
 }
 
 } // namespace

@@ -123,8 +123,8 @@ void RegisterClasses() {
     RegisterFragments();
     RegisterStores();
     RegisterContext();
-    Class("IESLiveRoomModel", kRootClass);
-    Class("IESLiveRoomInfo", kRootClass);
+    MakePlannedClass("IESLiveRoomModel", kRootClass);
+    MakePlannedClass("IESLiveRoomInfo", kRootClass);
     RegisterPlayer();
 }
 

@@ -53,10 +53,10 @@ class Douyin final : public Host {
         const ns::Object store = Make("store");
         const ns::Object fragment = Make("fragment");
         if (store && !none) {
-            ValueAt(store, path, words) = id;
+            Put(store, path, words, id);
         }
         if (fragment && store) {
-            ValuesOf(fragment)["store"] = store;
+            Keep(fragment, "store", store);
         }
         room().Enter(none ? "" : script::PlainText(script::DescribeValue(id)));
         Fact fact = InvokeIfAnswered(fragment, "componentMount");
@@ -73,16 +73,16 @@ class Douyin final : public Host {
         const std::string path = words.Name("a key or a path of keys");
         if (words.Take("none")) {
             const auto [holder, key] = Holder(owner, path, words);
-            ValuesOf(holder).erase(key);
+            TakeAway(holder, key);
             return;
         }
         const objc::Ref<ns::Object> value = ReadObject(words);
-        ValueAt(owner, path, words) = value;
+        Put(owner, path, words, value);
     }
 
-    objc::Ref<ns::Object> &ValueAt(ns::Object owner, const std::string &path, const WordReader &words) {
+    void Put(ns::Object owner, const std::string &path, const WordReader &words, ns::Object value) {
         const auto [holder, key] = Holder(owner, path, words);
-        return ValuesOf(holder)[key];
+        Keep(holder, key, value);
     }
 
     /// The object that holds the last key of a path, those on the way made where they are missing.
@@ -95,7 +95,7 @@ class Douyin final : public Host {
                 if (!next) {
                     words.Fail("the class for " + key + " is missing");
                 }
-                ValuesOf(owner)[key] = next;
+                Keep(owner, key, next);
                 TheObjects().LetGo(next);
             }
             owner = next;
