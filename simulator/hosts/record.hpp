@@ -1,6 +1,7 @@
 #pragma once
 // What reached the host: every call of one of its methods, and every comment.
 
+#include "apple/coregraphics/geometry.hpp"
 #include "apple/foundation/string.hpp"
 #include "hosts/blocks.hpp"
 #include "objc/ref.hpp"
@@ -53,6 +54,9 @@ template <class T>
     requires std::is_arithmetic_v<T>
 Fact DescribeArgument(T value) {
     return {Bare(value)};
+}
+inline Fact DescribeArgument(cg::Rect rect) {
+    return {Bare(rect.origin.x), Bare(rect.origin.y), Bare(rect.size.width), Bare(rect.size.height)};
 }
 template <class Signature> Fact DescribeArgument(objc::Block<Signature> block) {
     return NameOfBlock(block.pointer);

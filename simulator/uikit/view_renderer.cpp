@@ -187,6 +187,10 @@ void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewVal
         cairo_restore(context_);
         cairo_new_path(context_);
     }
+    // An app's own class may draw itself; what it draws with is not modelled, that it is called is.
+    if (const objc::SEL drawRect = objc::Selector<"drawRect:">(); view.respondsToSelector(drawRect)) {
+        objc::Send<"drawRect:", void>(view, values.bounds);
+    }
     DrawSubviews(state);
     DrawBorder(context_, values.bounds, layer);
     cairo_restore(context_);

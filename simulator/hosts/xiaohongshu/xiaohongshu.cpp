@@ -67,6 +67,7 @@ void RegisterCommentBar() {
         [](CommentBarState &state, ns::Object delegate) { state.delegate = WeakObject(delegate); });
     bar.Method<"didMoveToWindow">(kNothing);
     bar.OptionalMethod<"window">([](ui::View self) { return objc::SendSuper<"window", ui::View>(self); });
+    bar.OptionalMethod<"drawRect:">([](ns::Object, cg::Rect) {});
     bar.Method<"attachToViewController:hideWhenNotFirstResponder:">(
         [](ns::Object, ns::Object, bool hides) { return hides; });
     bar.Method<"_commentBarWillSend">(kNothing);
