@@ -28,7 +28,8 @@ void KeyStatusGoesToTheRest() {
         const ui::WindowScene scene = WindowStateOf(window).scene;
         if (objc::Send<"canBecomeKeyWindow", bool>(window)) {
             const ui::Window key = KeyWindowOf(scene);
-            return MakeKey(key ? key : window);
+            MakeKey(key ? key : window);
+            return;
         }
     }
 }
