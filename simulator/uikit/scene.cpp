@@ -28,7 +28,8 @@ void KeyStatusGoesToTheRest() {
         const ui::WindowScene scene = WindowStateOf(window).scene;
         if (objc::Send<"canBecomeKeyWindow", bool>(window)) {
             const ui::Window key = KeyWindowOf(scene);
-            return MakeKey(key ? key : window);
+            MakeKey(key ? key : window);
+            return;
         }
     }
 }
@@ -72,11 +73,10 @@ void DisconnectScene(ui::Scene scene) {
     SceneStateOf(scene).activationState = UISceneActivationStateUnattached;
     const bool heldKey = ApplicationKeyWindow() == KeyWindowOf(keep);
     SetKeyWindow(keep, nullptr);
-    for (const ui::Window window : AllWindows()) {
-        if (WindowStateOf(window).scene == scene) {
-            WindowStateOf(window).scene = nullptr;
-            WindowStateOf(window).lostItsScene = true;
-        }
+    for (const ui::Window window : WindowsOf(keep)) {
+        objc::Send<"endEditing:", bool>(window, true);
+        WindowStateOf(window).scene = nullptr;
+        WindowStateOf(window).lostItsScene = true;
     }
     if (heldKey) {
         KeyStatusGoesToTheRest();
