@@ -32,6 +32,15 @@ Plan::Method Refuse(WordReader &words) {
     return method;
 }
 
+/// with class CLASS. A plain class, there before anything is injected.
+void OwnClass(WordReader &words) {
+    const std::string name = words.Name("a class");
+    if (objc_getClass(name.c_str()) != nullptr) {
+        words.Fail("there is a class " + name + " already");
+    }
+    Class(name.c_str(), "NSObject");
+}
+
 Invocation ReadInvocation(WordReader &words) {
     const objc::Ref<ns::Object> object = TheObjects().Read(words);
     const std::string selector = words.Name("a selector");
@@ -167,8 +176,12 @@ void Host::Shape(WordReader &words) {
             plan.lackedMethods[ReadMethod(words)] = words.place();
         }
     } else if (words.Take("with")) {
-        words.Expect("method");
-        plan.extraMethods[ReadMethod(words)] = words.place();
+        if (words.Take("class")) {
+            OwnClass(words);
+        } else {
+            words.Expect("method");
+            plan.extraMethods[ReadMethod(words)] = words.place();
+        }
     } else if (words.Take("throw")) {
         Throw(words);
     } else if (words.Take("refuse")) {

@@ -3,6 +3,7 @@
 #include "apple/uikit/button.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/application.hpp"
+#include "uikit/autoresizing.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/control.hpp"
 #include "uikit/drawing.hpp"
@@ -68,7 +69,11 @@ void LoadView(ColorPickerViewController self) {
     close.layer().setCornerRadius(kCloseSize / 2);
     close.addTarget(self, objc::Selector<"_finish">(), UIControlEventTouchUpInside);
     view->addSubview(close);
-    const double width = screen.width - 2 * kMargin;
+    // On a screen that turns the bar follows the width; the swatches keep theirs, with which their rows fit the height
+    // of a screen that lies too.
+    ViewStateOf(title).autoresizingMask = UIViewAutoresizingFlexibleWidth;
+    ViewStateOf(close).autoresizingMask = UIViewAutoresizingFlexibleLeftMargin;
+    const double width = std::min(screen.width, screen.height) - 2 * kMargin;
     const auto swatches = ui::MakeView<Swatches>({{kMargin, kBarHeight}, {width, width + kSampleSize}});
     StateOf<SwatchesState>(swatches).picker = self;
     view->addSubview(swatches);

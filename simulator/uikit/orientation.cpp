@@ -15,6 +15,8 @@
 #include "uikit/view_controller.hpp"
 
 #include <algorithm>
+#include <initializer_list>
+#include <utility>
 
 extern "C" {
 extern const ns::String UIApplicationWillChangeStatusBarOrientationNotification;
@@ -104,9 +106,13 @@ Orientation Wanted(ui::ViewController controller) {
     if (supports(held) && (held == now || objc::Send<"shouldAutorotate", bool>(controller))) {
         return held;
     }
-    constexpr Orientation kOrder[] = {Orientation::kPortrait, Orientation::kLandscapeRight,
-                                      Orientation::kLandscapeLeft};
-    return supports(now) ? now : *std::ranges::find_if(kOrder, supports);
+    for (const Orientation other :
+         {now, Orientation::kPortrait, Orientation::kLandscapeRight, Orientation::kLandscapeLeft}) {
+        if (supports(other)) {
+            return other;
+        }
+    }
+    return now;
 }
 
 } // namespace
