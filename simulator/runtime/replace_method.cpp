@@ -20,14 +20,14 @@ objc::IMP ReplaceChecked(const char *className, objc::SEL selector, objc::IMP re
                      sel_getName(selector));
         std::abort();
     }
-    if (!objc::SameEncoding(encoding, method_getTypeEncoding(method))) {
+    if (!objc::SameEncoding(encoding, method_getTypeEncoding(method), objc::Integers::kLoose)) {
         std::fprintf(stderr, "cannot replace %c[%s %s] declared %s by a function of type %s\n", classMethod ? '+' : '-',
                      className, sel_getName(selector), method_getTypeEncoding(method), encoding);
         std::abort();
     }
     const objc::IMP original = method_getImplementation(method);
     // Adding fails exactly where the class has a method of its own.
-    if (!class_addMethod(cls, selector, replacement, method_getTypeEncoding(method))) {
+    if (!class_addMethod(cls, selector, replacement, encoding)) {
         method_setImplementation(method, replacement);
     }
     return original;

@@ -3,7 +3,9 @@
 #include "runtime/autorelease.hpp"
 #include "runtime/bundle.hpp"
 #include "runtime/deallocation.hpp"
+#include "runtime/descriptions.hpp"
 #include "runtime/dispatch.hpp"
+#include "runtime/exception_reasons.hpp"
 #include "runtime/foundation_differences.hpp"
 #include "runtime/json_serialization.hpp"
 #include "runtime/notification_queue.hpp"
@@ -18,6 +20,8 @@ void InstallRuntime() {
     InstallDeallocationHooks();
     InstallStringDifferences();
     InstallFoundationDifferences();
+    InstallDescriptions();
+    InstallExceptionReasons();
     InstallJsonSerialization();
     InstallUserDefaults(); // reads strings, hence after the string differences
     InstallNotificationObservers();

@@ -7,6 +7,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <dlfcn.h>
 
 namespace objc::detail {
 namespace {
@@ -30,6 +32,14 @@ void Trace(SendSite &site) {
 }
 #endif
 
+/// Foundation's own declarations are the desktop's, whose integers differ; whatever is registered at run time is
+/// written as the phone has it.
+Integers IntegersOf(const char *encoding) {
+    Dl_info place;
+    const bool foundations = dladdr(encoding, &place) != 0 && std::strstr(place.dli_fname, "libgnustep-base") != nullptr;
+    return foundations ? Integers::kLoose : Integers::kExact;
+}
+
 void Check(SendSite &site, Class cls, SEL selector) {
     if (!site.traced) {
         Trace(site);
@@ -40,7 +50,7 @@ void Check(SendSite &site, Class cls, SEL selector) {
     // A class without the method forwards the message or raises; there is nothing to compare then.
     if (Method method = class_getInstanceMethod(cls, selector)) {
         const char *found = method_getTypeEncoding(method);
-        if (!SameEncoding(site.encoding, found)) {
+        if (!SameEncoding(site.encoding, found, IntegersOf(found))) {
             std::fprintf(stderr, "send of %c[%s %s] as %s reaches a method of %s declared %s\n", site.kind,
                          site.className, site.selectorName, site.encoding, class_getName(cls), found);
             std::abort();

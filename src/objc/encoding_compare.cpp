@@ -5,9 +5,14 @@
 namespace objc {
 namespace {
 
-char Canonical(char code) {
+char Canonical(char code, Integers integers) {
+    if (code == 'c') {
+        return 'B';
+    }
+    if (integers == Integers::kExact) {
+        return code;
+    }
     switch (code) {
-    case 'c':
     case 'C':
         return 'B';
     case 'l':
@@ -21,7 +26,7 @@ char Canonical(char code) {
     }
 }
 
-bool SameTypes(EncodingReader left, EncodingReader right);
+bool SameTypes(EncodingReader left, EncodingReader right, Integers integers);
 
 /// The fields of a structure type at `reader`, which steps past it; the name is dropped.
 EncodingReader Fields(EncodingReader &reader) {
@@ -30,7 +35,7 @@ EncodingReader Fields(EncodingReader &reader) {
     return {*fields == '=' ? fields + 1 : fields};
 }
 
-bool SameType(EncodingReader &left, EncodingReader &right) {
+bool SameType(EncodingReader &left, EncodingReader &right, Integers integers) {
     left.SkipNoise();
     right.SkipNoise();
     const auto pointer = [](char code) { return code == '^' || code == '*'; };
@@ -42,9 +47,9 @@ bool SameType(EncodingReader &left, EncodingReader &right) {
     if (*left.at == '{' && *right.at == '{') {
         const EncodingReader leftFields = Fields(left);
         const EncodingReader rightFields = Fields(right);
-        return SameTypes(leftFields, rightFields);
+        return SameTypes(leftFields, rightFields, integers);
     }
-    if (!block && !pointers && !argumentList && Canonical(*left.at) != Canonical(*right.at)) {
+    if (!block && !pointers && !argumentList && Canonical(*left.at, integers) != Canonical(*right.at, integers)) {
         return false;
     }
     left.SkipType();
@@ -52,7 +57,7 @@ bool SameType(EncodingReader &left, EncodingReader &right) {
     return true;
 }
 
-bool SameTypes(EncodingReader left, EncodingReader right) {
+bool SameTypes(EncodingReader left, EncodingReader right, Integers integers) {
     const auto ended = [](const EncodingReader &reader) { return *reader.at == '\0' || *reader.at == '}'; };
     for (;;) {
         left.SkipNoise();
@@ -60,7 +65,7 @@ bool SameTypes(EncodingReader left, EncodingReader right) {
         if (ended(left) || ended(right)) {
             return ended(left) && ended(right);
         }
-        if (!SameType(left, right)) {
+        if (!SameType(left, right, integers)) {
             return false;
         }
     }
@@ -68,8 +73,8 @@ bool SameTypes(EncodingReader left, EncodingReader right) {
 
 } // namespace
 
-bool SameEncoding(const char *expected, const char *found) {
-    return SameTypes(EncodingReader{expected}, EncodingReader{found});
+bool SameEncoding(const char *expected, const char *found, Integers integers) {
+    return SameTypes(EncodingReader{expected}, EncodingReader{found}, integers);
 }
 
 } // namespace objc

@@ -3,9 +3,15 @@
 
 namespace objc {
 
+/// How strictly whole numbers are compared.
+enum class Integers {
+    kExact, // by width and sign, as the phone's compiler writes them
+    kLoose, // as another platform's headers may declare them: 32 bits or 64, BOOL as either char
+};
+
 /// Whether a method encoded as `expected` (as iOS writes it) can be called where `found` is declared. Offsets,
-/// qualifiers, structure names and the compilers' different letters for BOOL and 64-bit integers do not count; a
-/// block may stand as the structure pointer that a compiler without blocks declares; an enumeration may be 32 bits.
-bool SameEncoding(const char *expected, const char *found);
+/// qualifiers, structure names and the two letters for BOOL do not count; a block may stand as the structure pointer
+/// that a compiler without blocks declares.
+bool SameEncoding(const char *expected, const char *found, Integers integers);
 
 } // namespace objc

@@ -7,6 +7,11 @@
 namespace objc {
 namespace {
 
+/// As the declarations of another platform are compared; most of it does not depend on the integers.
+bool SameEncoding(const char *expected, const char *found) {
+    return objc::SameEncoding(expected, found, Integers::kLoose);
+}
+
 TEST(SameEncoding, OffsetsAndQualifiersDoNotCount) {
     EXPECT_TRUE(SameEncoding("v@:@", "v24@0:8@16"));
     EXPECT_TRUE(SameEncoding("v@:", "Vv16@0:8"));
@@ -20,6 +25,20 @@ TEST(SameEncoding, TheCompilersLettersForOneTypeAreTheSame) {
     EXPECT_TRUE(SameEncoding("q@:", "l16@0:8"));
     EXPECT_TRUE(SameEncoding("Q@:", "L16@0:8"));
     EXPECT_TRUE(SameEncoding("@@:Q", "@20@0:8I16")) << "an enumeration may be 32 bits";
+}
+
+TEST(SameEncoding, WholeNumbersCanBeHeldToTheirWidthAndSign) {
+    const auto exact = [](const char *expected, const char *found) {
+        return objc::SameEncoding(expected, found, Integers::kExact);
+    };
+    EXPECT_TRUE(exact("q@:iIQB", "q40@0:8i16I20Q24B32"));
+    EXPECT_TRUE(exact("B@:", "c16@0:8"));
+    EXPECT_FALSE(exact("q@:", "i16@0:8"));
+    EXPECT_FALSE(exact("i@:", "q16@0:8"));
+    EXPECT_FALSE(exact("v@:Q", "v24@0:8q16"));
+    EXPECT_FALSE(exact("v@:I", "v24@0:8Q16"));
+    EXPECT_FALSE(exact("v@:{_NSRange=QQ}", "v@:{_NSRange=qq}"));
+    EXPECT_FALSE(SameEncoding("v@:Q", "v24@0:8q16")) << "the sign always counts";
 }
 
 TEST(SameEncoding, TypesThatTravelDifferentlyDiffer) {

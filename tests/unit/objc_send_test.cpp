@@ -265,6 +265,8 @@ TEST_F(SendDeathTest, AWrongResultTypeStopsWithBothPrinted) {
 TEST_F(SendDeathTest, AWrongArgumentStops) {
     EXPECT_DEATH((objc::Send<"real:", double>(probe_.get(), 1L)), "real:\\] as d@:q reaches .* declared d@:d");
     EXPECT_DEATH((objc::Send<"hasPrefix:", bool>("text"_ns, 1L)), "hasPrefix:");
+    EXPECT_DEATH((objc::Send<"integer:", long>(probe_.get(), 1)), "integer:\\] as q@:i reaches .* declared q@:q");
+    EXPECT_DEATH((objc::Send<"integer:", unsigned long>(probe_.get(), 1L)), "integer:\\] as Q@:q");
 }
 
 TEST_F(SendDeathTest, AWrongSuperSendStops) {
