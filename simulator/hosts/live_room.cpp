@@ -157,11 +157,17 @@ void LiveRoom::DrawLobby() {
 }
 
 void LiveRoom::Leave() {
+    if (!window_) {
+        return;
+    }
     LetTurn(false);
     DrawLobby();
 }
 
 void LiveRoom::Enter(const std::string &title) {
+    if (!window_) {
+        return;
+    }
     LetTurn(true);
     NewScreen<VideoView>();
     if (look_.wash) {

@@ -36,7 +36,8 @@ struct RoomArea {
     double bottom = 0;
 };
 
-/// The lobby stands upright only; the room turns with the phone.
+/// The lobby stands upright only; the room turns with the phone. An app that was launched without a scene shows
+/// neither.
 class LiveRoom {
   public:
     explicit LiveRoom(LiveRoomLook look) : look_(std::move(look)) {}
