@@ -25,7 +25,7 @@ constexpr double kReturnTime = 0.3; // seconds
 enum class Swipe { kNone, kTakesAway, kIsRefused };
 
 struct PresentationControllerState {
-    ViewController presented; // not owned: it owns this one
+    WeakObject presented; // it owns this one
     WeakObject delegate;
     objc::Ref<ui::PanGestureRecognizer> recognizer; // while a sheet is presented
     Swipe swipe = Swipe::kNone;
@@ -34,6 +34,11 @@ struct PresentationControllerState {
 
 PresentationControllerState &StateOfController(PresentationController self) {
     return StateOf<PresentationControllerState>(self);
+}
+
+/// What it presents, kept alive by the result; empty once that is gone.
+objc::Ref<ViewController> PresentedBy(PresentationController self) {
+    return {objc::As<ViewController>(StateOfController(self).presented.Lock().get())};
 }
 
 /// Sends the delegate a message that it may leave unimplemented; `otherwise` stands for its answer then.
@@ -50,32 +55,32 @@ template <objc::FixedString Name> void TellDelegate(PresentationController self)
 }
 
 /// What becomes of a drag that has just been recognised: only one downwards is a swipe.
-Swipe Begin(PresentationController self, double way) {
-    const auto &controller = StateOf<ControllerState>(StateOfController(self).presented);
-    if (way <= 0 || controller.isBeingDismissed || controller.presented) {
+Swipe Begin(PresentationController self, ViewController presented, double way) {
+    const auto &state = StateOf<ControllerState>(presented);
+    if (way <= 0 || state.isBeingDismissed || state.presented) {
         return Swipe::kNone;
     }
-    if (controller.modalInPresentation || !AskDelegate<"presentationControllerShouldDismiss:">(self, true)) {
+    if (state.modalInPresentation || !AskDelegate<"presentationControllerShouldDismiss:">(self, true)) {
         return Swipe::kIsRefused;
     }
     TellDelegate<"presentationControllerWillDismiss:">(self);
-    BeginDismissal(StateOfController(self).presented, true);
+    BeginDismissal(presented, true);
     return Swipe::kTakesAway;
 }
 
-void End(PresentationController self, bool goes) {
+void End(PresentationController self, ViewController presented, bool goes) {
     PresentationControllerState &state = StateOfController(self);
     const Swipe swipe = std::exchange(state.swipe, Swipe::kNone);
     if (swipe == Swipe::kTakesAway && goes) {
-        MoveAway(state.presented, [keep = objc::Ref<PresentationController>(self)] {
+        MoveAway(presented, [keep = objc::Ref<PresentationController>(self)] {
             TellDelegate<"presentationControllerDidDismiss:">(keep);
         });
         return;
     }
-    const objc::Ref<ui::View> sheet = state.presented.view();
+    const objc::Ref<ui::View> sheet = presented.view();
     Animate({.duration = kReturnTime}, [&] { sheet->setCenter(state.start); }, {});
     if (swipe == Swipe::kTakesAway) {
-        CancelDismissal(state.presented);
+        CancelDismissal(presented);
     } else {
         TellDelegate<"presentationControllerDidAttemptToDismiss:">(self);
     }
@@ -84,13 +89,17 @@ void End(PresentationController self, bool goes) {
 /// The sheet follows the finger downwards.
 void Swiped(PresentationController self, ui::PanGestureRecognizer pan) {
     const objc::Ref<PresentationController> keep = self;
+    const objc::Ref<ViewController> presented = PresentedBy(self);
+    if (!presented) {
+        return;
+    }
     PresentationControllerState &state = StateOfController(self);
-    const ui::View sheet = state.presented.view();
+    const ui::View sheet = presented->view();
     const ui::View space = sheet.superview();
     const double way = std::max(pan.translationInView(space).y, 0.0);
     if (pan.state() == UIGestureRecognizerStateBegan) {
         state.start = sheet.center();
-        state.swipe = Begin(self, way);
+        state.swipe = Begin(self, presented, way);
     }
     if (state.swipe == Swipe::kNone) {
         return;
@@ -99,7 +108,7 @@ void Swiped(PresentationController self, ui::PanGestureRecognizer pan) {
     if (IsOver(pan.state())) {
         const double speed = objc::Send<"velocityInView:", cg::Point>(pan, space).y;
         const bool wanted = way > sheet.bounds().size.height * kFarEnough || speed > kFastEnough;
-        End(self, wanted && pan.state() == UIGestureRecognizerStateEnded);
+        End(self, presented, wanted && pan.state() == UIGestureRecognizerStateEnded);
     }
 }
 
@@ -109,18 +118,19 @@ void DefinePresentationController() {
     auto controller = Class<PresentationControllerState>(PresentationController::kClassName, "NSObject");
     controller.Property<"delegate", &PresentationControllerState::delegate>();
     controller.ReadOnly<"presentedViewController", &PresentationControllerState::presented>();
-    controller.Method<"presentingViewController">(
-        [](const PresentationControllerState &state) { return StateOf<ControllerState>(state.presented).presenting; });
-    controller.Method<"presentedView">([](const PresentationControllerState &state) { return state.presented.view(); });
-    controller.Method<"presentationStyle">([](const PresentationControllerState &state) {
-        return StateOf<ControllerState>(state.presented).presentationStyle;
+    controller.Method<"presentingViewController">([](PresentationController self) {
+        return objc::Send<"presentingViewController", ViewController>(PresentedBy(self).get());
+    });
+    controller.Method<"presentedView">([](PresentationController self) { return PresentedBy(self)->view(); });
+    controller.Method<"presentationStyle">([](PresentationController self) {
+        return objc::Send<"modalPresentationStyle", UIModalPresentationStyle>(PresentedBy(self).get());
     });
     controller.Method<"_swiped:", &Swiped>();
 }
 
 objc::Ref<PresentationController> MakePresentationController(ViewController presented) {
     auto made = ns::New<PresentationController>();
-    StateOfController(made).presented = presented;
+    StateOfController(made).presented = WeakObject(presented);
     return made;
 }
 
@@ -128,13 +138,13 @@ void WatchForSwipes(PresentationController controller) {
     PresentationControllerState &state = StateOfController(controller);
     state.recognizer = objc::Ref<ui::PanGestureRecognizer>::Adopt(objc::As<ui::PanGestureRecognizer>(
         ns::Alloc<ui::PanGestureRecognizer>().initWithTarget(controller, objc::Selector<"_swiped:">())));
-    state.presented.view().addGestureRecognizer(state.recognizer);
+    PresentedBy(controller)->view().addGestureRecognizer(state.recognizer);
 }
 
 void ForgetSwipes(PresentationController controller) {
     PresentationControllerState &state = StateOfController(controller);
     if (state.recognizer) {
-        objc::Send<"removeGestureRecognizer:", void>(state.presented.view(), state.recognizer.get());
+        objc::Send<"removeGestureRecognizer:", void>(PresentedBy(controller)->view(), state.recognizer.get());
         state.recognizer = nullptr;
     }
 }
