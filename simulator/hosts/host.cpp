@@ -91,7 +91,7 @@ objc::Ref<ui::View> ReadView(WordReader &words) {
 
 Host::Host(LiveRoomLook look, std::span<const Kind> kinds) : kinds_(kinds), room_(std::move(look)) {
     On("throw", [](WordReader &words) -> Fact {
-        CheckMethod(Throw(words), words.place());
+        CheckMethodOrKey(Throw(words), words.place());
         return {};
     });
     On("refuse", [](WordReader &words) -> Fact {

@@ -64,13 +64,13 @@ Class<> *HostClass::HolderOf(const char *selector, bool optional) {
     return plan.inheritedMethods.contains(method) ? &base_ : own_ ? &*own_ : nullptr;
 }
 
-bool HostClass::AddPlannedShape(const Class<> &holder, const char *selector) const {
+bool HostClass::AddPlannedShape(objc::Class holder, const char *selector) const {
     const auto found = ThePlan().shapes.find({name_, selector});
     if (found == ThePlan().shapes.end()) {
         return false;
     }
     const auto &[encoding, place] = found->second;
-    AddShapedMethod(holder.pointer(), selector, encoding, place, Echo(encoding, place));
+    AddShapedMethod(holder, selector, encoding, place, Echo(encoding, place));
     return true;
 }
 

@@ -55,7 +55,8 @@ class HostClass {
         Add<Name, Body>(HolderOf(Name.data, true));
     }
     template <objc::FixedString Name, class Body> void ClassMethod(Body) {
-        if (Class<> *holder = HolderOf(Name.data, false)) {
+        Class<> *const holder = HolderOf(Name.data, false);
+        if (holder != nullptr && !AddPlannedShape(objc::MetaclassOf(holder->pointer()), Name.data)) {
             holder->ClassMethod<Name>(detail::Arrival<Name, Body>{});
         }
     }
@@ -64,9 +65,9 @@ class HostClass {
     /// The class that gets the method; null when the plan leaves the method out.
     Class<> *HolderOf(const char *selector, bool optional);
     /// Adds the method as the plan has it when that changes its types; tells whether it does.
-    bool AddPlannedShape(const Class<> &holder, const char *selector) const;
+    bool AddPlannedShape(objc::Class holder, const char *selector) const;
     template <objc::FixedString Name, class Body> void Add(Class<> *holder) const {
-        if (holder != nullptr && !AddPlannedShape(*holder, Name.data)) {
+        if (holder != nullptr && !AddPlannedShape(holder->pointer(), Name.data)) {
             holder->Method<Name>(detail::Arrival<Name, Body>{});
         }
     }

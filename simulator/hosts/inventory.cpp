@@ -1,6 +1,7 @@
 #include "hosts/inventory.hpp"
 
 #include "hosts/keyed.hpp"
+#include "objc/class_builder.hpp"
 
 namespace sim::hosts {
 namespace {
@@ -63,7 +64,7 @@ void CheckSetUp() {
         CheckProperty(property);
     }
     for (const auto &[method, planned] : plan.throwing) {
-        CheckMethod(method, planned.place);
+        CheckMethodOrKey(method, planned.place);
     }
     for (const auto &[method, place] : plan.refusing) {
         CheckMethod(method, place);
@@ -77,10 +78,16 @@ void CheckMethod(const Plan::Method &method, const Place &place) {
     }
     const objc::SEL selector = sel_registerName(method.second.c_str());
     const bool has = class_getInstanceMethod(cls, selector) != nullptr ||
-                     class_getInstanceMethod(objc::object_getClass(objc::AsObject(cls)), selector) != nullptr;
-    const bool own = has && TheInventory().selectors.contains(method.second);
-    if (!own && !(IsKeyed(cls) && method.second.find(':') == std::string::npos)) {
+                     class_getInstanceMethod(objc::MetaclassOf(cls), selector) != nullptr;
+    if (!has || !TheInventory().selectors.contains(method.second)) {
         throw ScriptError(place, "the app has no method " + NameOf(method) + (has ? " of its own" : ""));
+    }
+}
+
+void CheckMethodOrKey(const Plan::Method &method, const Place &place) {
+    const objc::Class cls = objc_getClass(method.first.c_str());
+    if (!IsKeyed(cls) || method.second.find(':') != std::string::npos) {
+        CheckMethod(method, place);
     }
 }
 

@@ -21,8 +21,11 @@ Inventory &TheInventory();
 /// the first name that the app does not have: a misspelt one would change nothing, and the script would show nothing.
 void CheckSetUp();
 
-/// Throws ScriptError unless the class has that method and it is the app's own, or, where its objects answer key-value
-/// reads for keys of a script's own, the name can be such a key. After the launch.
+/// Throws ScriptError unless the class has that method and it is the app's own. After the launch.
 void CheckMethod(const Plan::Method &method, const script::Place &place);
+
+/// The same for what is to throw: where objects of the class answer key-value reads for keys of a script's own, it may
+/// be such a key.
+void CheckMethodOrKey(const Plan::Method &method, const script::Place &place);
 
 } // namespace sim::hosts

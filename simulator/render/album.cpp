@@ -50,8 +50,9 @@ bool Write(const Album &album, cairo_surface_t *image, AlbumPicture &picture) {
     std::ofstream list(ListOf(album), std::ios::app);
     list.precision(std::numeric_limits<double>::max_digits10);
     list << picture.time << ' ' << picture.width << ' ' << picture.height << ' ' << picture.scale << ' ' << name
-         << std::endl;
-    return list.good();
+         << '\n';
+    list.close();
+    return !list.fail();
 }
 
 } // namespace

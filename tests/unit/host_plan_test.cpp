@@ -64,7 +64,11 @@ TEST(Plan, OtherNamesAreErrorsOfTheirLines) {
     EXPECT_NE(ErrorOf({.inheritedMethods = {{{"PlanTestRoom", "close"}, kPlace}}}), "") << "this build has none";
     EXPECT_NE(ErrorOf({.throwing = {{{"PlanTestRom", "open:"}, {"x", kPlace}}}}), "");
     EXPECT_NE(ErrorOf({.throwing = {{{"PlanTestRoom", "opens:"}, {"x", kPlace}}}}), "") << "no key has a colon";
+    EXPECT_NE(ErrorOf({.shapes = {{{"PlanTestRoom", "opens:"}, {"v@:d", kPlace}}}}), "");
+    EXPECT_NE(ErrorOf({.properties = {{"PlanTestPlain", "key", "q", true, kPlace}}}), "") << "its objects keep nothing";
+    EXPECT_NE(ErrorOf({.properties = {{"PlanTestRoom", "shared", "q", true, kPlace}}}), "") << "a method has the name";
     EXPECT_NE(ErrorOf({.throwing = {{{"PlanTestPlain", "key"}, {"x", kPlace}}}}), "") << "its objects have no keys";
+    EXPECT_NE(ErrorOf({.refusing = {{{"PlanTestRoom", "key"}, kPlace}}}), "") << "a key refuses nothing";
     EXPECT_EQ(ErrorOf({.refusing = {{{"PlanTestPlain", "hash"}, kPlace}}}),
               "a.scn:7: the app has no method PlanTestPlain hash of its own");
 }
