@@ -1,10 +1,9 @@
 #include "adapters/method_hook.hpp"
 
 #include "adapters/method_types.hpp"
+#include "objc/guard.hpp"
 
-#include <algorithm>
 #include <cstdlib>
-#include <string_view>
 
 namespace corvel {
 namespace {
@@ -26,11 +25,30 @@ objc::Method OwnMethod(objc::Class cls, objc::SEL selector) {
 
 /// Whether a replacement can stand for a method that is declared with these types.
 bool CanStandFor(const char *types, objc::SEL selector, bool usesFirstAsObject) {
-    const auto arguments = static_cast<std::size_t>(std::ranges::count(std::string_view(sel_getName(selector)), ':'));
+    std::size_t arguments = 0;
+    for (const char *name = sel_getName(selector); *name != '\0'; ++name) {
+        arguments += *name == ':' ? 1 : 0;
+    }
     return TravelsInGeneralRegisters(types, arguments) && (!usesFirstAsObject || TakesObjectFirst(types));
 }
 
 } // namespace
+
+namespace detail {
+
+Kept::Kept(objc::id self, objc::id argument) {
+    objc::Guard([&] {
+        self_ = objc::Object{self};
+        argument_ = objc::Object{argument};
+    });
+}
+
+Kept::~Kept() {
+    objc::Guard([&] { argument_ = nullptr; });
+    objc::Guard([&] { self_ = nullptr; });
+}
+
+} // namespace detail
 
 void InstallMethodHook(objc::Class cls, objc::SEL selector, objc::IMP replacement, objc::IMP *previousSlot,
                        bool usesFirstAsObject) {

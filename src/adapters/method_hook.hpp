@@ -10,7 +10,6 @@
 // through to the host's caller, as it would without the hook.
 
 #include "objc/class_builder.hpp"
-#include "objc/guard.hpp"
 #include "objc/ref.hpp"
 
 #include <type_traits>
@@ -58,65 +57,57 @@ inline constexpr auto kNothing = [](objc::Object) {};
 /// Whether the body takes the method's first argument beside the receiver.
 template <class View, auto Body> inline constexpr bool kTakesFirst = !std::is_invocable_v<decltype(Body), View>;
 
-/// Hands the body the receiver and, when it takes it, the first argument.
-template <class View, auto Body, class... A> void Call(objc::id self, A... arguments) {
+template <auto Body> inline constexpr bool kIsNothing = false;
+template <> inline constexpr bool kIsNothing<kNothing> = true;
+
+/// The method's first argument when the body takes it, else nil.
+template <class View, auto Body, class... A> objc::id FirstFor([[maybe_unused]] A... arguments) {
     if constexpr (kTakesFirst<View, Body>) {
         const Word words[] = {arguments...};
-        Body(View{self}, objc::Object{reinterpret_cast<objc::id>(words[0])});
+        return reinterpret_cast<objc::id>(words[0]);
+    } else {
+        return nullptr;
+    }
+}
+
+/// Hands the body the receiver and, when it takes it, the first argument.
+template <class View, auto Body> void Call(objc::id self, [[maybe_unused]] objc::id first) {
+    if constexpr (kTakesFirst<View, Body>) {
+        Body(View{self}, objc::Object{first});
     } else {
         Body(View{self});
     }
 }
 
-/// Keeps an object alive that the method itself may give up. An exception out of a host's own retain or release ends
-/// here.
+/// Keeps alive what the method itself may give up: its receiver and an argument (may be nil). An exception out of a
+/// host's own retain or release ends here.
 class Kept {
   public:
-    explicit Kept(objc::id object) {
-        objc::Guard([&] { reference_ = objc::Ref<objc::Object>(objc::Object{object}); });
-    }
-    ~Kept() {
-        objc::Guard([&] { reference_ = nullptr; });
-    }
+    Kept(objc::id self, objc::id argument);
     Kept(const Kept &) = delete;
     Kept &operator=(const Kept &) = delete;
+    ~Kept();
 
   private:
-    objc::Ref<objc::Object> reference_;
-};
-
-/// What the body uses once the method has run: receiver and perhaps first argument.
-template <class View, auto Body> class KeptFor {
-  public:
-    template <class... A> explicit KeptFor(objc::id self, A... arguments) : self_(self), first_(First(arguments...)) {}
-
-  private:
-    template <class... A> static objc::id First(A... arguments) {
-        if constexpr (kTakesFirst<View, Body>) {
-            const Word words[] = {arguments...};
-            return reinterpret_cast<objc::id>(words[0]);
-        } else {
-            return nullptr;
-        }
-    }
-    Kept self_;
-    Kept first_;
-};
-template <class View> class KeptFor<View, kNothing> {
-  public:
-    template <class... A> explicit KeptFor(objc::id, A...) {}
+    objc::Ref<objc::Object> self_;
+    objc::Ref<objc::Object> argument_;
 };
 
 template <class View, objc::FixedString Name, auto First, auto Then> struct Replacement {
     static inline constinit objc::IMP previous = nullptr;
 
     template <class... A> static Word Run(objc::id self, objc::SEL selector, A... arguments) {
-        Call<View, First>(self, arguments...);
-        [[maybe_unused]] const KeptFor<View, Then> kept(self, arguments...);
-        const Word result =
-            reinterpret_cast<Word (*)(objc::id, objc::SEL, A...)>(previous)(self, selector, arguments...);
-        Call<View, Then>(self, arguments...);
-        return result;
+        Call<View, First>(self, FirstFor<View, First>(arguments...));
+        const auto method = reinterpret_cast<Word (*)(objc::id, objc::SEL, A...)>(previous);
+        if constexpr (kIsNothing<Then>) {
+            return method(self, selector, arguments...);
+        } else {
+            const objc::id first = FirstFor<View, Then>(arguments...);
+            const Kept kept(self, first);
+            const Word result = method(self, selector, arguments...);
+            Call<View, Then>(self, first);
+            return result;
+        }
     }
     template <std::size_t... I> static constexpr auto Function(std::index_sequence<I...>) {
         return &Run<std::enable_if_t<I + 1 != 0, Word>...>;

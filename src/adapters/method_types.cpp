@@ -8,10 +8,6 @@ namespace {
 /// How many of a call's words lie in registers, receiver and selector among them.
 constexpr std::size_t kGeneralRegisters = 8;
 
-bool IsOneOf(const char *codes, char code) {
-    return code != '\0' && std::strchr(codes, code) != nullptr;
-}
-
 /// The type at the place: 0 the result, 1 the receiver, 2 the selector, from 3 on the arguments. At the end of the text
 /// when there is none.
 objc::EncodingReader TypeAt(const char *types, std::size_t place) {
@@ -25,7 +21,7 @@ objc::EncodingReader TypeAt(const char *types, std::size_t place) {
 
 /// Whether the types are those of a method without arguments whose result has one of the codes.
 bool IsGetter(const char *types, const char *codes) {
-    return types != nullptr && IsOneOf(codes, *TypeAt(types, 0).at) && *TypeAt(types, 2).at == ':' &&
+    return types != nullptr && objc::IsOneOf(codes, *TypeAt(types, 0).at) && *TypeAt(types, 2).at == ':' &&
            *TypeAt(types, 3).at == '\0';
 }
 
@@ -37,7 +33,7 @@ bool TravelsInGeneralRegisters(const char *types, std::size_t argumentCount) {
         return false;
     }
     objc::EncodingReader reader = TypeAt(types, 0);
-    if (*reader.at != 'v' && !IsOneOf(kWords, *reader.at)) {
+    if (*reader.at != 'v' && !objc::IsOneOf(kWords, *reader.at)) {
         return false;
     }
     std::size_t count = 0;
@@ -47,7 +43,7 @@ bool TravelsInGeneralRegisters(const char *types, std::size_t argumentCount) {
         if (*reader.at == '\0') {
             return count == argumentCount + 2;
         }
-        if (!IsOneOf(kWords, *reader.at)) {
+        if (!objc::IsOneOf(kWords, *reader.at)) {
             return false;
         }
     }

@@ -2,6 +2,8 @@
 
 #include "objc/encoding_reader.hpp"
 
+#include <cstring>
+
 namespace objc {
 namespace {
 

@@ -2,9 +2,19 @@
 // Type encodings, read from the front a type at a time.
 // https://developer.apple.com/library/archive/documentation/Cocoa/Conceptual/ObjCRuntimeGuide/Articles/ocrtTypeEncodings.html
 
-#include <cstring>
+// Without the C library's functions for strings: the phone's library imports none of them.
 
 namespace objc {
+
+/// Whether the code is among the codes; the end of a text is none.
+constexpr bool IsOneOf(const char *codes, char code) {
+    for (; *codes != '\0'; ++codes) {
+        if (*codes == code) {
+            return true;
+        }
+    }
+    return false;
+}
 
 /// Where the reading has come to; a text that breaks off in the middle of a type ends it.
 struct EncodingReader {
@@ -12,7 +22,7 @@ struct EncodingReader {
 
     /// Steps over qualifiers and offsets.
     void SkipNoise() {
-        while (*at != '\0' && std::strchr("rnNoORVA0123456789+-", *at) != nullptr) {
+        while (IsOneOf("rnNoORVA0123456789+-", *at)) {
             ++at;
         }
     }
@@ -29,8 +39,10 @@ struct EncodingReader {
         case '@':
             at += at[1] == '?' ? 2 : 1;
             if (*at == '"') {
-                const char *end = std::strchr(at + 1, '"');
-                at = end != nullptr ? end + 1 : at + std::strlen(at);
+                do {
+                    ++at;
+                } while (*at != '\0' && *at != '"');
+                at += *at == '"' ? 1 : 0;
             } else if (*at == '<') {
                 SkipNested();
             }
@@ -52,9 +64,9 @@ struct EncodingReader {
     void SkipNested() {
         int depth = 0;
         do {
-            if (std::strchr("{([<", *at) != nullptr) {
+            if (IsOneOf("{([<", *at)) {
                 ++depth;
-            } else if (std::strchr("})]>", *at) != nullptr) {
+            } else if (IsOneOf("})]>", *at)) {
                 --depth;
             }
             ++at;

@@ -37,7 +37,11 @@ void FollowBounds() {
     if (!Overlay().floatButton || std::exchange(place.followed, space) == space) {
         return;
     }
-    const cg::Point center = space == place.space ? place.center : WithinSpace(place.center, space);
+    cg::Size room = space;
+    if (Overlay().captureButton) {
+        room.height -= CaptureButtonCenter({}).y; // the one below is to be within reach too
+    }
+    const cg::Point center = space == place.space ? place.center : WithinSpace(place.center, room);
     Overlay().floatButton->setCenter(center);
     Overlay().captureButton->setCenter(CaptureButtonCenter(center));
 }

@@ -6,8 +6,7 @@
 
 namespace corvel {
 
-/// The centre nearest to this one at which a button as large as the float button lies within a space of that size
-/// (points).
+/// The centre nearest to this one at which the float button lies within a space of that size (points).
 cg::Point WithinSpace(cg::Point center, cg::Size space);
 
 /// Remembers the place that belongs to the overlay window's present bounds: the button's own (points).

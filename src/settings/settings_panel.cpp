@@ -9,6 +9,8 @@
 #include "settings/settings_sections.hpp"
 #include "settings/settings_views.hpp"
 
+#include <algorithm>
+
 namespace corvel {
 namespace {
 
@@ -55,6 +57,14 @@ cg::Rect CenteredAt(cg::Point center) {
     return {{center.x - kPanelSize.width / 2, center.y - kPanelSize.height / 2}, kPanelSize};
 }
 
+/// In the middle of the screen; on one that is lower than the panel, from its top on, so that ✕ can be reached.
+cg::Rect PlaceOnScreen() {
+    const cg::Rect screen = ui::Screen::mainScreen().bounds();
+    cg::Rect frame = CenteredAt({screen.origin.x + screen.size.width / 2, screen.origin.y + screen.size.height / 2});
+    frame.origin.y = std::max(frame.origin.y, screen.origin.y);
+    return frame;
+}
+
 } // namespace
 
 Panel &SettingsPanel() {
@@ -63,9 +73,7 @@ Panel &SettingsPanel() {
 }
 
 void BuildSettingsPanel() {
-    const cg::Rect screen = ui::Screen::mainScreen().bounds();
-    const cg::Point middle{screen.origin.x + screen.size.width / 2, screen.origin.y + screen.size.height / 2};
-    if (PlacePanel(CenteredAt(middle))) {
+    if (PlacePanel(PlaceOnScreen())) {
         SettingsPanel().SpringIn(0.3, 1);
         SettingsPanel().Raise();
     }
