@@ -303,9 +303,10 @@ Target ReadTargetAnywhere(WordReader &words) {
 }
 
 ui::View ScrolledOutOf(const Target &target) {
+    const bool isOnScreen = Contains({{}, ScreenSize()}, target.point); // of a scroll view that goes on beyond it
     for (ui::View view = target.view; view; view = view.superview()) {
         if (IsKind(view, "UIScrollView") && view != target.view &&
-            !Contains(view.bounds(), FromScreen(view, target.point))) {
+            !(isOnScreen && Contains(view.bounds(), FromScreen(view, target.point)))) {
             return view;
         }
     }
