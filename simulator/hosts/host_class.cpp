@@ -29,11 +29,11 @@ void Raise(const std::string &reason) {
 
 void Arrive(ns::Object self, const char *selector, const std::vector<Fact> &arguments) {
     RecordCall(self, selector, arguments);
+    MakeChainedCalls(selector);
     if (const std::string *reason = ThePlan().MeetThrow(objc::object_getClass(self.pointer), selector)) {
         GiveUp(self, selector);
         Raise(*reason);
     }
-    MakeChainedCalls(selector);
 }
 
 bool Refuses(ns::Object self, const char *selector) {

@@ -36,7 +36,8 @@ void Trace(SendSite &site) {
 /// written as the phone has it.
 Integers IntegersOf(const char *encoding) {
     Dl_info place;
-    const bool foundations = dladdr(encoding, &place) != 0 && std::strstr(place.dli_fname, "libgnustep-base") != nullptr;
+    const bool foundations =
+        dladdr(encoding, &place) != 0 && std::strstr(place.dli_fname, "libgnustep-base") != nullptr;
     return foundations ? Integers::kLoose : Integers::kExact;
 }
 
