@@ -11,7 +11,7 @@
 
 namespace sim::hosts {
 
-/// Records a call, raises what the plan holds for it, and makes the calls that go with it. An initialiser that raises
+/// Records a call, makes the calls that go with it, and raises what the plan holds for it. An initialiser that raises
 /// gives its object up; an object whose dealloc raises is lost, which is no leak of ours.
 void Arrive(ns::Object self, const char *selector, const std::vector<Fact> &arguments);
 
