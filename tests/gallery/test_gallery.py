@@ -41,11 +41,24 @@ def pages():
     return [*ROOT.glob("*.md"), *(ROOT / "docs").rglob("*.md")]
 
 
+def prose(page):
+    """A page without its code."""
+    return re.sub(r"```.*?```|`[^`\n]*`|^    .*?$", "", page.read_text("utf-8"), flags=re.DOTALL | re.MULTILINE)
+
+
 def links(page):
-    """The places within the project that a page links to or shows."""
-    text = re.sub(r"```.*?```|^    .*?$", "", page.read_text("utf-8"), flags=re.DOTALL | re.MULTILINE)
-    found = re.findall(r"\]\(([^)\s#]+)[^)]*\)", text) + re.findall(r'(?:src|href)="([^"#]+)', text)
-    return {(page.parent / link).resolve() for link in found if "://" not in link}
+    """What a page links to or shows within the project: the path, and the heading there if one is named."""
+    text = prose(page)
+    for link in re.findall(r"\]\(([^)\s]+)\)", text) + re.findall(r'(?:src|href)="([^"]+)', text):
+        if "://" not in link:
+            path, _, heading = link.partition("#")
+            yield (page.parent / path).resolve() if path else page, heading
+
+
+def headings(page):
+    """The names under which a page's headings can be linked to."""
+    titles = re.findall(r"^#+ (.*)$", page.read_text("utf-8"), re.MULTILINE)
+    return {re.sub(r"[^\w\- ]", "", title.lower()).replace(" ", "-") for title in titles}
 
 
 class GalleryTest(unittest.TestCase):
@@ -68,10 +81,12 @@ class GalleryTest(unittest.TestCase):
     def test_shown(self):
         shown = set()
         for page in pages():
-            for target in links(page):
-                self.assertTrue(target.exists(), f"{page.relative_to(ROOT)} links to {target}, which is not there")
-                shown.add(target)
-        unseen = {path.name for path in IMAGES.iterdir()} - {path.name for path in shown}
+            for target, heading in links(page):
+                with self.subTest(page=str(page.relative_to(ROOT))):
+                    self.assertTrue(target.exists(), f"it links to {target}, which is not there")
+                    self.assertTrue(not heading or heading in headings(target), f"{target.name} has no #{heading}")
+                shown.add(target.name)
+        unseen = {path.name for path in IMAGES.iterdir()} - shown
         self.assertFalse(unseen, "no page shows these pictures")
 
     def test_refused(self):
