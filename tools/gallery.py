@@ -6,7 +6,7 @@ usage: tools/gallery.py SIMULATOR LIBRARY FOLDER
 
 A script is one of the simulator's, with comments that say more of its pictures (places and sizes in points):
 
-    # host: NAME                      the app, in the first lines
+    # host: NAME                       the app, in the first lines
     # crop: PICTURE X Y WIDTH HEIGHT   only this part of the screen is kept, like whole screens at one pixel a point
     # close: PICTURE X Y WIDTH HEIGHT  the same at two pixels a point
     # finger: PICTURE X Y              a disc is drawn where the finger is
@@ -14,6 +14,7 @@ A script is one of the simulator's, with comments that say more of its pictures 
 A picture named NAME.NN.MS is a frame of the moving picture NAME: they follow each other by NN and stay MS milliseconds.
 """
 
+import io
 import re
 import struct
 import subprocess
@@ -47,8 +48,8 @@ def play(script, simulator, library, folder):
     hosts = remarks(script, "host")
     if not hosts:
         raise Refused(f"{script} names no app: its first lines want '# host: NAME'")
-    command = [simulator, "--library", library, "--words", WORDS, "--host", hosts[0][0], "--pictures", folder, "run", script]
-    run = subprocess.run(command, capture_output=True, text=True)
+    options = ["--library", library, "--words", WORDS, "--host", hosts[0][0], "--pictures", folder]
+    run = subprocess.run([simulator, *options, "run", script], capture_output=True, text=True)
     if run.returncode != 0:
         raise Refused(f"{script} ended with status {run.returncode}\n{run.stdout}{run.stderr}".rstrip())
     return {path.stem: Image.open(path).convert("RGB") for path in Path(folder).glob("*.png")}
@@ -87,15 +88,16 @@ def chunk(kind, data):
 
 def image_data(picture):
     """The compressed rows of a picture, as the chunks of its PNG hold them."""
-    with tempfile.TemporaryFile() as file:
-        picture.save(file, "PNG", optimize=True)
-        file.seek(8)
-        data = b""
-        while header := file.read(8):
-            length, kind = struct.unpack(">I4s", header)
-            data += file.read(length) if kind == b"IDAT" else file.read(length)[:0]
-            file.seek(4, 1)
-        return data
+    file = io.BytesIO()
+    picture.save(file, "PNG", optimize=True)
+    png = file.getvalue()
+    data, place = b"", 8
+    while place < len(png):
+        length, kind = struct.unpack_from(">I4s", png, place)
+        if kind == b"IDAT":
+            data += png[place + 8 : place + 8 + length]
+        place += length + 12
+    return data
 
 
 def write_animation(path, frames):
