@@ -40,6 +40,7 @@ class CommandsTest(unittest.TestCase):
         self.expect_refusal("./corvel", "test", "--preset", "frob", says=f"no preset named 'frob'; there are {presets}")
         self.expect_refusal("./corvel", "test", "--frob", says="test takes no '--frob'")
         self.expect_refusal("./corvel", "test", "unit/color", "unit/label", says="test takes one filter")
+        self.expect_refusal("./corvel", "gallery", "a", "b", says="gallery takes one folder")
         for word in ("package", "pages"):
             self.expect_refusal("./corvel", word, "frob", says=f"{word} takes no 'frob'")
 
