@@ -3,7 +3,9 @@
 #include "apple/uikit/button.hpp"
 #include "apple/uikit/segmented_control.hpp"
 #include "apple/uikit/slider.hpp"
+#include "render/surface.hpp"
 #include "runtime/native_class.hpp"
+#include "runtime/utf16.hpp"
 #include "uikit/application.hpp"
 #include "uikit/array.hpp"
 #include "uikit/color_palette.hpp"
@@ -17,6 +19,7 @@
 #include <algorithm>
 #include <cairo.h>
 #include <cmath>
+#include <string>
 #include <vector>
 
 namespace sim {
@@ -31,7 +34,8 @@ constexpr double kCloseSize = 30;
 constexpr double kModesHeight = 32;
 constexpr double kSampleSize = 80;
 constexpr double kSliderHeight = 34;
-constexpr double kCaptionHeight = 20;
+constexpr double kCaptionHeight = 24;
+constexpr double kNumberWidth = 64;
 
 enum Mode : long { kGrid, kSpectrum, kSliders };
 constexpr std::size_t kChannels = 3;
@@ -54,9 +58,16 @@ struct Sample : ui::View {
     static constexpr const char *kClassName = "_UIColorPickerSample";
 };
 
+/// A slider whose track shows what its places make of the colour.
+struct ColorSlider : ui::Slider {
+    using ui::Slider::Slider;
+    static constexpr const char *kClassName = "_UIColorPickerSlider";
+};
+
 struct CaptionedSlider {
     objc::Ref<ui::Label> caption;
-    objc::Ref<ui::Slider> slider;
+    objc::Ref<ColorSlider> slider;
+    objc::Ref<ui::Label> number;
 };
 
 struct PickerViewState {
@@ -79,16 +90,26 @@ Mode ModeOf(const PickerViewState &state) {
     return static_cast<Mode>(state.modes->selectedSegmentIndex());
 }
 
+void Show(const CaptionedSlider &slider, double value, std::u16string_view unit) {
+    slider.slider->setValue(static_cast<float>(value));
+    const std::string digits = std::to_string(std::lround(value));
+    slider.number->setText(StringOf(std::u16string(digits.begin(), digits.end()).append(unit)));
+}
+
 // Making.
 
 CaptionedSlider AddSlider(PickerView self, ns::String caption, double most) {
-    CaptionedSlider made{ns::New<ui::Label>(), ns::New<ui::Slider>()};
+    CaptionedSlider made{ns::New<ui::Label>(), ns::New<ColorSlider>(), ns::New<ui::Label>()};
     made.caption->setText(caption);
     made.caption->setFont(ui::Font::boldSystemFontOfSize(13));
     made.caption->setTextColor(ui::Color::secondaryLabelColor());
     made.slider->setMaximumValue(static_cast<float>(most));
     self.addSubview(made.caption);
     self.addSubview(made.slider);
+    made.number->setTextAlignment(NSTextAlignmentCenter);
+    made.number->setBackgroundColor(objc::SendClass<ui::Color, "tertiarySystemFillColor", ui::Color>());
+    made.number->layer().setCornerRadius(8);
+    self.addSubview(made.number);
     return made;
 }
 
@@ -140,7 +161,11 @@ void Place(const CaptionedSlider &slider, cg::Point at, double width, bool hidde
     slider.caption->setHidden(hidden);
     slider.slider->setHidden(hidden);
     slider.caption->setFrame({at, {width, kCaptionHeight}});
-    slider.slider->setFrame({{at.x, at.y + kCaptionHeight}, {width, kSliderHeight}});
+    slider.number->setHidden(hidden);
+    const double track = width - kMargin - kNumberWidth;
+    at.y += kCaptionHeight;
+    slider.slider->setFrame({at, {track, kSliderHeight}});
+    slider.number->setFrame({{at.x + track + kMargin, at.y}, {kNumberWidth, kSliderHeight}});
 }
 
 void PlaceColors(const PickerViewState &state, cg::Rect room) {
@@ -240,6 +265,59 @@ void DrawPalette(ui::View view, cairo_t *context) {
     }
 }
 
+/// What a transparent colour is shown on.
+void DrawChecks(cairo_t *context, cg::Size size) {
+    constexpr double kCheck = kSliderHeight / 4;
+    SetPaint(context, Rgba{1, 1, 1, 1});
+    cairo_paint(context);
+    SetPaint(context, Rgba{0.8, 0.8, 0.8, 1});
+    for (int row = 0; row * kCheck < size.height; ++row) {
+        for (int column = row % 2; column * kCheck < size.width; column += 2) {
+            cairo_rectangle(context, column * kCheck, row * kCheck, kCheck, kCheck);
+        }
+    }
+    cairo_fill(context);
+}
+
+/// The colour at the slider's end: with none of its channel or opacity, or with all of it.
+Rgba EndOf(const PickerViewState &state, ui::View slider, double end) {
+    Rgba color = RgbaOf(state.picker.selectedColor());
+    if (state.opacity.slider.get() == slider) {
+        color.a = end;
+        return color;
+    }
+    double *const parts[kChannels] = {&color.r, &color.g, &color.b};
+    for (std::size_t i = 0; i < kChannels; ++i) {
+        *parts[i] = state.channels[i].slider.get() == slider ? end : *parts[i];
+    }
+    return {color.r, color.g, color.b, 1};
+}
+
+void DrawColorSlider(ui::View view, cairo_t *context) {
+    constexpr double kRing = 3;
+    const cg::Size size = PresentedValues(view).bounds.size;
+    const double radius = size.height / 2;
+    const PickerViewState &state = StateOfPicker(view.superview());
+    cairo_save(context);
+    AddRounded(context, {{0, 0}, size}, radius);
+    cairo_clip(context);
+    DrawChecks(context, size);
+    const Pattern track(cairo_pattern_create_linear(radius, 0, std::max(size.width - radius, radius), 0));
+    for (const double end : {0.0, 1.0}) {
+        const Rgba color = EndOf(state, view, end);
+        cairo_pattern_add_color_stop_rgba(track.get(), end, color.r, color.g, color.b, color.a);
+    }
+    cairo_set_source(context, track.get());
+    cairo_paint(context);
+    cairo_restore(context);
+    const auto thumb = objc::Send<"thumbRectForBounds:trackRect:value:", cg::Rect>(
+        view, view.bounds(), objc::Send<"trackRectForBounds:", cg::Rect>(view, view.bounds()),
+        objc::As<ui::Slider>(view).value());
+    DrawKnob(context, thumb, thumb.size.height / 2, ui::Color::whiteColor());
+    SetPaint(context, state.picker.selectedColor().colorWithAlphaComponent(1));
+    FillRounded(context, Grown(thumb, -kRing), thumb.size.height / 2 - kRing);
+}
+
 void DrawSample(ui::View view, cairo_t *context) {
     constexpr double kRadius = 10;
     const cg::Rect rect{{0, 0}, PresentedValues(view).bounds.size};
@@ -263,6 +341,8 @@ void DefineColorPickerView() {
     // A finger that goes over the colours does not draw the sheet along.
     palette.Method<"gestureRecognizerShouldBegin:">([](Palette, ui::GestureRecognizer) { return false; });
     RegisterDrawing(Palette::kClassName, &DrawPalette);
+    Class(ColorSlider::kClassName, "UISlider");
+    RegisterDrawing(ColorSlider::kClassName, &DrawColorSlider);
     Class(Sample::kClassName, "UIView");
     RegisterDrawing(Sample::kClassName, &DrawSample);
 }
@@ -278,9 +358,9 @@ void ShowPickedColor(ui::View view) {
     const Rgba color = RgbaOf(state.picker.selectedColor());
     const double parts[kChannels] = {color.r, color.g, color.b};
     for (std::size_t i = 0; i < kChannels; ++i) {
-        state.channels[i].slider->setValue(static_cast<float>(parts[i] * kMost));
+        Show(state.channels[i], parts[i] * kMost, u"");
     }
-    state.opacity.slider->setValue(static_cast<float>(color.a * kPercent));
+    Show(state.opacity, color.a * kPercent, u"%");
 }
 
 } // namespace sim
