@@ -33,6 +33,7 @@ constexpr double kBarHeight = 56;
 constexpr double kCloseSize = 30;
 constexpr double kModesHeight = 32;
 constexpr double kSampleSize = 80;
+constexpr double kSampleRadius = 10;
 constexpr double kSliderHeight = 34;
 constexpr double kCaptionHeight = 24;
 constexpr double kNumberWidth = 64;
@@ -151,6 +152,11 @@ void Build(PickerView self, ColorPickerViewController picker) {
     state.line->setBackgroundColor(ui::Color::separatorColor());
     self.addSubview(state.line);
     state.sample = ns::New<Sample>();
+    LayerState &layer = LayerStateOf(state.sample->layer());
+    layer.cornerRadius = kSampleRadius;
+    layer.corners = Corners::kContinuous;
+    layer.borderWidth = 0.5;
+    layer.borderColor = ui::Color::separatorColor();
     self.addSubview(state.sample);
     ShowPickedColor(self);
 }
@@ -318,15 +324,6 @@ void DrawColorSlider(ui::View view, cairo_t *context) {
     FillRounded(context, Grown(thumb, -kRing), thumb.size.height / 2 - kRing);
 }
 
-void DrawSample(ui::View view, cairo_t *context) {
-    constexpr double kRadius = 10;
-    const cg::Rect rect{{0, 0}, PresentedValues(view).bounds.size};
-    SetPaint(context, StateOfPicker(view.superview()).picker.selectedColor());
-    FillRounded(context, rect, kRadius, Corners::kContinuous);
-    SetPaint(context, ui::Color::separatorColor());
-    StrokeRounded(context, rect, kRadius, 0.5);
-}
-
 } // namespace
 
 void DefineColorPickerView() {
@@ -344,7 +341,6 @@ void DefineColorPickerView() {
     Class(ColorSlider::kClassName, "UISlider");
     RegisterDrawing(ColorSlider::kClassName, &DrawColorSlider);
     Class(Sample::kClassName, "UIView");
-    RegisterDrawing(Sample::kClassName, &DrawSample);
 }
 
 objc::Ref<ui::View> MakeColorPickerView(ColorPickerViewController picker) {
@@ -361,6 +357,7 @@ void ShowPickedColor(ui::View view) {
         Show(state.channels[i], parts[i] * kMost, u"");
     }
     Show(state.opacity, color.a * kPercent, u"%");
+    state.sample->setBackgroundColor(state.picker.selectedColor());
 }
 
 } // namespace sim

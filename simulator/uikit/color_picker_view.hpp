@@ -11,7 +11,7 @@ void DefineColorPickerView();
 /// The sheet's view; the picker is not retained.
 objc::Ref<ui::View> MakeColorPickerView(ui::ColorPickerViewController picker);
 
-/// Brings the sliders in line with the picker's colour.
+/// Brings the sliders and the sample in line with the picker's colour.
 void ShowPickedColor(ui::View view);
 
 } // namespace sim
