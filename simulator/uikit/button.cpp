@@ -26,7 +26,7 @@ struct ButtonState {
     std::map<UIControlState, objc::Ref<ns::String>> titles;
     std::map<UIControlState, objc::Ref<ui::Color>> titleColors;
     objc::Ref<ui::Label> label; // made when first needed
-    bool faded = false;            // while a finger is on a system button
+    bool faded = false;         // while a finger is on a system button
     ui::EdgeInsets titleInsets;
     ui::EdgeInsets contentInsets;
 };

@@ -24,9 +24,7 @@ constexpr std::uint32_t kLightest[kGridColumns] = {0xCBF0FF, 0xD2E2FE, 0xD8C9FE,
 constexpr int kFullestRow = 5;
 
 Rgba Between(std::uint32_t from, std::uint32_t to, double part) {
-    const auto channel = [&](int shift) {
-        return std::lerp(from >> shift & 0xFF, to >> shift & 0xFF, part) / 255;
-    };
+    const auto channel = [&](int shift) { return std::lerp(from >> shift & 0xFF, to >> shift & 0xFF, part) / 255; };
     return {channel(16), channel(8), channel(0), 1};
 }
 
@@ -88,8 +86,8 @@ void DrawSpectrum(cairo_t *context, cg::Rect rect) {
         return;
     }
     for (int y = 0; y < kSide; ++y) {
-        auto *row = reinterpret_cast<std::uint32_t *>(data + std::ptrdiff_t{y} *
-                                                                 cairo_image_surface_get_stride(picture.get()));
+        auto *row =
+            reinterpret_cast<std::uint32_t *>(data + std::ptrdiff_t{y} * cairo_image_surface_get_stride(picture.get()));
         for (int x = 0; x < kSide; ++x) {
             const Rgba color = SpectrumRgba((x + 0.5) / kSide, (y + 0.5) / kSide);
             const auto byte = [](double value) { return static_cast<std::uint32_t>(std::lround(value * 255)); };

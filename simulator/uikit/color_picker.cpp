@@ -46,9 +46,8 @@ void DefineColorPicker() {
     picker.Property<"delegate", &PickerState::delegate>();
     picker.Property<"selectedColor", &PickerState::selected>([](ColorPickerViewController self) { ShowColor(self); });
     picker.Property<"supportsAlpha", &PickerState::supportsAlpha>();
-    picker.Method<"loadView">([](ColorPickerViewController self) {
-        objc::Send<"setView:", void>(self, MakeColorPickerView(self).get());
-    });
+    picker.Method<"loadView">(
+        [](ColorPickerViewController self) { objc::Send<"setView:", void>(self, MakeColorPickerView(self).get()); });
     picker.Method<"_finish", &Finish>();
     DefineColorPickerView();
 }

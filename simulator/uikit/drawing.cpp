@@ -24,8 +24,8 @@ struct CornerPoint {
     double to;
 };
 constexpr CornerPoint kContinuous[] = {
-    {kContinuousReach, 0}, {1.0885, 0},       {0.8684, 0},     {0.6315, 0.0749}, {0.3728, 0.1691},
-    {0.1691, 0.3728},      {0.0749, 0.6315}, {0, 0.8684},     {0, 1.0885},      {0, kContinuousReach},
+    {kContinuousReach, 0}, {1.0885, 0},      {0.8684, 0}, {0.6315, 0.0749}, {0.3728, 0.1691},
+    {0.1691, 0.3728},      {0.0749, 0.6315}, {0, 0.8684}, {0, 1.0885},      {0, kContinuousReach},
 };
 
 /// Goes clockwise around a rectangle whose sides have room for its corners.

@@ -68,8 +68,8 @@ class Keys {
         : context_(context), look_(PresentLook()),
           keyWidth_((size.width - 2 * kMargin - (kMostKeys - 1) * kKeyGap) / kMostKeys), size_(size),
           bottom_(size.height - BelowKeys()), rowGap_(numberPad ? kPadGap : kRowGap),
-          rowHeight_(std::min((bottom_ - kTop - (kRows - 1) * rowGap_) / kRows,
-                              numberPad ? kTallestPadRow : kTallestRow)) {}
+          rowHeight_(
+              std::min((bottom_ - kTop - (kRows - 1) * rowGap_) / kRows, numberPad ? kTallestPadRow : kTallestRow)) {}
 
     void Draw() {
         SetPaint(context_, look_.background);
@@ -143,7 +143,8 @@ class Keys {
             return cg::Rect{{kMargin + column * (width + kKeyGap), RowTop(row)}, {width, rowHeight_}};
         };
         constexpr std::u16string_view kDigits = u"123456789";
-        constexpr std::u16string_view kLetters[] = {u"", u"ABC", u"DEF", u"GHI", u"JKL", u"MNO", u"PQRS", u"TUV", u"WXYZ"};
+        constexpr std::u16string_view kLetters[] = {u"",    u"ABC",  u"DEF", u"GHI", u"JKL",
+                                                    u"MNO", u"PQRS", u"TUV", u"WXYZ"};
         for (int i = 0; i < static_cast<int>(kDigits.size()); ++i) {
             const auto index = static_cast<std::size_t>(i);
             DigitKey(place(i % kPadColumns, i / kPadColumns), kDigits.substr(index, 1), kLetters[index]);

@@ -264,9 +264,8 @@ SheetPart SheetPartOf(ViewController controller) {
     const cg::Rect rest = PresentedFrame(sheet, window);
     const double way = shown.center.y - rest.origin.y - rest.size.height / 2;
     const double up = std::clamp(1 - way / shown.bounds.size.height, 0.0, 1.0) * std::clamp(shown.alpha, 0.0, 1.0);
-    return {.pushedBack = up,
-            .scale = 1 - up * 2 * kPushedMargin / rest.size.width,
-            .moved = up * ScreenSafeArea().top};
+    return {
+        .pushedBack = up, .scale = 1 - up * 2 * kPushedMargin / rest.size.width, .moved = up * ScreenSafeArea().top};
 }
 
 void BeginDismissal(ViewController controller, bool animated) {

@@ -52,7 +52,7 @@ void DrawSignal(cairo_t *context, cg::Point origin) {
 
 /// Two arcs above a dot, all about one point below.
 void DrawWifi(cairo_t *context, cg::Point origin) {
-    constexpr double kWidth = 1.9; // of an arc
+    constexpr double kWidth = 1.9;                      // of an arc
     constexpr double kSpread = 0.26 * std::numbers::pi; // to either side
     constexpr double kUp = -0.5 * std::numbers::pi;
     const double x = origin.x + kGlyphWidth / 2;

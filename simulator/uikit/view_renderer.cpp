@@ -100,7 +100,8 @@ cg::Rect ExtentOf(const ViewState &state, const ViewValues &values) {
     }
     if (HasShadow(state)) {
         const LayerState &layer = LayerOf(state);
-        const double reach = 3 * layer.shadowRadius + std::abs(layer.shadowOffset.width) + std::abs(layer.shadowOffset.height);
+        const double reach =
+            3 * layer.shadowRadius + std::abs(layer.shadowOffset.width) + std::abs(layer.shadowOffset.height);
         extent = Grown(extent, reach < kFarthest ? reach : kFarthest); // NaN reaches anywhere
     }
     return extent;
