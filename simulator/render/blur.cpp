@@ -4,6 +4,7 @@
 #include <cairo.h>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace sim {
@@ -11,32 +12,80 @@ namespace {
 
 constexpr int kPasses = 3; // three box filters in a row are a Gaussian to the eye
 
-/// One row or column of one channel: `count` bytes, `stride` apart.
-struct Strip {
-    unsigned char *first;
-    int count;
-    std::ptrdiff_t stride;
+/// A box filter that averages a value with `radius` neighbours on both sides, in whole numbers: a division for each
+/// byte would take most of the time.
+class Box {
+  public:
+    explicit Box(int radius) : radius_(radius), inverse_((1U << kShift) / static_cast<unsigned>(2 * radius + 1)) {}
 
-    unsigned char &operator[](int index) const {
-        return first[index * stride];
+    int radius() const {
+        return radius_;
     }
+    unsigned char Average(std::uint32_t sum) const {
+        return static_cast<unsigned char>((sum * inverse_ + (1U << (kShift - 1))) >> kShift);
+    }
+
+  private:
+    static constexpr int kShift = 24; // 255 times this many still fits
+
+    int radius_;
+    std::uint32_t inverse_;
 };
 
-/// Averages each byte with `radius` neighbours on both sides; `copy` holds at least count bytes.
-void BoxFilter(Strip strip, int radius, std::vector<unsigned char> &copy) {
-    const int last = strip.count - 1;
-    for (int i = 0; i <= last; ++i) {
-        copy[static_cast<std::size_t>(i)] = strip[i];
+/// Filters a row of pixels of `kChannels` bytes; `padded` has room for it and for the radius on both sides.
+template <int kChannels> void FilterRow(unsigned char *row, int width, Box box, std::vector<unsigned char> &padded) {
+    const int radius = box.radius();
+    const int last = width - 1;
+    for (int i = 0; i < radius; ++i) {
+        std::copy_n(row, kChannels, padded.begin() + i * kChannels);
+        std::copy_n(row + last * kChannels, kChannels, padded.begin() + (radius + width + i) * kChannels);
     }
-    const auto at = [&](int index) -> unsigned { return copy[static_cast<std::size_t>(std::clamp(index, 0, last))]; };
-    const auto size = static_cast<unsigned>(2 * radius + 1);
-    unsigned sum = 0;
-    for (int i = -radius; i <= radius; ++i) {
-        sum += at(i);
+    std::copy_n(row, width * kChannels, padded.begin() + radius * kChannels);
+    std::uint32_t sums[kChannels]{};
+    const unsigned char *leaving = padded.data();
+    const unsigned char *entering = leaving + std::ptrdiff_t{2 * radius} * kChannels;
+    for (const unsigned char *at = leaving; at < entering; at += kChannels) {
+        for (int channel = 0; channel < kChannels; ++channel) {
+            sums[channel] += at[channel];
+        }
     }
-    for (int i = 0; i <= last; ++i) {
-        strip[i] = static_cast<unsigned char>((sum + size / 2) / size);
-        sum += at(i + radius + 1) - at(i - radius);
+    for (int x = 0; x < width; ++x, leaving += kChannels, entering += kChannels, row += kChannels) {
+        for (int channel = 0; channel < kChannels; ++channel) {
+            sums[channel] += entering[channel];
+            row[channel] = box.Average(sums[channel]);
+            sums[channel] -= leaving[channel];
+        }
+    }
+}
+
+template <int kChannels> void FilterRows(unsigned char *data, int width, int height, std::ptrdiff_t stride, Box box) {
+    std::vector<unsigned char> padded(static_cast<std::size_t>((width + 2 * box.radius()) * kChannels));
+    for (int y = 0; y < height; ++y) {
+        for (int pass = 0; pass < kPasses; ++pass) {
+            FilterRow<kChannels>(data + y * stride, width, box, padded);
+        }
+    }
+}
+
+/// Filters all columns at once, row after row.
+void FilterColumns(const unsigned char *from, unsigned char *to, int height, std::ptrdiff_t stride, Box box) {
+    const auto bytes = static_cast<std::size_t>(stride);
+    const auto row = [&](int y) { return from + std::clamp(y, 0, height - 1) * stride; };
+    std::vector<std::uint32_t> sums(bytes);
+    for (int y = -box.radius(); y < box.radius(); ++y) {
+        const unsigned char *entering = row(y);
+        for (std::size_t i = 0; i < bytes; ++i) {
+            sums[i] += entering[i];
+        }
+    }
+    for (int y = 0; y < height; ++y, to += stride) {
+        const unsigned char *entering = row(y + box.radius());
+        const unsigned char *leaving = row(y - box.radius());
+        for (std::size_t i = 0; i < bytes; ++i) {
+            const std::uint32_t sum = sums[i] + entering[i];
+            to[i] = box.Average(sum);
+            sums[i] = sum - leaving[i];
+        }
     }
 }
 
@@ -47,25 +96,23 @@ void Blur(cairo_surface_t *image, double deviation) {
     unsigned char *data = cairo_image_surface_get_data(image);
     // The width of a box whose variance, three times over, is the Gaussian's.
     const int radius = static_cast<int>(std::lround((std::sqrt(4 * deviation * deviation + 1) - 1) / 2));
-    if (data == nullptr || !(deviation > 0) || radius < 1) {
+    const int height = cairo_image_surface_get_height(image);
+    if (data == nullptr || !(deviation > 0) || radius < 1 || height < 1) {
         return;
     }
+    const Box box(radius);
     const int width = cairo_image_surface_get_width(image);
-    const int height = cairo_image_surface_get_height(image);
-    const std::ptrdiff_t rowStride = cairo_image_surface_get_stride(image);
-    const int channels = cairo_image_surface_get_format(image) == CAIRO_FORMAT_A8 ? 1 : 4;
-    std::vector<unsigned char> copy(static_cast<std::size_t>(std::max(width, height)));
-    for (int pass = 0; pass < kPasses; ++pass) {
-        for (int channel = 0; channel < channels; ++channel) {
-            for (int y = 0; y < height; ++y) {
-                BoxFilter({data + static_cast<std::ptrdiff_t>(y) * rowStride + channel, width, channels}, radius, copy);
-            }
-            for (int x = 0; x < width; ++x) {
-                BoxFilter({data + static_cast<std::ptrdiff_t>(x) * channels + channel, height, rowStride}, radius,
-                          copy);
-            }
-        }
+    const std::ptrdiff_t stride = cairo_image_surface_get_stride(image);
+    if (cairo_image_surface_get_format(image) == CAIRO_FORMAT_A8) {
+        FilterRows<1>(data, width, height, stride, box);
+    } else {
+        FilterRows<4>(data, width, height, stride, box);
     }
+    std::vector<unsigned char> other(static_cast<std::size_t>(height * stride));
+    FilterColumns(data, other.data(), height, stride, box);
+    FilterColumns(other.data(), data, height, stride, box);
+    FilterColumns(data, other.data(), height, stride, box);
+    std::ranges::copy(other, data);
     cairo_surface_mark_dirty(image);
 }
 

@@ -3,6 +3,7 @@
 // text looks and measures the same however many other fonts the machine has.
 
 struct _PangoContext;
+struct _PangoFont;
 struct _PangoFontDescription;
 
 namespace sim {
@@ -34,5 +35,11 @@ _PangoContext *TextContext();
 
 /// The description of a face, kept by this function.
 const _PangoFontDescription *DescriptionOf(const FontFace &face);
+
+/// How much further apart (points; closer when negative) the phone sets the letters of a face's tracked fonts.
+double TrackingOf(const FontFace &face);
+
+/// Whether the letters of a font take tracking: those of Latin do, Chinese and emoji do not.
+bool IsTracked(_PangoFont *font);
 
 } // namespace sim

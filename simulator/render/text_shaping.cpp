@@ -4,6 +4,7 @@
 #include "runtime/utf16.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 namespace sim {
 namespace {
@@ -28,11 +29,31 @@ char32_t Shown(char32_t character) {
     return character < 0x20 || character == 0x7F ? kWordJoiner : character; // control characters take no room
 }
 
+/// Sets the letters of tracked fonts closer or wider, whatever stands beside them. Pango's own letter spacing depends
+/// on where a line begins and ends.
+void Track(PangoLayout *layout, const FontFace &face) {
+    const int tracking = static_cast<int>(std::lround(TrackingOf(face) * PANGO_SCALE));
+    PangoLayoutLine *line = pango_layout_get_line(layout, 0);
+    for (GSList *run = line->runs; run != nullptr; run = run->next) {
+        const auto *item = static_cast<PangoGlyphItem *>(run->data);
+        if (!IsTracked(item->item->analysis.font)) {
+            continue;
+        }
+        for (int i = 0; i < item->glyphs->num_glyphs; ++i) {
+            PangoGlyphInfo &glyph = item->glyphs->glyphs[i];
+            if (glyph.attr.is_cluster_start != 0 && glyph.geometry.width > 0) {
+                glyph.geometry.width += tracking;
+            }
+        }
+    }
+}
+
 Layout LayoutOf(const Utf8Text &text, const FontFace &face) {
     Layout layout(pango_layout_new(TextContext()));
     pango_layout_set_font_description(layout.get(), DescriptionOf(face));
     pango_layout_set_auto_dir(layout.get(), FALSE); // a piece's direction must not depend on where it starts
     pango_layout_set_text(layout.get(), text.bytes.data(), static_cast<int>(text.bytes.size()));
+    Track(layout.get(), face);
     return layout;
 }
 

@@ -1,11 +1,14 @@
 #include "uikit/alert_view.hpp"
 
 #include "apple/uikit/button.hpp"
+#include "apple/uikit/effects.hpp"
 #include "apple/uikit/scroll_view.hpp"
 #include "runtime/native_class.hpp"
 #include "uikit/alert_controller.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/color.hpp"
+#include "uikit/control.hpp"
+#include "uikit/drawing.hpp"
 #include "uikit/view.hpp"
 
 #include <algorithm>
@@ -46,7 +49,7 @@ struct ActionView : ui::Button {
 
 struct AlertViewState {
     ui::AlertController alert; // not owned: it owns this view
-    objc::Ref<ui::View> card;
+    objc::Ref<ui::VisualEffectView> card;
     objc::Ref<ui::ScrollView> texts;
     objc::Ref<ui::Label> title;
     objc::Ref<ui::Label> message;
@@ -69,23 +72,18 @@ objc::Ref<ui::Label> MakeText(ui::Font font) {
 
 void Build(AlertView self) {
     auto &state = StateOf<AlertViewState>(self);
-    state.card = ns::New<ui::View>();
-    state.card->setBackgroundColor(ui::Color::systemBackgroundColor());
+    state.card = objc::Ref<ui::VisualEffectView>::Adopt(ns::Alloc<ui::VisualEffectView>().initWithEffect(
+        ui::BlurEffect::effectWithStyle(UIBlurEffectStyleSystemChromeMaterial)));
     state.card->layer().setCornerRadius(kCardRadius);
+    LayerStateOf(state.card->layer()).corners = Corners::kContinuous;
     state.card->setClipsToBounds(true);
     state.texts = ns::New<ui::ScrollView>();
     state.title = MakeText(ui::Font::boldSystemFontOfSize(kTitleSize));
     state.message = MakeText(ui::Font::systemFontOfSize(kMessageSize));
     state.texts->addSubview(state.title);
     state.texts->addSubview(state.message);
-    state.card->addSubview(state.texts);
+    state.card->contentView().addSubview(state.texts);
     self.addSubview(state.card);
-}
-
-/// In the dark appearance, what floats is one step lighter than what it covers.
-ui::Color CardColor() {
-    return IsDarkAppearance() ? objc::SendClass<ui::Color, "tertiarySystemBackgroundColor", ui::Color>()
-                              : ui::Color::secondarySystemBackgroundColor();
 }
 
 bool IsBold(ui::AlertController alert, AlertAction action) {
@@ -95,14 +93,14 @@ bool IsBold(ui::AlertController alert, AlertAction action) {
 
 void AddButton(ui::View view, ui::AlertController alert, AlertAction action) {
     auto &state = StateOf<AlertViewState>(view);
-    const auto button = objc::SendClass<ActionView, "buttonWithType:", ActionView>(UIButtonTypeSystem);
+    const auto button = objc::SendClass<ActionView, "buttonWithType:", ActionView>(UIButtonTypeCustom);
     StateOf<ActionViewState>(button) = {action, view};
     AlertActionStateOf(action).view = view;
     button.setTitle(AlertActionStateOf(action).title, UIControlStateNormal);
     button.titleLabel().setFont(IsBold(alert, action) ? ui::Font::boldSystemFontOfSize(kButtonSize)
                                                       : ui::Font::systemFontOfSize(kButtonSize));
     button.addTarget(button, objc::Selector<"_pressed:">(), UIControlEventTouchUpInside);
-    state.card->addSubview(button);
+    state.card->contentView().addSubview(button);
     state.buttons.emplace_back(button);
 }
 
@@ -156,7 +154,7 @@ std::vector<ActionView> InOrder(const AlertViewState &state, bool row) {
 void AddLine(AlertViewState &state, cg::Rect frame) {
     const auto line = ui::MakeView<ui::View>(frame);
     line->setBackgroundColor(ui::Color::separatorColor());
-    state.card->addSubview(line);
+    state.card->contentView().addSubview(line);
     state.lines.push_back(line);
 }
 
@@ -188,7 +186,6 @@ void LayoutCard(AlertView self) {
     const double whole = PlaceTexts(state);
     const double texts = std::min(whole, std::max(size.height - 2 * kFree - buttons, kLeastText));
     const cg::Size card{kCardWidth, texts + buttons};
-    state.card->setBackgroundColor(CardColor());
     state.card->setFrame({{(size.width - card.width) / 2, (size.height - card.height) / 2}, card});
     state.texts->setFrame({{}, {kCardWidth, texts}});
     state.texts->setContentSize({kCardWidth, whole});
@@ -200,6 +197,14 @@ void DrawDimming(ui::View view, cairo_t *context) {
     cairo_set_source_rgba(context, 0, 0, 0, IsDarkAppearance() ? kDarkDimming : kLightDimming);
     cairo_rectangle(context, 0, 0, size.width, size.height);
     cairo_fill(context);
+}
+
+/// A button under a finger is shaded as a whole, its title stays.
+void DrawAction(ui::View view, cairo_t *context) {
+    if (ControlStateOf(objc::As<ui::Control>(view)).highlighted) {
+        SetPaint(context, IsDarkAppearance() ? Rgba{1, 1, 1, 0.1} : Rgba{0, 0, 0, 0.08});
+        FillRounded(context, {{0, 0}, PresentedValues(view).bounds.size}, 0);
+    }
 }
 
 } // namespace
@@ -215,6 +220,7 @@ void DefineAlertView() {
     auto view = Class<AlertViewState>(AlertView::kClassName, "UIView");
     view.Method<"layoutSubviews", &LayoutCard>();
     RegisterDrawing(AlertView::kClassName, &DrawDimming);
+    RegisterDrawing(ActionView::kClassName, &DrawAction);
 }
 
 objc::Ref<ui::View> MakeAlertView() {

@@ -1,6 +1,7 @@
 // UIButton: a title that depends on the control's state, in a label of its own.
 
 #include "runtime/native_class.hpp"
+#include "uikit/animation.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/control.hpp"
 #include "uikit/view.hpp"
@@ -15,12 +16,17 @@ using ui::Button;
 
 constexpr double kCustomFontSize = 18;
 constexpr double kSystemFontSize = 15;
+/// What a finger on a system button leaves of its title, and how long (seconds) that takes to come back. Custom buttons
+/// change by their own titles and colours only.
+constexpr double kPressedAlpha = 0.2;
+constexpr double kReturnTime = 0.25;
 
 struct ButtonState {
     UIButtonType type = UIButtonTypeCustom;
     std::map<UIControlState, objc::Ref<ns::String>> titles;
     std::map<UIControlState, objc::Ref<ui::Color>> titleColors;
     objc::Ref<ui::Label> label; // made when first needed
+    bool faded = false;         // while a finger is on a system button
     ui::EdgeInsets titleInsets;
     ui::EdgeInsets contentInsets;
 };
@@ -85,11 +91,26 @@ void DefineTitle(Class<ButtonState> &button) {
         [](Button self) { return ColorFor(StateOf<ButtonState>(self), PresentState(self)); });
 }
 
+void FadeTitle(Button self, bool fades) {
+    auto &button = StateOf<ButtonState>(self);
+    if (button.type == UIButtonTypeCustom || button.faded == fades || !button.label) {
+        return;
+    }
+    button.faded = fades;
+    if (fades) {
+        WithoutAnimation([&] { button.label->setAlpha(kPressedAlpha); });
+    } else {
+        Animate({.duration = kReturnTime, .options = UIViewAnimationOptionAllowUserInteraction},
+                [&] { button.label->setAlpha(1); }, {});
+    }
+}
+
 /// The states that the title depends on.
 void DefineStates(Class<ButtonState> &button) {
     button.Method<"setHighlighted:">([](Button self, bool highlighted) {
         objc::SendSuper<"setHighlighted:", void>(ui::Control{self}, highlighted);
         UpdateLabel(self);
+        FadeTitle(self, highlighted);
     });
     button.Method<"setEnabled:">([](Button self, bool enabled) {
         objc::SendSuper<"setEnabled:", void>(ui::Control{self}, enabled);

@@ -11,4 +11,7 @@ ui::ColorPickerViewController PresentedColorPicker();
 /// The user chooses a colour: the picker has it from now on and tells its delegate.
 void ChooseColor(ui::ColorPickerViewController picker, ui::Color color);
 
+/// Whether the user may set an opacity.
+bool SupportsAlpha(ui::ColorPickerViewController picker);
+
 } // namespace sim

@@ -19,29 +19,37 @@ struct EffectViewState {
     objc::Ref<ui::View> contentView; // made at first use
 };
 
-constexpr double kDeviation = 20;
-constexpr double kSaturation = 1.8;
+// The older styles' numbers are those of the platform maker's published sample for blurring images; those of the
+// materials are by eye, from how the phone's panels look over bright, dark and coloured ground.
 
-BlurLook Tinted(double white, double alpha) {
-    return {kDeviation, kSaturation, {white, white, white, alpha}};
+BlurLook Tinted(double deviation, double white, double alpha) {
+    constexpr double kSaturation = 1.8;
+    return {deviation, kSaturation, {white, white, white, alpha}};
 }
 
+/// From ultra thin to thick, then chrome. The light ones take most of the colour out of what is behind them, as their
+/// tint does where there is much of it.
 BlurLook MaterialLook(long thickness, bool dark) {
-    constexpr double kLightAlpha[kMaterials] = {0.44, 0.6, 0.76, 0.88, 0.82};
-    constexpr double kDarkAlpha[kMaterials] = {0.5, 0.64, 0.78, 0.9, 0.84};
-    return dark ? Tinted(0.145, kDarkAlpha[thickness]) : Tinted(0.965, kLightAlpha[thickness]);
+    constexpr double kDeviation = 29;
+    constexpr double kLightSaturation = 1.4;
+    constexpr double kLightAlpha[kMaterials] = {0.58, 0.7, 0.82, 0.92, 0.86};
+    constexpr double kDarkAlpha[kMaterials] = {0.55, 0.7, 0.82, 0.9, 0.86};
+    if (dark) {
+        return Tinted(kDeviation, 0.145, kDarkAlpha[thickness]);
+    }
+    return {kDeviation, kLightSaturation, {0.955, 0.955, 0.96, kLightAlpha[thickness]}};
 }
 
 BlurLook LookOf(UIBlurEffectStyle style) {
     switch (style) {
     case UIBlurEffectStyleExtraLight:
-        return Tinted(0.97, 0.82);
+        return Tinted(20, 0.97, 0.82);
     case UIBlurEffectStyleLight:
-        return Tinted(1, 0.3);
+        return Tinted(30, 1, 0.3);
     case UIBlurEffectStyleDark:
-        return Tinted(0.145, 0.7);
+        return Tinted(20, 0.11, 0.73);
     case UIBlurEffectStyleExtraDark:
-        return Tinted(0.06, 0.8);
+        return Tinted(20, 0.06, 0.8);
     case UIBlurEffectStyleRegular:
         return LookOf(IsDarkAppearance() ? UIBlurEffectStyleDark : UIBlurEffectStyleLight);
     case UIBlurEffectStyleProminent:

@@ -22,6 +22,13 @@ void DefineLayer() {
     auto layer = Class<LayerState>("CALayer", "NSObject");
     layer.ClassMethod<"layer">([](ca::Layer) { return ns::New<ca::Layer>(); });
     layer.Property<"cornerRadius", &LayerState::cornerRadius>();
+    // https://developer.apple.com/documentation/quartzcore/calayercornercurve
+    layer.Method<"cornerCurve">([](const LayerState &state) {
+        return state.corners == Corners::kContinuous ? "continuous"_ns : "circular"_ns;
+    });
+    layer.Method<"setCornerCurve:">([](LayerState &state, ns::String curve) {
+        state.corners = curve.isEqual("continuous"_ns) ? Corners::kContinuous : Corners::kCircular;
+    });
     layer.Property<"zPosition", &LayerState::zPosition>();
     layer.Property<"borderWidth", &LayerState::borderWidth>();
     DefineColor<"borderColor", &LayerState::borderColor>(layer);

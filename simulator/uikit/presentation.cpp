@@ -9,9 +9,11 @@
 #include "uikit/presentation_controller.hpp"
 #include "uikit/responder.hpp"
 #include "uikit/scene_state.hpp"
+#include "uikit/screen.hpp"
 #include "uikit/view.hpp"
 #include "uikit/view_controller.hpp"
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 
@@ -23,8 +25,10 @@ using ui::ViewController;
 /// How long (seconds) a presented view takes to come or go: by moving, or by fading as alerts do.
 constexpr double kMoveTime = 0.4;
 constexpr double kFadeTime = 0.25;
-/// The height (points) that stays free above a sheet; in landscape a sheet covers the window.
-constexpr double kSheetTop = 57;
+/// How far (points) below the status bar a sheet begins; in landscape it covers the window.
+constexpr double kSheetTop = 10;
+/// How much (points) of the window stays free on each side of what a sheet pushes back.
+constexpr double kPushedMargin = 16;
 constexpr double kLightDimming = 0.2;
 constexpr double kDarkDimming = 0.48;
 
@@ -35,7 +39,7 @@ struct TransitionView : ui::View {
 
 cg::Rect PresentedFrame(ViewController controller, ui::Window window) {
     const cg::Rect whole = ViewStateOf(window).model.bounds;
-    const double top = IsSheet(controller) && !IsLandscape() ? kSheetTop : 0;
+    const double top = IsSheet(controller) && !IsLandscape() ? ScreenSafeArea().top + kSheetTop : 0;
     return {{whole.origin.x, whole.origin.y + top}, {whole.size.width, whole.size.height - top}};
 }
 
@@ -240,6 +244,28 @@ bool IsSheet(ViewController controller) {
     const UIModalPresentationStyle style = StateOf<ControllerState>(controller).presentationStyle;
     return style == UIModalPresentationAutomatic || style == UIModalPresentationPageSheet ||
            style == UIModalPresentationFormSheet;
+}
+
+SheetPart SheetPartOf(ViewController controller) {
+    const auto &state = StateOf<ControllerState>(controller);
+    if (IsLandscape()) {
+        return {};
+    }
+    const bool isSheet = state.presenting && IsSheet(controller);
+    const ViewController sheet = state.presented;
+    if (isSheet || !sheet || !IsSheet(sheet)) {
+        return {.isSheet = isSheet};
+    }
+    const ui::Window window = WindowOf(controller.view());
+    const ViewValues shown = PresentedValues(sheet.view());
+    if (!window || !(shown.bounds.size.height > 0)) {
+        return {};
+    }
+    const cg::Rect rest = PresentedFrame(sheet, window);
+    const double way = shown.center.y - rest.origin.y - rest.size.height / 2;
+    const double up = std::clamp(1 - way / shown.bounds.size.height, 0.0, 1.0) * std::clamp(shown.alpha, 0.0, 1.0);
+    return {
+        .pushedBack = up, .scale = 1 - up * 2 * kPushedMargin / rest.size.width, .moved = up * ScreenSafeArea().top};
 }
 
 void BeginDismissal(ViewController controller, bool animated) {

@@ -4,6 +4,7 @@
 #include "render/surface.hpp"
 #include "runtime/autorelease.hpp"
 #include "uikit/application.hpp"
+#include "uikit/home_indicator.hpp"
 #include "uikit/status_bar.hpp"
 #include "uikit/view_renderer.hpp"
 
@@ -25,6 +26,7 @@ void DrawScreen(cairo_t *context) {
         renderer.DrawInSuperview(window);
     }
     DrawStatusBar(context);
+    DrawHomeIndicator(context);
 }
 
 bool WriteScreenshot(const std::string &path, double scale) {

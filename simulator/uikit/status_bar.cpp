@@ -9,6 +9,7 @@
 
 #include <cairo.h>
 #include <cmath>
+#include <numbers>
 #include <string>
 
 namespace sim {
@@ -17,7 +18,7 @@ namespace {
 // Points. The bar of a phone without a home button stands beside its sensors.
 constexpr double kLowBar = 20; // the height of the bar on phones with a home button
 constexpr double kLowMargin = 6;
-constexpr double kHighMargin = 30;
+constexpr double kHighMargin = 28;
 constexpr double kGlyphHeight = 11;
 constexpr double kGlyphWidth = 17;
 constexpr double kBatteryWidth = 24;
@@ -47,6 +48,25 @@ void DrawSignal(cairo_t *context, cg::Point origin) {
         const double height = kGlyphHeight * (i + 1) / kSignalBars;
         FillRounded(context, {{origin.x + i * kStep, origin.y + kGlyphHeight - height}, {kBarWidth, height}}, 1);
     }
+}
+
+/// Two arcs above a dot, all about one point below.
+void DrawWifi(cairo_t *context, cg::Point origin) {
+    constexpr double kWidth = 1.9;                      // of an arc
+    constexpr double kSpread = 0.26 * std::numbers::pi; // to either side
+    constexpr double kUp = -0.5 * std::numbers::pi;
+    const double x = origin.x + kGlyphWidth / 2;
+    const double y = origin.y + kGlyphHeight + 0.5;
+    cairo_set_line_width(context, kWidth);
+    for (const double radius : {10.5, 6.9}) {
+        cairo_new_sub_path(context);
+        cairo_arc(context, x, y, radius, kUp - kSpread, kUp + kSpread);
+        cairo_stroke(context);
+    }
+    cairo_move_to(context, x, y);
+    cairo_arc(context, x, y, 4.2, kUp - kSpread, kUp + kSpread);
+    cairo_close_path(context);
+    cairo_fill(context);
 }
 
 void DrawBattery(cairo_t *context, cg::Point origin) {
@@ -91,7 +111,9 @@ void DrawStatusBar(cairo_t *context) {
     const double top = (height - kGlyphHeight) / 2;
     const cg::Point battery{width - margin - kBatteryWidth, top};
     DrawBattery(context, battery);
-    DrawSignal(context, low ? cg::Point{margin, top} : cg::Point{battery.x - kGap - kGlyphWidth, top});
+    const double step = kGap + kGlyphWidth;
+    DrawSignal(context, {low ? margin : battery.x - 2 * step, top});
+    DrawWifi(context, {low ? margin + step : battery.x - step, top});
     if (low) {
         DrawTime(context, {{}, {width, height}}, 12, 0.5);
     } else {

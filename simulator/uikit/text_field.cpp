@@ -112,11 +112,12 @@ cg::Size SizeThatFits(const TextFieldState &state, cg::Size) {
 
 void DrawBorder(cairo_t *context, UITextBorderStyle style, cg::Rect bounds) {
     constexpr double kRadius = 5;
+    constexpr double kBorder = 0.5;
     const double radius = style == UITextBorderStyleRoundedRect ? kRadius : 0;
     SetPaint(context, objc::SendClass<ui::Color, "tertiarySystemBackgroundColor", ui::Color>());
     FillRounded(context, bounds, radius);
     SetPaint(context, ui::Color::separatorColor());
-    StrokeRounded(context, bounds, radius, 1);
+    StrokeRounded(context, bounds, radius, kBorder);
 }
 
 /// The text as it lies in its one line.
@@ -155,6 +156,10 @@ void DrawSelection(cairo_t *context, const FieldLine &line, ns::Range selection)
     const double to = isCaret ? from + kCaretWidth : line.PlaceOf(selection.location + selection.length);
     SetPaint(context, ui::Color::systemBlueColor(), isCaret ? 1 : kSelectionAlpha);
     FillRounded(context, {{isCaret ? from - kCaretWidth / 2 : from, line.top}, {to - from, line.height}}, 0);
+    if (!isCaret) {
+        DrawGrabber(context, {{from, line.top}, {0, line.height}}, true);
+        DrawGrabber(context, {{to, line.top}, {0, line.height}}, false);
+    }
 }
 
 void DrawField(ui::View view, cairo_t *context) {

@@ -179,7 +179,10 @@ void DrawTextView(ui::View view, cairo_t *context) {
         DrawLine(context, std::u16string_view(place.units).substr(whole.start, whole.end - whole.start), place.face,
                  {place.left, top + place.metrics.ascender, place.width, 0});
     }
-    if (edited && selection.length == 0) {
+    if (edited && selection.length > 0) {
+        DrawGrabber(context, place.CaretAt(selection.location), true);
+        DrawGrabber(context, place.CaretAt(selection.location + selection.length), false);
+    } else if (edited) {
         const cg::Rect caret = place.CaretAt(selection.location);
         SetPaint(context, tint);
         cairo_rectangle(context, caret.origin.x, caret.origin.y, caret.size.width, caret.size.height);

@@ -4,6 +4,8 @@
 #include "render/shadow.hpp"
 #include "uikit/drawing.hpp"
 #include "uikit/effects.hpp"
+#include "uikit/presentation.hpp"
+#include "uikit/view_geometry.hpp"
 #include "uikit/view_state.hpp"
 
 #include <algorithm>
@@ -57,6 +59,54 @@ PixelRect PathPixels(cairo_t *context) {
             static_cast<int>(std::ceil(bottom) - y)};
 }
 
+/// Clipping to the bounds cuts the shadow off too.
+bool HasShadow(const ViewState &state) {
+    const LayerState &layer = LayerOf(state);
+    return layer.shadowOpacity > 0 && layer.shadowRadius >= 0 && !state.clipsToBounds;
+}
+
+// What no screen shows (device units). Cairo counts in 24 bits.
+constexpr double kFarthest = 1e6;
+// How far (points) what a view draws itself may reach beyond its bounds: the shadows of knobs.
+constexpr double kOverhang = 10;
+
+cg::Rect Union(cg::Rect a, cg::Rect b) {
+    const double left = std::min(a.origin.x, b.origin.x);
+    const double top = std::min(a.origin.y, b.origin.y);
+    return {{left, top},
+            {std::max(a.origin.x + a.size.width, b.origin.x + b.size.width) - left,
+             std::max(a.origin.y + a.size.height, b.origin.y + b.size.height) - top}};
+}
+
+/// All that a view and what is in it may paint, in the space of its bounds.
+cg::Rect ExtentOf(const ViewState &state, const ViewValues &values) {
+    cg::Rect extent = Grown(values.bounds, kOverhang);
+    if (state.clipsToBounds) {
+        return extent;
+    }
+    for (const objc::Ref<ui::View> &subview : state.subviews) {
+        const ViewState &other = ViewStateOf(subview);
+        const ViewValues shown = PresentedValues(subview);
+        if (other.hidden || !(shown.alpha > 0) || !CanBeShown(shown)) {
+            continue;
+        }
+        cg::Rect inside = ExtentOf(other, shown);
+        inside.origin.x -= shown.bounds.origin.x + shown.bounds.size.width / 2;
+        inside.origin.y -= shown.bounds.origin.y + shown.bounds.size.height / 2;
+        inside = Apply(shown.transform, inside);
+        inside.origin.x += shown.center.x;
+        inside.origin.y += shown.center.y;
+        extent = Union(extent, inside);
+    }
+    if (HasShadow(state)) {
+        const LayerState &layer = LayerOf(state);
+        const double reach =
+            3 * layer.shadowRadius + std::abs(layer.shadowOffset.width) + std::abs(layer.shadowOffset.height);
+        extent = Grown(extent, reach < kFarthest ? reach : kFarthest); // NaN reaches anywhere
+    }
+    return extent;
+}
+
 void DrawShadow(cairo_t *context, cairo_pattern_t *picture, const LayerState &layer) {
     cairo_surface_t *surface = nullptr;
     if (cairo_pattern_get_surface(picture, &surface) != CAIRO_STATUS_SUCCESS) {
@@ -83,11 +133,11 @@ void DrawBorder(cairo_t *context, cg::Rect bounds, const LayerState &layer) {
     if (!(width > 0)) {
         return;
     }
-    AddRounded(context, bounds, layer.cornerRadius);
+    AddRounded(context, bounds, layer.cornerRadius, layer.corners);
     const cg::Rect inner{{bounds.origin.x + width, bounds.origin.y + width},
                          {bounds.size.width - 2 * width, bounds.size.height - 2 * width}};
     if (inner.size.width > 0 && inner.size.height > 0) {
-        AddRounded(context, inner, layer.cornerRadius - width);
+        AddRounded(context, inner, layer.cornerRadius - width, layer.corners);
     }
     SetPaint(context, ColorOr(layer.borderColor, kBlack));
     cairo_set_fill_rule(context, CAIRO_FILL_RULE_EVEN_ODD);
@@ -104,15 +154,37 @@ void ViewRenderer::DrawInSuperview(ui::View view) {
     if (!CanBeShown(values)) {
         return;
     }
+    const ViewState &state = ViewStateOf(view);
     cairo_save(context_);
+    if (state.controller) {
+        PlaceForSheet(state, values);
+    }
     cairo_translate(context_, values.center.x, values.center.y);
     const cg::AffineTransform &t = values.transform;
     const cairo_matrix_t matrix{t.a, t.b, t.c, t.d, t.tx, t.ty};
     cairo_transform(context_, &matrix);
     cairo_translate(context_, -values.bounds.origin.x - values.bounds.size.width / 2,
                     -values.bounds.origin.y - values.bounds.size.height / 2);
-    DrawView(view, ViewStateOf(view), values);
+    DrawView(view, state, values);
     cairo_restore(context_);
+}
+
+/// A sheet loses its upper corners; what it covers is drawn smaller, with round corners.
+void ViewRenderer::PlaceForSheet(const ViewState &state, const ViewValues &values) {
+    const SheetPart part = SheetPartOf(objc::As<ui::ViewController>(state.controller));
+    const cg::Size size = values.bounds.size;
+    cg::Rect frame{{values.center.x - size.width / 2, values.center.y - size.height / 2}, size};
+    if (part.isSheet) {
+        frame.size.height += 2 * kSheetRadius; // the lower corners are out of sight
+        AddRounded(context_, frame, kSheetRadius, Corners::kContinuous);
+        cairo_clip(context_);
+    } else if (part.pushedBack > 0) {
+        cairo_translate(context_, values.center.x, frame.origin.y + part.moved);
+        cairo_scale(context_, part.scale, part.scale);
+        cairo_translate(context_, -values.center.x, -frame.origin.y);
+        AddRounded(context_, frame, part.pushedBack * kSheetRadius / part.scale, Corners::kContinuous);
+        cairo_clip(context_);
+    }
 }
 
 void ViewRenderer::DrawInRect(ui::View view, cg::Rect rect) {
@@ -139,11 +211,17 @@ void ViewRenderer::DrawView(ui::View view, const ViewState &state, const ViewVal
     }
     const LayerState &layer = LayerOf(state);
     const bool translucent = values.alpha < 1; // the view and all in it as one picture
+    const bool shadowed = HasShadow(state);
+    if (!translucent && !shadowed) {
+        DrawBody(view, state, values, layer);
+        return;
+    }
+    cairo_save(context_);
+    ClipToExtent(state, values);
     if (translucent) {
         PushGroup();
     }
-    // Clipping to the bounds cuts the shadow off too.
-    if (layer.shadowOpacity > 0 && layer.shadowRadius >= 0 && !state.clipsToBounds) {
+    if (shadowed) {
         DrawWithShadow(view, state, values, layer);
     } else {
         DrawBody(view, state, values, layer);
@@ -153,6 +231,36 @@ void ViewRenderer::DrawView(ui::View view, const ViewState &state, const ViewVal
         cairo_pop_group_to_source(context_);
         cairo_paint_with_alpha(context_, values.alpha);
     }
+    cairo_restore(context_);
+}
+
+/// Groups are as large as the clip; most views need but a small part of the screen.
+void ViewRenderer::ClipToExtent(const ViewState &state, const ViewValues &values) {
+    const cg::Rect extent = ExtentOf(state, values);
+    const double right = extent.origin.x + extent.size.width;
+    const double bottom = extent.origin.y + extent.size.height;
+    double left = kFarthest;
+    double top = kFarthest;
+    double farRight = -kFarthest;
+    double farBottom = -kFarthest;
+    for (cg::Point corner : {extent.origin, cg::Point{right, extent.origin.y}, cg::Point{extent.origin.x, bottom},
+                             cg::Point{right, bottom}}) {
+        cairo_user_to_device(context_, &corner.x, &corner.y);
+        left = std::min(left, corner.x);
+        top = std::min(top, corner.y);
+        farRight = std::max(farRight, corner.x);
+        farBottom = std::max(farBottom, corner.y);
+    }
+    // Whole pixels: an edge between two would be soft, and slow.
+    left = std::floor(std::max(left, -kFarthest));
+    top = std::floor(std::max(top, -kFarthest));
+    cairo_matrix_t matrix;
+    cairo_get_matrix(context_, &matrix);
+    cairo_identity_matrix(context_);
+    cairo_rectangle(context_, left, top, std::ceil(std::min(farRight, kFarthest)) - left,
+                    std::ceil(std::min(farBottom, kFarthest)) - top);
+    cairo_clip(context_);
+    cairo_set_matrix(context_, &matrix);
 }
 
 void ViewRenderer::DrawWithShadow(ui::View view, const ViewState &state, const ViewValues &values,
@@ -169,16 +277,16 @@ void ViewRenderer::DrawWithShadow(ui::View view, const ViewState &state, const V
 void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewValues &values, const LayerState &layer) {
     cairo_save(context_);
     if (state.clipsToBounds) {
-        AddRounded(context_, values.bounds, layer.cornerRadius);
+        AddRounded(context_, values.bounds, layer.cornerRadius, layer.corners);
         cairo_clip(context_);
     }
     if (const Rgba background = RgbaOf(values.backgroundColor); background.a > 0) {
-        AddRounded(context_, values.bounds, layer.cornerRadius);
+        AddRounded(context_, values.bounds, layer.cornerRadius, layer.corners);
         SetPaint(context_, background);
         cairo_fill(context_);
     }
     if (const std::optional<BlurLook> look = BlurLookOf(view)) {
-        DrawBackdrop(*look, values.bounds, layer.cornerRadius);
+        DrawBackdrop(*look, values.bounds, layer);
     }
     if (const DrawContent draw = DrawingOf(view)) {
         cairo_save(context_);
@@ -196,23 +304,20 @@ void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewVal
     cairo_restore(context_);
 }
 
-void ViewRenderer::DrawBackdrop(const BlurLook &look, cg::Rect bounds, double radius) {
-    AddRounded(context_, bounds, radius);
+void ViewRenderer::DrawBackdrop(const BlurLook &look, cg::Rect bounds, const LayerState &layer) {
+    AddRounded(context_, bounds, layer.cornerRadius, layer.corners);
     const PixelRect pixels = PathPixels(context_);
-    Pattern behind;
-    if (!pixels.IsEmpty()) {
-        behind = MakeBackdrop(targets_, pixels, look.deviation * PixelsPerPoint(context_), look.saturation);
-    }
-    if (behind) {
+    const Rgba &tint = look.tint;
+    const BackdropLook wanted{
+        look.deviation * PixelsPerPoint(context_), look.saturation, {tint.r, tint.g, tint.b, tint.a}};
+    if (const Pattern behind = pixels.IsEmpty() ? nullptr : MakeBackdrop(targets_, pixels, wanted)) {
         cairo_save(context_);
-        cairo_clip_preserve(context_);
         cairo_identity_matrix(context_);
         cairo_set_source(context_, behind.get());
-        cairo_paint(context_);
+        cairo_fill(context_);
         cairo_restore(context_);
     }
-    SetPaint(context_, look.tint);
-    cairo_fill(context_);
+    cairo_new_path(context_);
 }
 
 void ViewRenderer::DrawSubviews(const ViewState &state) {

@@ -31,10 +31,12 @@ class ViewRenderer {
     void DrawInRect(ui::View view, cg::Rect rect);
 
   private:
+    void PlaceForSheet(const ViewState &state, const ViewValues &values);
+    void ClipToExtent(const ViewState &state, const ViewValues &values);
     void DrawView(ui::View view, const ViewState &state, const ViewValues &values);
     void DrawWithShadow(ui::View view, const ViewState &state, const ViewValues &values, const LayerState &layer);
     void DrawBody(ui::View view, const ViewState &state, const ViewValues &values, const LayerState &layer);
-    void DrawBackdrop(const BlurLook &look, cg::Rect bounds, double radius);
+    void DrawBackdrop(const BlurLook &look, cg::Rect bounds, const LayerState &layer);
     void DrawSubviews(const ViewState &state);
     void PushGroup();
 

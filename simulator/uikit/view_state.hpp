@@ -4,6 +4,7 @@
 #include "apple/uikit/gesture_recognizer.hpp"
 #include "objc/ref.hpp"
 #include "uikit/animation.hpp"
+#include "uikit/drawing.hpp"
 
 #include <vector>
 
@@ -40,6 +41,7 @@ struct ViewState {
 
 struct LayerState {
     double cornerRadius = 0;
+    Corners corners = Corners::kCircular;
     double zPosition = 0;
     double borderWidth = 0;
     double shadowRadius = 3;

@@ -60,6 +60,27 @@ TEST_F(Views, CornersAreRound) {
     EXPECT_EQ(Picture(box, 50, 50).At(25, 25), kRed) << "a radius beyond half the side is half the side";
 }
 
+TEST_F(Views, ContinuousCornersBeginEarlier) {
+    const auto box = Box({{0, 0}, {400, 400}}, Rgb(0xFF0000));
+    box->layer().setCornerRadius(100);
+    const Picture circular(box, 400, 400);
+    objc::Send<"setCornerCurve:", void>(box->layer(), "continuous"_ns);
+    const Picture continuous(box, 400, 400);
+    EXPECT_EQ(circular.At(105, 0), kRed);
+    EXPECT_LT(continuous.AlphaAt(105, 0), 128);
+    EXPECT_LT(continuous.AlphaAt(0, 294), 128) << "at every corner";
+    EXPECT_EQ(continuous.At(160, 0), kRed);
+    EXPECT_EQ(continuous.AlphaAt(27, 27), 0);
+    EXPECT_EQ(continuous.At(33, 33), kRed);
+    // Where the sides have no room for that, the corners are circular.
+    box->layer().setCornerRadius(200);
+    EXPECT_EQ(Picture(box, 400, 400).AlphaAt(60, 60), Picture(box, 400, 400).AlphaAt(339, 339));
+    EXPECT_EQ(Picture(box, 400, 400).At(200, 0), kRed);
+    objc::Send<"setCornerCurve:", void>(box->layer(), "circular"_ns);
+    box->layer().setCornerRadius(100);
+    EXPECT_EQ(Picture(box, 400, 400).At(105, 0), kRed);
+}
+
 TEST_F(Views, OnlyClippingViewsCutTheirSubviews) {
     const auto parent = Box({{0, 0}, {40, 40}}, Rgb(0xFF0000));
     parent->layer().setCornerRadius(20);
@@ -137,6 +158,23 @@ TEST_F(Views, ShadowsAreSoftAndLieBelow) {
     EXPECT_EQ(Picture(box, 130, 130).AlphaAt(60, 84), 0) << "clipped off";
 }
 
+TEST_F(Views, GroupsHoldAllThatIsDrawnInThem) {
+    const auto box = Box({{40, 40}, {20, 20}}, Rgb(0xFF0000));
+    const auto child = Box({{30, -30}, {20, 20}}, Rgb(0x00FF00));
+    child->setTransform(cg::AffineTransform::Scale(2, 2));
+    child->layer().setShadowOpacity(1);
+    child->layer().setShadowOffset({0, -25});
+    child->layer().setShadowRadius(0);
+    box->addSubview(child);
+    box->setAlpha(0.5);
+    const Picture picture(box, 130, 130);
+    EXPECT_EQ(picture.At(62, 2), 0x80008000U) << "far outside, and scaled";
+    box->setTransform({0, 1, -1, 0, 0, 0}); // a quarter turn about (50, 50)
+    EXPECT_EQ(Picture(box, 130, 130).At(97, 62), 0x80008000U);
+    child->layer().setShadowOffset({kNaN, 0});
+    EXPECT_EQ(Picture(box, 130, 130).At(97, 62), 0x80008000U);
+}
+
 TEST_F(Views, RunningAnimationsShowWhatTheyHaveReached) {
     const auto window = ui::MakeView<ui::Window>({{0, 0}, {100, 40}});
     const auto box = Box({{0, 0}, {20, 20}}, Rgb(0xFF0000));
@@ -188,6 +226,33 @@ TEST_F(Effects, TheSystemMaterialFollowsTheAppearance) {
     EXPECT_GT(BrightnessAt(Picture(ground, 100, 100), 50, 50), 200);
     sim::SetDarkAppearance(true);
     EXPECT_LT(BrightnessAt(Picture(ground, 100, 100), 50, 50), 80);
+}
+
+TEST_F(Effects, ThickerMaterialsShowLessOfWhatIsBehind) {
+    const auto colorfulness = [](UIBlurEffectStyle style) {
+        const auto ground = Box({{0, 0}, {100, 100}}, Rgb(0x702090));
+        ground->addSubview(MakeBlur(style, {{0, 0}, {100, 100}}));
+        const std::uint32_t pixel = Picture(ground, 100, 100).At(50, 50);
+        return static_cast<int>(pixel & 0xFF) - static_cast<int>(pixel >> 8 & 0xFF);
+    };
+    for (const bool dark : {false, true}) {
+        sim::SetDarkAppearance(dark);
+        const int thin = colorfulness(UIBlurEffectStyleSystemUltraThinMaterial);
+        const int usual = colorfulness(UIBlurEffectStyleSystemMaterial);
+        EXPECT_GT(thin, usual + 10);
+        EXPECT_GT(usual, 0) << "but a little";
+        EXPECT_LT(usual, 45);
+    }
+}
+
+TEST_F(Effects, ABlurAtTheEdgeGoesOnWithIt) {
+    const auto ground = Box({{0, 0}, {100, 100}}, Rgb(0xFFFFFF));
+    ground->addSubview(MakeBlur(UIBlurEffectStyleDark, {{-50, -50}, {300, 300}}));
+    const Picture picture(ground, 100, 100);
+    EXPECT_EQ(picture.At(0, 0), picture.At(50, 50));
+    EXPECT_EQ(picture.At(99, 99), picture.At(50, 50));
+    ground->addSubview(MakeBlur(UIBlurEffectStyleDark, {{500, 500}, {30, 30}})); // out of sight, harmlessly
+    EXPECT_EQ(Picture(ground, 100, 100).At(50, 50), picture.At(50, 50));
 }
 
 TEST_F(Effects, BlurSeesThroughAlphaGroups) {

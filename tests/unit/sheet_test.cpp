@@ -2,6 +2,7 @@
 
 #include "apple/uikit/gesture_recognizer.hpp"
 #include "apple/uikit/window.hpp"
+#include "drawing_support.hpp"
 #include "runtime/clock.hpp"
 #include "runtime_support.hpp"
 #include "uikit/application.hpp"
@@ -163,6 +164,35 @@ TEST_F(Sheet, IsGoneWithItsWindowUnderTheFinger) {
     sim::touch::Ended(1, {195, 700});
     sim::clock::Advance(1);
     EXPECT_EQ(Heard(), (Lines{"should", "will"}));
+}
+
+TEST_F(Sheet, PushesBackWhatItCovers) {
+    using corvel::test::Picture;
+    host->view().setBackgroundColor(corvel::test::Rgb(0x00FF00));
+    sheet->view().setBackgroundColor(corvel::test::Rgb(0xFF0000));
+    const auto isHost = [](std::uint32_t pixel) { return (pixel >> 8 & 0xFF) > 0x80; };
+    const auto isSheet = [](std::uint32_t pixel) { return pixel == corvel::test::kRed; };
+    const auto draw = [&] { return Picture(window, 390, 844); };
+    EXPECT_FALSE(isHost(draw().At(200, 44))) << "it begins below the status bar,";
+    EXPECT_TRUE(isHost(draw().At(200, 50)));
+    EXPECT_TRUE(isHost(draw().At(30, 50))) << "narrower than the screen";
+    EXPECT_FALSE(isHost(draw().At(12, 50)));
+    EXPECT_TRUE(isSheet(draw().At(195, 57)));
+    EXPECT_FALSE(isSheet(draw().At(1, 57))) << "its upper corners are round,";
+    EXPECT_TRUE(isSheet(draw().At(0, 843))) << "its lower ones out of sight";
+    EXPECT_EQ(host->view().frame(), (cg::Rect{{0, 0}, {390, 844}})) << "none of it is in the values";
+
+    // It comes forward while a finger takes the sheet away.
+    sim::touch::Began(1, {195, 80});
+    sim::touch::Moved(1, {195, 180});
+    sim::touch::Moved(1, {195, 480});
+    EXPECT_TRUE(isHost(draw().At(200, 30)));
+    EXPECT_TRUE(isHost(draw().At(12, 200)));
+    EXPECT_FALSE(isHost(draw().At(200, 10)));
+    sim::touch::Ended(1, {195, 480});
+    host->dismissViewControllerAnimated(false, nullptr);
+    sim::clock::Advance(1);
+    EXPECT_TRUE(isHost(draw().At(0, 0)));
 }
 
 } // namespace

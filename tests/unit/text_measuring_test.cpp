@@ -46,6 +46,20 @@ TEST_F(Measuring, ChineseIsAnEmWide) {
     EXPECT_DOUBLE_EQ(Measure(u"弹幕弹幕弹幕弹幕弹幕弹", 55.5).height, 3 * LineHeight(11));
 }
 
+TEST_F(Measuring, LatinIsAsWideAsOnThePhone) {
+    // Widths of the phone's own default label and button, in whole points upwards.
+    const auto width = [](std::u16string_view text, double size) {
+        return sim::MeasureText(text, {{size, false}, sim::Wrapping::kNone, 0}).width;
+    };
+    EXPECT_EQ(std::ceil(width(u"Label", 17)), 42);
+    EXPECT_EQ(std::ceil(width(u"Button", 15)), 46);
+    EXPECT_LT(width(u"ab", 17) / 17, width(u"ab", 12) / 12) << "larger letters stand closer";
+    EXPECT_NEAR(width(u"弹ab弹", 17), 2 * 17 + width(u"ab", 17), 0.01) << "Chinese keeps its distance";
+    for (double size = 1; size < 60; size += 0.25) {
+        EXPECT_LT(width(u"aaaa", size), width(u"aaaa", size + 0.25)) << size;
+    }
+}
+
 TEST_F(Measuring, GrowsWithTextAndSizeAndShrinksWithWidth) {
     const std::u16string text = u"主播好漂亮 hello world 来了来了，关注走一波 666666";
     double height = 0;

@@ -510,6 +510,25 @@ TEST_F(UIKitTouch, ClassObjectsAreTargetsToo) {
     EXPECT_EQ(Heard(), (Lines{"class tap ended", "up inside"}));
 }
 
+TEST_F(UIKitTouch, SystemButtonsFadeUnderAFinger) {
+    for (const UIButtonType type : {UIButtonTypeSystem, UIButtonTypeCustom}) {
+        const ui::Button button = ui::Button::buttonWithType(type);
+        button.setFrame({{0, 200}, {100, 50}});
+        button.setTitle("title"_ns, UIControlStateNormal);
+        window->addSubview(button);
+        const double pressed = type == UIButtonTypeSystem ? 0.2 : 1;
+        sim::touch::Began(1, {20, 220});
+        EXPECT_NEAR(button.titleLabel().alpha(), pressed, 1e-6);
+        sim::touch::Moved(1, {20, 20});
+        EXPECT_EQ(button.titleLabel().alpha(), 1) << "far away from it";
+        sim::touch::Moved(1, {20, 230});
+        EXPECT_NEAR(button.titleLabel().alpha(), pressed, 1e-6);
+        sim::touch::Ended(1, {20, 230});
+        EXPECT_EQ(button.titleLabel().alpha(), 1);
+        button.removeFromSuperview();
+    }
+}
+
 TEST_F(UIKitTouch, TargetsAreNotRetainedAndMayBeGone) {
     const auto view = AddView(window, {{0, 0}, {100, 100}});
     AddRecognizer<ui::TapGestureRecognizer>(view, "tap");
