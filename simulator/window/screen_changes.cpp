@@ -21,8 +21,8 @@ namespace {
 
 /// Points by which a view may draw beyond its bounds: knobs have soft edges.
 constexpr double kOverhang = 4;
-/// Standard deviations after which nothing of a shadow is seen.
-constexpr double kShadowReach = 3;
+/// Standard deviations after which nothing of a shadow is seen, and from which nothing comes into a blur.
+constexpr double kBlurReach = 3;
 /// A larger picture is looked at in a smaller scale: what fills the screen changes in large parts.
 constexpr double kMostPixels = 60'000;
 
@@ -117,7 +117,7 @@ struct ScreenChanges::Seen {
     cairo_rectangle_int_t box{};  // its pixels and its shadow's, as far as they can be seen
     std::uint64_t values = 0;     // of everything but what it draws itself
     std::uint64_t content = 0;    // of what it draws itself
-    bool drawnAsOne = false;      // a blur or a shadow: no part of it can be drawn without the rest
+    cairo_rectangle_int_t whole{}; // of a blur or a shadow: no part of these pixels can be drawn without the rest
 };
 
 /// One walk over all views, in the order in which they are drawn.
@@ -135,12 +135,12 @@ class ScreenChanges::Walk {
         const cg::Size size = ScreenSize();
         cairo_matrix_t matrix;
         cairo_matrix_init_scale(&matrix, scale, scale);
-        const cairo_rectangle_int_t all{0, 0, static_cast<int>(std::lround(size.width * scale)),
-                                        static_cast<int>(std::lround(size.height * scale))};
+        screen_ = {0, 0, static_cast<int>(std::lround(size.width * scale)),
+                   static_cast<int>(std::lround(size.height * scale))};
         const std::vector<ui::Window> windows = WindowsFrontToBack();
         Fingerprint order;
         for (const ui::Window window : std::views::reverse(windows)) {
-            View(window, matrix, all, order);
+            View(window, matrix, screen_, order);
         }
         return std::move(seen_);
     }
@@ -197,7 +197,6 @@ class ScreenChanges::Walk {
         Seen &seen = seen_.emplace_back();
         seen.view = view.pointer;
         seen.values = print.value();
-        seen.drawnAsOne = shadow || blur.has_value();
         if (draw != nullptr) {
             seen.content = Content(view, draw, values, LengthOf(matrix));
         }
@@ -216,12 +215,20 @@ class ScreenChanges::Walk {
         }
         if (shadow && !IsEmpty(covered)) {
             const double length = LengthOf(matrix);
-            const double reach = kShadowReach * layer.shadowRadius * length;
+            const double reach = kBlurReach * layer.shadowRadius * length;
             const auto side = static_cast<int>(std::ceil(reach + std::abs(layer.shadowOffset.width) * length)) + 2;
             const auto up = static_cast<int>(std::ceil(reach + std::abs(layer.shadowOffset.height) * length)) + 2;
             covered = Both(clip, {covered.x - side, covered.y - up, covered.width + 2 * side, covered.height + 2 * up});
         }
-        seen_[place].box = shadow ? covered : Both(inner, bounds);
+        Seen &now = seen_[place];
+        now.box = shadow ? covered : Both(inner, bounds);
+        now.whole = shadow ? covered : cairo_rectangle_int_t{};
+        if (blur && !IsEmpty(now.box)) {
+            const auto reach = static_cast<int>(std::ceil(kBlurReach * blur->deviation * LengthOf(matrix))) + 1;
+            const cairo_rectangle_int_t &box = now.box;
+            now.whole = Around(now.whole, Both(screen_, {box.x - reach, box.y - reach, box.width + 2 * reach,
+                                                         box.height + 2 * reach}));
+        }
         return covered;
     }
 
@@ -269,6 +276,7 @@ class ScreenChanges::Walk {
     }
 
     cairo_surface_t *scratch_;
+    cairo_rectangle_int_t screen_{};
     std::unordered_map<objc::id, std::uint64_t> known_;
     std::vector<Seen> seen_;
 };
@@ -318,8 +326,9 @@ Region ScreenChanges::Look(double scale, bool codeRan) {
     for (bool grew = true; grew;) {
         grew = false;
         for (const Seen &seen : *seen_) {
-            if (seen.drawnAsOne && cairo_region_contains_rectangle(changed.get(), &seen.box) == CAIRO_REGION_OVERLAP_PART) {
-                cairo_region_union_rectangle(changed.get(), &seen.box);
+            if (!IsEmpty(seen.whole) &&
+                cairo_region_contains_rectangle(changed.get(), &seen.whole) == CAIRO_REGION_OVERLAP_PART) {
+                cairo_region_union_rectangle(changed.get(), &seen.whole);
                 grew = true;
             }
         }
