@@ -183,8 +183,8 @@ class Desk {
 
     void WaitForFrame(std::int64_t number) const {
         const std::uint64_t due = start_ + static_cast<std::uint64_t>((number * 1000 + Frames::kPerSecond - 1) / Frames::kPerSecond);
-        const std::uint64_t now = SDL_GetTicks64();
-        if (now < due) {
+        // The clock that sleeps and the clock that counts differ by a hair, so that one sleep may be too short.
+        for (std::uint64_t now = SDL_GetTicks64(); now < due; now = SDL_GetTicks64()) {
             SDL_Delay(static_cast<Uint32>(due - now));
         }
     }

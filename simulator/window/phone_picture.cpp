@@ -4,7 +4,6 @@
 #include "uikit/screenshot.hpp"
 
 #include <cmath>
-#include <string>
 #include <cstdlib>
 
 namespace sim::window {
@@ -63,7 +62,6 @@ bool PhonePicture::IsTrue() const {
     const unsigned char *const whole = cairo_image_surface_get_data(fresh.get());
     for (std::size_t i = 0; i < size; ++i) {
         if (i % 4 != 3 && std::abs(mine[i] - whole[i]) > kRounding) {
-            static int n; ++n; cairo_surface_write_to_png(image_.get(), ("/tmp/wtest/wrong-"+std::to_string(n)+"-mine.png").c_str());cairo_surface_write_to_png(fresh.get(), ("/tmp/wtest/wrong-"+std::to_string(n)+"-true.png").c_str());
             return false;
         }
     }

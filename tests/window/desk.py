@@ -25,7 +25,7 @@ class Desk:
         self.display.give_keys(keys)
         command = [Path(programs) / "corvel-window", "--host", host, "--library", library, "--state", self.state,
                    "--words", ROOT / "tests/scenarios/corvel.words", "--save", self.saved, "--scale", "1", "--places",
-                   "--frames", "--check-drawing", *options]
+                   "--frames", *options]
         self.process = subprocess.Popen(
             command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, cwd=self.folder.name,
             env=os.environ | {"DISPLAY": self.display.name, "SDL_VIDEODRIVER": "x11", "LC_ALL": "C.UTF-8"})
