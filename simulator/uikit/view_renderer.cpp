@@ -4,6 +4,7 @@
 #include "render/shadow.hpp"
 #include "uikit/drawing.hpp"
 #include "uikit/effects.hpp"
+#include "uikit/view_geometry.hpp"
 #include "uikit/view_state.hpp"
 
 #include <algorithm>
@@ -180,7 +181,7 @@ void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewVal
     if (const std::optional<BlurLook> look = BlurLookOf(view)) {
         DrawBackdrop(*look, values.bounds, layer.cornerRadius);
     }
-    if (const DrawContent draw = DrawingOf(view)) {
+    if (const DrawContent draw = DrawingOf(view); draw != nullptr && IsSeen(values.bounds)) {
         cairo_save(context_);
         cairo_translate(context_, values.bounds.origin.x, values.bounds.origin.y);
         draw(view, context_);
@@ -194,6 +195,20 @@ void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewVal
     DrawSubviews(state);
     DrawBorder(context_, values.bounds, layer);
     cairo_restore(context_);
+}
+
+/// Whether any part of what a view with these bounds draws itself is within the clip. Knobs have soft edges beyond their
+/// view's.
+bool ViewRenderer::IsSeen(cg::Rect bounds) const {
+    constexpr double kOverhang = 4;
+    const cg::Rect drawn = Grown(bounds, kOverhang);
+    double left = 0;
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+    cairo_clip_extents(context_, &left, &top, &right, &bottom);
+    return left < drawn.origin.x + drawn.size.width && right > drawn.origin.x &&
+           top < drawn.origin.y + drawn.size.height && bottom > drawn.origin.y;
 }
 
 void ViewRenderer::DrawBackdrop(const BlurLook &look, cg::Rect bounds, double radius) {

@@ -34,6 +34,7 @@ class ViewRenderer {
     void DrawView(ui::View view, const ViewState &state, const ViewValues &values);
     void DrawWithShadow(ui::View view, const ViewState &state, const ViewValues &values, const LayerState &layer);
     void DrawBody(ui::View view, const ViewState &state, const ViewValues &values, const LayerState &layer);
+    bool IsSeen(cg::Rect bounds) const;
     void DrawBackdrop(const BlurLook &look, cg::Rect bounds, double radius);
     void DrawSubviews(const ViewState &state);
     void PushGroup();
