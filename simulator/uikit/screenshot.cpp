@@ -5,14 +5,13 @@
 #include "runtime/autorelease.hpp"
 #include "uikit/application.hpp"
 #include "uikit/status_bar.hpp"
-#include "uikit/view_renderer.hpp"
 
 #include <cmath>
 #include <ranges>
 
 namespace sim {
 
-void DrawScreen(cairo_t *context) {
+void DrawScreen(cairo_t *context, Backdrops *kept) {
     const AutoreleasePool pool;
     LayoutWindows();
     const cg::Size size = ScreenSize();
@@ -20,7 +19,7 @@ void DrawScreen(cairo_t *context) {
     cairo_set_source_rgb(context, 0, 0, 0);
     cairo_fill(context);
     const std::vector<ui::Window> windows = WindowsFrontToBack();
-    ViewRenderer renderer(context);
+    ViewRenderer renderer(context, kept);
     for (auto window : std::ranges::reverse_view(windows)) {
         renderer.DrawInSuperview(window);
     }

@@ -98,7 +98,8 @@ void DrawBorder(cairo_t *context, cg::Rect bounds, const LayerState &layer) {
 
 } // namespace
 
-ViewRenderer::ViewRenderer(cairo_t *context) : context_(context), targets_{cairo_get_group_target(context)} {}
+ViewRenderer::ViewRenderer(cairo_t *context, Backdrops *kept)
+    : context_(context), kept_(kept), targets_{cairo_get_group_target(context)} {}
 
 void ViewRenderer::DrawInSuperview(ui::View view) {
     const ViewValues values = PresentedValues(view);
@@ -179,7 +180,7 @@ void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewVal
         cairo_fill(context_);
     }
     if (const std::optional<BlurLook> look = BlurLookOf(view)) {
-        DrawBackdrop(*look, values.bounds, layer.cornerRadius);
+        DrawBackdrop(view, *look, values.bounds, layer.cornerRadius);
     }
     if (const DrawContent draw = DrawingOf(view); draw != nullptr && IsSeen(values.bounds)) {
         cairo_save(context_);
@@ -197,10 +198,8 @@ void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewVal
     cairo_restore(context_);
 }
 
-/// Whether any part of what a view with these bounds draws itself is within the clip. Knobs have soft edges beyond their
-/// view's.
+/// Whether any part of what a view with these bounds may draw itself is within the clip.
 bool ViewRenderer::IsSeen(cg::Rect bounds) const {
-    constexpr double kOverhang = 4;
     const cg::Rect drawn = Grown(bounds, kOverhang);
     double left = 0;
     double top = 0;
@@ -211,11 +210,12 @@ bool ViewRenderer::IsSeen(cg::Rect bounds) const {
            top < drawn.origin.y + drawn.size.height && bottom > drawn.origin.y;
 }
 
-void ViewRenderer::DrawBackdrop(const BlurLook &look, cg::Rect bounds, double radius) {
+void ViewRenderer::DrawBackdrop(ui::View view, const BlurLook &look, cg::Rect bounds, double radius) {
     AddRounded(context_, bounds, radius);
     const PixelRect pixels = PathPixels(context_);
-    Pattern behind;
-    if (!pixels.IsEmpty()) {
+    Pattern made;
+    Pattern &behind = kept_ != nullptr ? (*kept_)[view.pointer] : made;
+    if (!behind && !pixels.IsEmpty()) {
         behind = MakeBackdrop(targets_, pixels, look.deviation * PixelsPerPoint(context_), look.saturation);
     }
     if (behind) {

@@ -13,7 +13,7 @@ Surface MakeImage(PixelSize size) {
     return Surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, size.width, size.height));
 }
 
-void Draw(cairo_surface_t *image, double scale, const cairo_region_t *part) {
+void Draw(cairo_surface_t *image, double scale, const cairo_region_t *part, Backdrops *kept) {
     const Context context(cairo_create(image));
     for (int i = 0; part != nullptr && i < cairo_region_num_rectangles(part); ++i) {
         cairo_rectangle_int_t box;
@@ -24,7 +24,7 @@ void Draw(cairo_surface_t *image, double scale, const cairo_region_t *part) {
         cairo_clip(context.get());
     }
     cairo_scale(context.get(), scale, scale);
-    DrawScreen(context.get());
+    DrawScreen(context.get(), kept);
 }
 
 } // namespace
@@ -36,7 +36,7 @@ PixelSize SizeIn(double pixelsPerPoint) {
 }
 
 Region PhonePicture::Update(bool codeRan) {
-    Region changed = changes_.Look(scale_, codeRan);
+    Region changed = changes_.Look(scale_, codeRan, backdrops_);
     if (cairo_region_is_empty(changed.get())) {
         return changed;
     }
@@ -44,7 +44,7 @@ Region PhonePicture::Update(bool codeRan) {
         image_ = MakeImage(size);
         size_ = size;
     }
-    Draw(image_.get(), scale_, changed.get());
+    Draw(image_.get(), scale_, changed.get(), &backdrops_);
     cairo_surface_flush(image_.get());
     return changed;
 }
@@ -53,7 +53,7 @@ bool PhonePicture::IsTrue() const {
     // A blur or a shadow that was cut differs by a rounding here and there; what nobody drew anew differs by more.
     constexpr int kRounding = 2;
     const Surface fresh = MakeImage(size_);
-    Draw(fresh.get(), scale_, nullptr);
+    Draw(fresh.get(), scale_, nullptr, nullptr);
     cairo_surface_flush(fresh.get());
     const int stride = cairo_image_surface_get_stride(fresh.get());
     const auto size = static_cast<std::size_t>(stride) *

@@ -40,6 +40,7 @@ class PhonePicture {
     Surface image_;
     PixelSize size_; // of the image
     ScreenChanges changes_;
+    Backdrops backdrops_;
     double scale_ = 1;
 };
 

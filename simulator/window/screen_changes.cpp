@@ -19,8 +19,6 @@
 namespace sim::window {
 namespace {
 
-/// Points by which a view may draw beyond its bounds: knobs have soft edges.
-constexpr double kOverhang = 4;
 /// Standard deviations after which nothing of a shadow is seen, and from which nothing comes into a blur.
 constexpr double kBlurReach = 3;
 /// A larger picture is looked at in a smaller scale: what fills the screen changes in large parts.
@@ -117,7 +115,8 @@ struct ScreenChanges::Seen {
     cairo_rectangle_int_t box{};  // its pixels and its shadow's, as far as they can be seen
     std::uint64_t values = 0;     // of everything but what it draws itself
     std::uint64_t content = 0;    // of what it draws itself
-    cairo_rectangle_int_t whole{}; // of a blur or a shadow: no part of these pixels can be drawn without the rest
+    cairo_rectangle_int_t shadowed{}; // of a view with a shadow: no part of these can be drawn without the rest
+    cairo_rectangle_int_t behind{};   // of a blur: all that comes into it
 };
 
 /// One walk over all views, in the order in which they are drawn.
@@ -222,12 +221,11 @@ class ScreenChanges::Walk {
         }
         Seen &now = seen_[place];
         now.box = shadow ? covered : Both(inner, bounds);
-        now.whole = shadow ? covered : cairo_rectangle_int_t{};
+        now.shadowed = shadow ? covered : cairo_rectangle_int_t{};
         if (blur && !IsEmpty(now.box)) {
             const auto reach = static_cast<int>(std::ceil(kBlurReach * blur->deviation * LengthOf(matrix))) + 1;
             const cairo_rectangle_int_t &box = now.box;
-            now.whole = Around(now.whole, Both(screen_, {box.x - reach, box.y - reach, box.width + 2 * reach,
-                                                         box.height + 2 * reach}));
+            now.behind = Both(screen_, {box.x - reach, box.y - reach, box.width + 2 * reach, box.height + 2 * reach});
         }
         return covered;
     }
@@ -286,7 +284,23 @@ ScreenChanges::ScreenChanges()
 
 ScreenChanges::~ScreenChanges() = default;
 
-Region ScreenChanges::Look(double scale, bool codeRan) {
+namespace {
+
+void Add(cairo_region_t *region, const cairo_rectangle_int_t &box) {
+    cairo_region_union_rectangle(region, &box);
+}
+
+bool Touches(const cairo_region_t *region, const cairo_rectangle_int_t &box) {
+    return !IsEmpty(box) && cairo_region_contains_rectangle(region, &box) != CAIRO_REGION_OVERLAP_OUT;
+}
+
+bool IsCut(const cairo_region_t *region, const cairo_rectangle_int_t &box) {
+    return !IsEmpty(box) && cairo_region_contains_rectangle(region, &box) == CAIRO_REGION_OVERLAP_PART;
+}
+
+} // namespace
+
+Region ScreenChanges::Look(double scale, bool codeRan, Backdrops &backdrops) {
     const std::uint64_t screen = CommonLook(scale);
     const bool everything = std::exchange(screen_, screen) != screen;
     const auto before = std::move(seen_);
@@ -295,9 +309,9 @@ Region ScreenChanges::Look(double scale, bool codeRan) {
     Region changed(cairo_region_create());
     if (everything) {
         const cg::Size size = ScreenSize();
-        const cairo_rectangle_int_t all{0, 0, static_cast<int>(std::lround(size.width * scale)),
-                                        static_cast<int>(std::lround(size.height * scale))};
-        cairo_region_union_rectangle(changed.get(), &all);
+        Add(changed.get(), {0, 0, static_cast<int>(std::lround(size.width * scale)),
+                            static_cast<int>(std::lround(size.height * scale))});
+        backdrops.clear();
         return changed;
     }
     std::unordered_map<objc::id, const Seen *> old;
@@ -305,30 +319,36 @@ Region ScreenChanges::Look(double scale, bool codeRan) {
         old.emplace(seen.view, &seen);
     }
     for (const Seen &seen : *seen_) {
+        old.erase(seen.view);
+    }
+    for (const auto &[view, gone] : old) {
+        Add(changed.get(), gone->box);
+        backdrops.erase(view);
+    }
+    old.clear();
+    for (const Seen &seen : *before) {
+        old.emplace(seen.view, &seen);
+    }
+    // From the back to the front: what has changed so far lies behind the view.
+    for (const Seen &seen : *seen_) {
         const auto found = old.find(seen.view);
-        if (found == old.end()) {
-            cairo_region_union_rectangle(changed.get(), &seen.box);
-            continue;
+        const bool isNew = found == old.end();
+        if (isNew || found->second->values != seen.values || found->second->content != seen.content) {
+            Add(changed.get(), isNew ? seen.box : found->second->box);
+            Add(changed.get(), seen.box);
+            backdrops.erase(seen.view);
         }
-        const Seen &was = *found->second;
-        if (was.values != seen.values || was.content != seen.content) {
-            cairo_region_union_rectangle(changed.get(), &was.box);
-            cairo_region_union_rectangle(changed.get(), &seen.box);
+        const bool isBlur = !IsEmpty(seen.behind);
+        if (isBlur && (Touches(changed.get(), seen.behind) || !backdrops.contains(seen.view))) {
+            backdrops.erase(seen.view);
+            Add(changed.get(), seen.behind);
         }
-        old.erase(found);
     }
-    for (const auto &[view, seen] : old) { // gone
-        cairo_region_union_rectangle(changed.get(), &seen->box);
-    }
-    if (cairo_region_is_empty(changed.get())) {
-        return changed;
-    }
-    for (bool grew = true; grew;) {
+    for (bool grew = !cairo_region_is_empty(changed.get()); grew;) {
         grew = false;
         for (const Seen &seen : *seen_) {
-            if (!IsEmpty(seen.whole) &&
-                cairo_region_contains_rectangle(changed.get(), &seen.whole) == CAIRO_REGION_OVERLAP_PART) {
-                cairo_region_union_rectangle(changed.get(), &seen.whole);
+            if (IsCut(changed.get(), seen.shadowed)) {
+                Add(changed.get(), seen.shadowed);
                 grew = true;
             }
         }

@@ -3,6 +3,7 @@
 // fingerprint of what it draws itself.
 
 #include "render/surface.hpp"
+#include "uikit/view_renderer.hpp"
 
 #include <cstdint>
 #include <memory>
@@ -21,8 +22,8 @@ class ScreenChanges {
 
     /// The pixels, so many a point, that may differ from those at the last call; all of them at first and whenever
     /// the screen or its scale is another. What views draw themselves can differ only when code ran in between:
-    /// otherwise they are not asked.
-    Region Look(double scale, bool codeRan);
+    /// otherwise they are not asked. Takes out of the backdrops those that have to be made anew.
+    Region Look(double scale, bool codeRan, Backdrops &backdrops);
 
   private:
     struct Seen;
