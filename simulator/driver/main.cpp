@@ -1,22 +1,19 @@
 // corvel-sim: the phone on the desk.
 
 #include "driver/leak_check.hpp"
+#include "driver/power.hpp"
 #include "driver/runner.hpp"
-#include "render/album.hpp"
 #include "render/characters.hpp"
 #include "runtime/autorelease.hpp"
-#include "runtime/bundle.hpp"
 #include "runtime/native_class.hpp"
 #include "runtime/runtime.hpp"
 #include "runtime/user_defaults.hpp"
 #include "runtime/variants.hpp"
 #include "script/loader.hpp"
 #include "script/vocabulary.hpp"
-#include "uikit/pasteboard.hpp"
 #include "uikit/uikit.hpp"
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <unistd.h>
 
@@ -25,39 +22,15 @@ namespace {
 using namespace sim;
 using namespace sim::driver;
 
-std::string MakeStateDirectory() {
-    std::string path = (std::filesystem::temp_directory_path() / "corvel-sim-XXXXXX").string();
-    if (mkdtemp(path.data()) == nullptr) {
-        throw UsageError("cannot make " + path);
-    }
-    return path;
-}
-
-std::unique_ptr<hosts::Host> MakeHost(const Options &options) {
-    const hosts::HostEntry &entry = FindHost(options.host);
-    const std::string bundle = options.bundle.empty() ? entry.bundleIdentifier : options.bundle;
-    SetBundleIdentifier(bundle == "nil" ? nullptr : bundle.c_str());
-    return entry.make();
-}
-
-int PlayScript(Options options) {
+int PlayScript(const Options &options) {
     Session session;
+    session.options = options;
     session.progress = ReadProgress(options);
-    if (options.state.empty()) {
-        options.state = MakeStateDirectory();
-    }
     if (options.script == "-") {
         script::KeepStandardInput();
     }
-    SetStateDirectory(options.state);
-    InstallRuntime();
-    InstallComposedCharacters();
+    SwitchOn(session);
     const AutoreleasePool pool;
-    RegisterUIKit();
-    OpenAlbum(options.state + "/album", !session.progress.ownsState);
-    SetPasteboardFile(options.state + "/pasteboard");
-    session.host = MakeHost(options);
-    session.options = options;
     Outcome outcome = Outcome::kError;
     try {
         if (!options.words.empty()) {
@@ -69,7 +42,7 @@ int PlayScript(Options options) {
     }
     if (session.progress.ownsState) {
         std::error_code ignored;
-        std::filesystem::remove_all(options.state, ignored);
+        std::filesystem::remove_all(session.options.state, ignored);
     }
     std::fflush(nullptr);
     // The phone is switched off: nothing of the app or the library runs any more.
@@ -104,8 +77,8 @@ int ListVariants() {
 
 int main(int count, char **words) {
     try {
-        Options options = ReadOptions(count, words);
-        return options.listsApi ? ListApi() : options.listsVariants ? ListVariants() : PlayScript(std::move(options));
+        const Options options = ReadOptions(count, words);
+        return options.listsApi ? ListApi() : options.listsVariants ? ListVariants() : PlayScript(options);
     } catch (const UsageError &error) {
         std::fprintf(stderr, "corvel-sim: %s\n%s", error.what(), Usage().c_str());
         return 2;

@@ -19,20 +19,6 @@ namespace {
 using script::Line;
 using script::ScriptError;
 
-/// Runs work that the host or the system would do; an exception that comes out of it has reached the host.
-template <class Work> void AsHost(const Work &work) {
-    std::string reason;
-    const bool returned = objc::Guard(
-        [&] {
-            const AutoreleasePool pool;
-            work();
-        },
-        [&reason](objc::Object raised) { reason = script::TextOf(objc::As<ns::String>(raised)); });
-    if (!returned) {
-        throw hosts::ReachedHost(reason);
-    }
-}
-
 /// What the end of a run-loop turn does.
 void EndTurn() {
     AsHost([] {
@@ -69,6 +55,21 @@ void Launch(Session &session, const script::Place &place) {
     Say({Bare("launch"), Bare(session.options.host)});
 }
 
+} // namespace
+
+void AsHost(const std::function<void()> &work) {
+    std::string reason;
+    const bool returned = objc::Guard(
+        [&] {
+            const AutoreleasePool pool;
+            work();
+        },
+        [&reason](objc::Object raised) { reason = script::TextOf(objc::As<ns::String>(raised)); });
+    if (!returned) {
+        throw hosts::ReachedHost(reason);
+    }
+}
+
 void Play(Session &session, const Line &line) {
     WordReader words(line.place, line.words);
     if (words.Take("setup")) {
@@ -83,8 +84,6 @@ void Play(Session &session, const Line &line) {
         EndTurn();
     }
 }
-
-} // namespace
 
 void Say(const Fact &fact) {
     std::printf("%s\n", script::Render(fact).c_str());

@@ -42,6 +42,7 @@ struct Clock {
     std::mutex mutex; // Foundation's own threads may schedule too
     Nanoseconds now = 0;
     Token lastToken = 0;
+    std::uint64_t workDone = 0;
     std::map<Key, std::function<void()>> waiting;
 };
 
@@ -57,6 +58,7 @@ std::function<void()> TakeNext(Nanoseconds limit) {
     clock.now = std::max(clock.now, first->first.due);
     std::function<void()> work = std::move(first->second);
     clock.waiting.erase(first);
+    ++clock.workDone;
     return work;
 }
 
@@ -97,6 +99,12 @@ void Cancel(Token token) {
         cancelled = std::move(found->second);
         clock.waiting.erase(found);
     }
+}
+
+std::uint64_t WorkDone() {
+    auto &clock = Lasting<Clock>();
+    const std::lock_guard lock(clock.mutex);
+    return clock.workDone;
 }
 
 void Drain() {

@@ -21,6 +21,9 @@ Token Schedule(double delay, std::function<void()> work);
 /// Takes back work that has not run; unknown tokens are ignored.
 void Cancel(Token token);
 
+/// How many pieces of work have run so far.
+std::uint64_t WorkDone();
+
 /// Runs everything that is due at the present time, including what that work schedules for now.
 void Drain();
 

@@ -69,8 +69,7 @@ void Load(ns::UserDefaults defaults) {
 
 bool Store(ns::UserDefaults defaults) {
     objc::Ref<ns::Data> &written = Lasting<Storage>().written;
-    const auto values =
-        objc::Send<"persistentDomainForName:", ns::Dictionary>(defaults, ns::String::stringWithUTF8String(kDomain));
+    const ns::Dictionary values = StoredPreferences();
     if (!values && !written) {
         return true;
     }
@@ -181,6 +180,11 @@ void SetStateDirectory(const std::string &directory) {
     char *arguments[] = {name.data(), nullptr};
     const ForeignLeaks description;
     GSInitializeProcess(1, arguments, environment);
+}
+
+ns::Dictionary StoredPreferences() {
+    return objc::Send<"persistentDomainForName:", ns::Dictionary>(ns::UserDefaults::standardUserDefaults(),
+                                                                  ns::String::stringWithUTF8String(kDomain));
 }
 
 void InstallUserDefaults() {

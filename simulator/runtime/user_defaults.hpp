@@ -1,6 +1,8 @@
 #pragma once
 // Where the simulated phone keeps its user defaults.
 
+#include "apple/foundation/collections.hpp"
+
 #include <string>
 
 namespace sim {
@@ -13,5 +15,8 @@ void SetStateDirectory(const std::string &directory);
 
 /// Loads the defaults of the state directory and makes synchronize and the process's end write them there.
 void InstallUserDefaults();
+
+/// What app and library have stored, without what Foundation itself adds; autoreleased, nil when there is nothing.
+ns::Dictionary StoredPreferences();
 
 } // namespace sim

@@ -6,14 +6,13 @@
 #include "uikit/application.hpp"
 #include "uikit/home_indicator.hpp"
 #include "uikit/status_bar.hpp"
-#include "uikit/view_renderer.hpp"
 
 #include <cmath>
 #include <ranges>
 
 namespace sim {
 
-void DrawScreen(cairo_t *context) {
+void DrawScreen(cairo_t *context, Backdrops *kept) {
     const AutoreleasePool pool;
     LayoutWindows();
     const cg::Size size = ScreenSize();
@@ -21,7 +20,7 @@ void DrawScreen(cairo_t *context) {
     cairo_set_source_rgb(context, 0, 0, 0);
     cairo_fill(context);
     const std::vector<ui::Window> windows = WindowsFrontToBack();
-    ViewRenderer renderer(context);
+    ViewRenderer renderer(context, kept);
     for (auto window : std::ranges::reverse_view(windows)) {
         renderer.DrawInSuperview(window);
     }

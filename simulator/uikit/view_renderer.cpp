@@ -147,7 +147,8 @@ void DrawBorder(cairo_t *context, cg::Rect bounds, const LayerState &layer) {
 
 } // namespace
 
-ViewRenderer::ViewRenderer(cairo_t *context) : context_(context), targets_{cairo_get_group_target(context)} {}
+ViewRenderer::ViewRenderer(cairo_t *context, Backdrops *kept)
+    : context_(context), kept_(kept), targets_{cairo_get_group_target(context)} {}
 
 void ViewRenderer::DrawInSuperview(ui::View view) {
     const ViewValues values = PresentedValues(view);
@@ -286,9 +287,9 @@ void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewVal
         cairo_fill(context_);
     }
     if (const std::optional<BlurLook> look = BlurLookOf(view)) {
-        DrawBackdrop(*look, values.bounds, layer);
+        DrawBackdrop(view, *look, values.bounds, layer);
     }
-    if (const DrawContent draw = DrawingOf(view)) {
+    if (const DrawContent draw = DrawingOf(view); draw != nullptr && IsSeen(values.bounds)) {
         cairo_save(context_);
         cairo_translate(context_, values.bounds.origin.x, values.bounds.origin.y);
         draw(view, context_);
@@ -304,13 +305,30 @@ void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewVal
     cairo_restore(context_);
 }
 
-void ViewRenderer::DrawBackdrop(const BlurLook &look, cg::Rect bounds, const LayerState &layer) {
+/// Whether any part of what a view with these bounds may draw itself is within the clip.
+bool ViewRenderer::IsSeen(cg::Rect bounds) const {
+    const cg::Rect drawn = Grown(bounds, kOverhang);
+    double left = 0;
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+    cairo_clip_extents(context_, &left, &top, &right, &bottom);
+    return left < drawn.origin.x + drawn.size.width && right > drawn.origin.x &&
+           top < drawn.origin.y + drawn.size.height && bottom > drawn.origin.y;
+}
+
+void ViewRenderer::DrawBackdrop(ui::View view, const BlurLook &look, cg::Rect bounds, const LayerState &layer) {
     AddRounded(context_, bounds, layer.cornerRadius, layer.corners);
     const PixelRect pixels = PathPixels(context_);
     const Rgba &tint = look.tint;
     const BackdropLook wanted{
         look.deviation * PixelsPerPoint(context_), look.saturation, {tint.r, tint.g, tint.b, tint.a}};
-    if (const Pattern behind = pixels.IsEmpty() ? nullptr : MakeBackdrop(targets_, pixels, wanted)) {
+    Pattern made;
+    Pattern &behind = kept_ != nullptr ? (*kept_)[view.pointer] : made;
+    if (!behind && !pixels.IsEmpty()) {
+        behind = MakeBackdrop(targets_, pixels, wanted);
+    }
+    if (behind) {
         cairo_save(context_);
         cairo_identity_matrix(context_);
         cairo_set_source(context_, behind.get());

@@ -3,7 +3,9 @@
 // corner radii, borders, soft shadows, the order of z positions, blurred backdrops.
 
 #include "apple/uikit/view.hpp"
+#include "render/surface.hpp"
 
+#include <unordered_map>
 #include <vector>
 
 struct _cairo;
@@ -16,11 +18,18 @@ struct ViewValues;
 struct LayerState;
 struct BlurLook;
 
+/// Blurred backdrops by the view that shows them, kept from one drawing of the same picture to the next. Whoever keeps
+/// them takes those out behind which something has changed, and draws these whole.
+using Backdrops = std::unordered_map<objc::id, Pattern>;
+
+/// Points by which a view may draw beyond its bounds: a thumb may be higher than its slider, and has a soft edge.
+inline constexpr double kOverhang = 18;
+
 class ViewRenderer {
   public:
     /// Draws to a context on an image surface, whose user space is in points. Blurred backdrops show whatever has been
-    /// drawn to that surface before.
-    explicit ViewRenderer(_cairo *context);
+    /// drawn to that surface before, or what is kept.
+    explicit ViewRenderer(_cairo *context, Backdrops *kept = nullptr);
     ViewRenderer(const ViewRenderer &) = delete;
     ViewRenderer &operator=(const ViewRenderer &) = delete;
 
@@ -36,11 +45,13 @@ class ViewRenderer {
     void DrawView(ui::View view, const ViewState &state, const ViewValues &values);
     void DrawWithShadow(ui::View view, const ViewState &state, const ViewValues &values, const LayerState &layer);
     void DrawBody(ui::View view, const ViewState &state, const ViewValues &values, const LayerState &layer);
-    void DrawBackdrop(const BlurLook &look, cg::Rect bounds, const LayerState &layer);
+    bool IsSeen(cg::Rect bounds) const;
+    void DrawBackdrop(ui::View view, const BlurLook &look, cg::Rect bounds, const LayerState &layer);
     void DrawSubviews(const ViewState &state);
     void PushGroup();
 
     _cairo *context_;
+    Backdrops *kept_; // may be null
     std::vector<_cairo_surface *> targets_; // the surface drawn to at last, then the groups open on top of it
 };
 

@@ -5,10 +5,11 @@
 #include "objc/encoding_compare.hpp"
 #include "objc/send.hpp"
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <dlfcn.h>
+#include <link.h>
 
 namespace objc::detail {
 namespace {
@@ -32,13 +33,40 @@ void Trace(SendSite &site) {
 }
 #endif
 
+/// Where a file lies in memory.
+struct Extent {
+    std::uintptr_t begin = 0;
+    std::uintptr_t end = 0;
+};
+
+/// Foundation's. It is linked, so that it lies at one place from the start to the end.
+Extent FindFoundation() {
+    Extent extent;
+    dl_iterate_phdr(
+        [](dl_phdr_info *file, std::size_t, void *found) {
+            if (std::strstr(file->dlpi_name, "libgnustep-base") == nullptr) {
+                return 0;
+            }
+            auto &whole = *static_cast<Extent *>(found);
+            for (int i = 0; i < file->dlpi_phnum; ++i) {
+                const auto &part = file->dlpi_phdr[i];
+                if (part.p_type == PT_LOAD) { // in the order of their addresses
+                    whole.begin = whole.end == 0 ? file->dlpi_addr + part.p_vaddr : whole.begin;
+                    whole.end = file->dlpi_addr + part.p_vaddr + part.p_memsz;
+                }
+            }
+            return 1;
+        },
+        &extent);
+    return extent;
+}
+
 /// Foundation's own declarations are the desktop's, whose integers differ; whatever is registered at run time is
 /// written as the phone has it.
 Integers IntegersOf(const char *encoding) {
-    Dl_info place;
-    const bool foundations =
-        dladdr(encoding, &place) != 0 && std::strstr(place.dli_fname, "libgnustep-base") != nullptr;
-    return foundations ? Integers::kLoose : Integers::kExact;
+    static const Extent foundation = FindFoundation();
+    const auto address = reinterpret_cast<std::uintptr_t>(encoding);
+    return address >= foundation.begin && address < foundation.end ? Integers::kLoose : Integers::kExact;
 }
 
 void Check(SendSite &site, Class cls, SEL selector) {

@@ -1,57 +1,19 @@
 // A finger that scrolls until something can be seen.
 
 #include "driver/fingers.hpp"
+#include "driver/grabbing.hpp"
 #include "driver/subjects/subjects.hpp"
 #include "driver/targets.hpp"
 #include "driver/view_properties.hpp"
 #include "runtime/clock.hpp"
-#include "uikit/application.hpp"
-#include "uikit/view.hpp"
-#include "uikit/view_geometry.hpp"
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 namespace sim::driver {
 namespace {
 
-constexpr double kEdge = 6;       // points from a scroll view's edges where a finger lands and turns back
-constexpr double kMargin = 30;    // points that are left between the target and the edge
-constexpr double kTouchSlop = 12; // points that a finger goes before the content follows
-
-bool IsOnControl(ui::View view) {
-    return view && (IsKind(view, "UIControl") || IsOnControl(view.superview()));
-}
-
-/// What can be seen of a scroll view, on the screen.
-cg::Rect VisiblePart(ui::View scrollView) {
-    const cg::Rect rect = ConvertRect(scrollView.bounds(), scrollView, nullptr);
-    const cg::Size screen = ScreenSize();
-    const double left = std::max(rect.origin.x, 0.0);
-    const double top = std::max(rect.origin.y, 0.0);
-    return {{left, top},
-            {std::min(rect.origin.x + rect.size.width, screen.width) - left,
-             std::min(rect.origin.y + rect.size.height, screen.height) - top}};
-}
-
-/// A place near the start of the way where a finger touches the scroll view beside its controls.
-std::optional<cg::Point> PlaceToGrab(ui::View scrollView, cg::Rect part, bool upwards) {
-    constexpr double kStep = 8;
-    const double top = part.origin.y + kEdge;
-    const double bottom = part.origin.y + part.size.height - kEdge;
-    for (const double x : {part.origin.x + kEdge, part.origin.x + part.size.width - kEdge}) {
-        for (int step = 0; step * kStep < (bottom - top) / 2; ++step) {
-            const double way = step * kStep;
-            const cg::Point point{x, upwards ? bottom - way : top + way};
-            const ui::View hit = HitTestScreen(point);
-            if (hit && IsDescendant(hit, scrollView) && !IsOnControl(hit)) {
-                return point;
-            }
-        }
-    }
-    return std::nullopt;
-}
+constexpr double kMargin = 30; // points that are left between the target and the edge
 
 /// One finger draws the content slowly and rests before it is lifted, so that nothing coasts.
 void Draw(cg::Point from, double way) {

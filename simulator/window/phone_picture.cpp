@@ -1,0 +1,71 @@
+#include "window/phone_picture.hpp"
+
+#include "uikit/application.hpp"
+#include "uikit/screenshot.hpp"
+
+#include <cmath>
+#include <cstdlib>
+
+namespace sim::window {
+namespace {
+
+Surface MakeImage(PixelSize size) {
+    return Surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, size.width, size.height));
+}
+
+void Draw(cairo_surface_t *image, double scale, const cairo_region_t *part, Backdrops *kept) {
+    const Context context(cairo_create(image));
+    for (int i = 0; part != nullptr && i < cairo_region_num_rectangles(part); ++i) {
+        cairo_rectangle_int_t box;
+        cairo_region_get_rectangle(part, i, &box);
+        cairo_rectangle(context.get(), box.x, box.y, box.width, box.height);
+    }
+    if (part != nullptr) {
+        cairo_clip(context.get());
+    }
+    cairo_scale(context.get(), scale, scale);
+    DrawScreen(context.get(), kept);
+}
+
+} // namespace
+
+PixelSize SizeIn(double pixelsPerPoint) {
+    const cg::Size size = ScreenSize();
+    return {static_cast<int>(std::lround(size.width * pixelsPerPoint)),
+            static_cast<int>(std::lround(size.height * pixelsPerPoint))};
+}
+
+Region PhonePicture::Update(bool codeRan) {
+    Region changed = changes_.Look(scale_, codeRan, backdrops_);
+    if (cairo_region_is_empty(changed.get())) {
+        return changed;
+    }
+    if (const PixelSize size = SizeIn(scale_); size != size_) {
+        image_ = MakeImage(size);
+        size_ = size;
+    }
+    Draw(image_.get(), scale_, changed.get(), &backdrops_);
+    cairo_surface_flush(image_.get());
+    return changed;
+}
+
+bool PhonePicture::IsTrue() const {
+    // A blur or a shadow that was cut differs by a rounding here and there; what nobody drew anew differs by more.
+    constexpr int kRounding = 2;
+    const Surface fresh = MakeImage(size_);
+    Draw(fresh.get(), scale_, nullptr, nullptr);
+    cairo_surface_flush(fresh.get());
+    const int stride = cairo_image_surface_get_stride(fresh.get());
+    const auto size = static_cast<std::size_t>(stride) *
+                      static_cast<std::size_t>(cairo_image_surface_get_height(fresh.get()));
+    const unsigned char *const mine = cairo_image_surface_get_data(image_.get());
+    const unsigned char *const whole = cairo_image_surface_get_data(fresh.get());
+    for (std::size_t i = 0; i < size; ++i) {
+        if (i % 4 != 3 && std::abs(mine[i] - whole[i]) > kRounding) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace sim::window
