@@ -67,8 +67,6 @@ bool HasShadow(const ViewState &state) {
 
 // What no screen shows (device units). Cairo counts in 24 bits.
 constexpr double kFarthest = 1e6;
-// How far (points) what a view draws itself may reach beyond its bounds: the shadows of knobs.
-constexpr double kOverhang = 10;
 
 cg::Rect Union(cg::Rect a, cg::Rect b) {
     const double left = std::min(a.origin.x, b.origin.x);
