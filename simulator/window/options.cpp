@@ -66,6 +66,7 @@ double ReadScale(const std::string &text) {
 WindowOptions ReadOptions(int count, char **words) {
     WindowOptions options;
     std::vector<std::string> rest{words[0]};
+    bool lacksValue = false;
     for (int i = 1; i < count; ++i) {
         const std::string word = words[i];
         const auto value = [&]() -> std::string {
@@ -92,13 +93,18 @@ WindowOptions ReadOptions(int count, char **words) {
             throw UsageError("the window takes no '" + word + "'");
         } else {
             rest.push_back(word);
-            if (i + 1 < count) {
-                rest.emplace_back(words[++i]);
+            if (++i < count) {
+                rest.emplace_back(words[i]);
+            } else {
+                lacksValue = true;
             }
         }
     }
-    // The simulator reads the rest as its own, for a run whose script the user makes up.
-    rest.insert(rest.end(), {"run", "-"});
+    // The simulator reads the rest as its own, for a run whose script the user makes up. What is cut short must not take
+    // the run for its value.
+    if (!lacksValue) {
+        rest.insert(rest.end(), {"run", "-"});
+    }
     std::vector<char *> pointers;
     pointers.reserve(rest.size());
     for (std::string &word : rest) {

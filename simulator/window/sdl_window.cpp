@@ -1,15 +1,32 @@
 #include "window/sdl_window.hpp"
 
 #include <SDL.h>
+#include <cstdlib>
 #include <vector>
 
 namespace sim::window {
+namespace {
+
+bool IsSet(const char *name) {
+    const char *const value = std::getenv(name);
+    return value != nullptr && *value != '\0';
+}
+
+} // namespace
 
 SdlWindow::SdlWindow() {
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0"); // without a GPU a copy to the screen is the quickest
     SDL_SetHint(SDL_HINT_IME_SHOW_UI, "1");
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+    // Without a desktop SDL would draw where nobody sees it, or take the console over.
+    const bool hasWayland = IsSet("WAYLAND_DISPLAY");
+    if (!hasWayland && !IsSet("DISPLAY")) {
+        throw NoDisplay("no display: neither DISPLAY nor WAYLAND_DISPLAY is set");
+    }
+    if (!hasWayland) {
+        SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
+    }
     if (SDL_Init(SDL_INIT_VIDEO) != 0) {
         throw NoDisplay(std::string("no display: ") + SDL_GetError());
     }

@@ -28,7 +28,7 @@ class Desk:
                    "--frames", *options]
         self.process = subprocess.Popen(
             command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, cwd=self.folder.name,
-            env=os.environ | {"DISPLAY": self.display.name, "SDL_VIDEODRIVER": "x11", "LC_ALL": "C.UTF-8"})
+            env=os.environ | {"DISPLAY": self.display.name, "WAYLAND_DISPLAY": "", "LC_ALL": "C.UTF-8"})
         self.said = []
         self.reader = threading.Thread(target=lambda: self.said.extend(iter(self.process.stdout.readline, "")))
         self.reader.start()
