@@ -262,6 +262,9 @@ SheetPart SheetPartOf(ViewController controller) {
         return {};
     }
     const cg::Rect rest = PresentedFrame(sheet, window);
+    if (!(rest.size.width > 2 * kPushedMargin)) {
+        return {};
+    }
     const double way = shown.center.y - rest.origin.y - rest.size.height / 2;
     const double up = std::clamp(1 - way / shown.bounds.size.height, 0.0, 1.0) * std::clamp(shown.alpha, 0.0, 1.0);
     return {

@@ -143,7 +143,23 @@ void DrawBorder(cairo_t *context, cg::Rect bounds, const LayerState &layer) {
     cairo_set_fill_rule(context, CAIRO_FILL_RULE_WINDING);
 }
 
+/// The frame of a view without its transform.
+cg::Rect PlainFrame(const ViewValues &values) {
+    const cg::Size size = values.bounds.size;
+    return {{values.center.x - size.width / 2, values.center.y - size.height / 2}, size};
+}
+
+SheetPart PartOf(const ViewState &state) {
+    return state.controller ? SheetPartOf(objc::As<ui::ViewController>(state.controller)) : SheetPart{};
+}
+
 } // namespace
+
+cg::AffineTransform SheetTransform(const ViewState &state, const ViewValues &values) {
+    const SheetPart part = PartOf(state);
+    const double top = PlainFrame(values).origin.y;
+    return {part.scale, 0, 0, part.scale, values.center.x * (1 - part.scale), top * (1 - part.scale) + part.moved};
+}
 
 ViewRenderer::ViewRenderer(cairo_t *context, Backdrops *kept)
     : context_(context), kept_(kept), targets_{cairo_get_group_target(context)} {}
@@ -155,9 +171,7 @@ void ViewRenderer::DrawInSuperview(ui::View view) {
     }
     const ViewState &state = ViewStateOf(view);
     cairo_save(context_);
-    if (state.controller) {
-        PlaceForSheet(state, values);
-    }
+    PlaceForSheet(state, values);
     cairo_translate(context_, values.center.x, values.center.y);
     const cg::AffineTransform &t = values.transform;
     const cairo_matrix_t matrix{t.a, t.b, t.c, t.d, t.tx, t.ty};
@@ -170,17 +184,16 @@ void ViewRenderer::DrawInSuperview(ui::View view) {
 
 /// A sheet loses its upper corners; what it covers is drawn smaller, with round corners.
 void ViewRenderer::PlaceForSheet(const ViewState &state, const ViewValues &values) {
-    const SheetPart part = SheetPartOf(objc::As<ui::ViewController>(state.controller));
-    const cg::Size size = values.bounds.size;
-    cg::Rect frame{{values.center.x - size.width / 2, values.center.y - size.height / 2}, size};
+    const SheetPart part = PartOf(state);
+    cg::Rect frame = PlainFrame(values);
     if (part.isSheet) {
         frame.size.height += 2 * kSheetRadius; // the lower corners are out of sight
         AddRounded(context_, frame, kSheetRadius, Corners::kContinuous);
         cairo_clip(context_);
     } else if (part.pushedBack > 0) {
-        cairo_translate(context_, values.center.x, frame.origin.y + part.moved);
-        cairo_scale(context_, part.scale, part.scale);
-        cairo_translate(context_, -values.center.x, -frame.origin.y);
+        const cg::AffineTransform t = SheetTransform(state, values);
+        const cairo_matrix_t matrix{t.a, t.b, t.c, t.d, t.tx, t.ty};
+        cairo_transform(context_, &matrix);
         AddRounded(context_, frame, part.pushedBack * kSheetRadius / part.scale, Corners::kContinuous);
         cairo_clip(context_);
     }

@@ -25,6 +25,10 @@ using Backdrops = std::unordered_map<objc::id, Pattern>;
 /// Points by which a view may draw beyond its bounds: a thumb may be higher than its slider, and has a soft edge.
 inline constexpr double kOverhang = 18;
 
+/// Where a sheet makes a controller's view show, in its superview's space: smaller and further down while one is above
+/// it. Identity for every other view.
+cg::AffineTransform SheetTransform(const ViewState &state, const ViewValues &values);
+
 class ViewRenderer {
   public:
     /// Draws to a context on an image surface, whose user space is in points. Blurred backdrops show whatever has been

@@ -137,6 +137,15 @@ TEST_F(Images, TheScreenShowsItsWindows) {
     };
     EXPECT_EQ(at(250, 250), kRed);
     EXPECT_EQ(at(10, 10), kBlue);
+    EXPECT_EQ(at(390, 2 * 844 - 21), 0xFFFFFFFF) << "the home indicator, light over what is dark";
+    shown->setBackgroundColor(Rgb(0xFFFF00));
+    ASSERT_TRUE(sim::WriteScreenshot(path));
+    const sim::Surface light(cairo_image_surface_create_from_png(path.c_str()));
+    std::filesystem::remove(path);
+    const auto *row = reinterpret_cast<const std::uint32_t *>(cairo_image_surface_get_data(light.get()) +
+                                                              std::ptrdiff_t{2 * 844 - 21} *
+                                                                  cairo_image_surface_get_stride(light.get()));
+    EXPECT_EQ(row[390] & 0xFFFFFF, 0U) << "dark over what is light";
     EXPECT_FALSE(sim::WriteScreenshot("/no/such/directory/screen.png"));
     shown->setHidden(true);
     sim::DisconnectScene(scene);
