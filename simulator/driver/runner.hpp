@@ -12,8 +12,8 @@ namespace sim::driver {
 /// How a run ended, as the process's exit status.
 enum class Outcome { kHeld = 0, kFailed = 1, kError = 2, kExceptionReachedHost = 3 };
 
-/// Runs work that the host or the system would do, in an autorelease pool; throws hosts::ReachedHost for an exception of
-/// the platform's kind that comes out of it.
+/// Runs work that the host or the system would do, in an autorelease pool; throws hosts::ReachedHost for an exception
+/// of the platform's kind that comes out of it.
 void AsHost(const std::function<void()> &work);
 
 /// Plays one line, to the end of what is due then; the first that is no `setup` launches the app before. Throws

@@ -55,7 +55,7 @@ class ViewRenderer {
     void PushGroup();
 
     _cairo *context_;
-    Backdrops *kept_; // may be null
+    Backdrops *kept_;                       // may be null
     std::vector<_cairo_surface *> targets_; // the surface drawn to at last, then the groups open on top of it
 };
 

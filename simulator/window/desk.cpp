@@ -40,11 +40,10 @@ struct KeyOf {
     EditKey key;
 };
 
-constexpr KeyOf kKeys[] = {{SDLK_RETURN, EditKey::kReturn},       {SDLK_KP_ENTER, EditKey::kReturn},
-                           {SDLK_BACKSPACE, EditKey::kBackspace}, {SDLK_DELETE, EditKey::kDelete},
-                           {SDLK_LEFT, EditKey::kLeft},           {SDLK_RIGHT, EditKey::kRight},
-                           {SDLK_HOME, EditKey::kHome},           {SDLK_END, EditKey::kEnd},
-                           {SDLK_ESCAPE, EditKey::kHideKeyboard}};
+constexpr KeyOf kKeys[] = {
+    {SDLK_RETURN, EditKey::kReturn}, {SDLK_KP_ENTER, EditKey::kReturn}, {SDLK_BACKSPACE, EditKey::kBackspace},
+    {SDLK_DELETE, EditKey::kDelete}, {SDLK_LEFT, EditKey::kLeft},       {SDLK_RIGHT, EditKey::kRight},
+    {SDLK_HOME, EditKey::kHome},     {SDLK_END, EditKey::kEnd},         {SDLK_ESCAPE, EditKey::kHideKeyboard}};
 
 class Desk {
   public:
@@ -116,8 +115,8 @@ class Desk {
         const double width = window_.width();
         const double height = window_.height();
         screen_ = ScreenSize();
-        const double panel = std::clamp(std::min(height / kLeastPanelHeight, width / (2 * kPanelWidth)), 1.0,
-                                        std::max(scale_, 1.0));
+        const double panel =
+            std::clamp(std::min(height / kLeastPanelHeight, width / (2 * kPanelWidth)), 1.0, std::max(scale_, 1.0));
         const double around = 2 * (kAround + kCase) * panel;
         const double room = width - kPanelWidth * panel;
         const double fits = std::min((room - around) / screen_.width, (height - around) / screen_.height);
@@ -182,7 +181,8 @@ class Desk {
     }
 
     void WaitForFrame(std::int64_t number) const {
-        const std::uint64_t due = start_ + static_cast<std::uint64_t>((number * 1000 + Frames::kPerSecond - 1) / Frames::kPerSecond);
+        const std::uint64_t due =
+            start_ + static_cast<std::uint64_t>((number * 1000 + Frames::kPerSecond - 1) / Frames::kPerSecond);
         // The clock that sleeps and the clock that counts differ by a hair, so that one sleep may be too short.
         for (std::uint64_t now = SDL_GetTicks64(); now < due; now = SDL_GetTicks64()) {
             SDL_Delay(static_cast<Uint32>(due - now));
@@ -325,8 +325,9 @@ class Desk {
     void DrawComposed(cairo_t *context) const {
         const double scale = panel_.scale();
         cairo_save(context);
-        cairo_translate(context, std::max(editing_.origin.x - phone_.origin.x, 0.0),
-                        std::clamp(editing_.origin.y - phone_.origin.y + 30 * scale, 0.0, phone_.size.height - 30 * scale));
+        cairo_translate(
+            context, std::max(editing_.origin.x - phone_.origin.x, 0.0),
+            std::clamp(editing_.origin.y - phone_.origin.y + 30 * scale, 0.0, phone_.size.height - 30 * scale));
         cairo_scale(context, scale, scale);
         const cg::Rect box{{6, 0}, {std::max(phone_.size.width / scale - 40, 60.0), 26}};
         SetPaint(context, kBoxColor);

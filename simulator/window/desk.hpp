@@ -7,7 +7,7 @@
 
 namespace sim::driver {
 struct Session;
-}
+} // namespace sim::driver
 
 namespace sim::window {
 

@@ -42,11 +42,11 @@ class Fingers {
     bool two_ = false;
     cg::Point last_;
 
-    cg::Point over_;                  // where the wheel turns
-    double left_ = 0;                 // points that its finger has still to go
-    int rested_ = 0;                  // milliseconds since it last moved
-    std::optional<cg::Point> holds_;  // where it is
-    cg::Rect part_;                   // that it must not leave
+    cg::Point over_;                 // where the wheel turns
+    double left_ = 0;                // points that its finger has still to go
+    int rested_ = 0;                 // milliseconds since it last moved
+    std::optional<cg::Point> holds_; // where it is
+    cg::Rect part_;                  // that it must not leave
 };
 
 } // namespace sim::window

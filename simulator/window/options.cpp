@@ -100,8 +100,8 @@ WindowOptions ReadOptions(int count, char **words) {
             }
         }
     }
-    // The simulator reads the rest as its own, for a run whose script the user makes up. What is cut short must not take
-    // the run for its value.
+    // The simulator reads the rest as its own, for a run whose script the user makes up. What is cut short must not
+    // take the run for its value.
     if (!lacksValue) {
         rest.insert(rest.end(), {"run", "-"});
     }

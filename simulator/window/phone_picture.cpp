@@ -56,8 +56,8 @@ bool PhonePicture::IsTrue() const {
     Draw(fresh.get(), scale_, nullptr, nullptr);
     cairo_surface_flush(fresh.get());
     const int stride = cairo_image_surface_get_stride(fresh.get());
-    const auto size = static_cast<std::size_t>(stride) *
-                      static_cast<std::size_t>(cairo_image_surface_get_height(fresh.get()));
+    const auto size =
+        static_cast<std::size_t>(stride) * static_cast<std::size_t>(cairo_image_surface_get_height(fresh.get()));
     const unsigned char *const mine = cairo_image_surface_get_data(image_.get());
     const unsigned char *const whole = cairo_image_surface_get_data(fresh.get());
     for (std::size_t i = 0; i < size; ++i) {

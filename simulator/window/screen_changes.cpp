@@ -112,9 +112,9 @@ std::uint64_t CommonLook(double scale) {
 /// What one view showed.
 struct ScreenChanges::Seen {
     objc::id view = nullptr;
-    cairo_rectangle_int_t box{};  // its pixels and its shadow's, as far as they can be seen
-    std::uint64_t values = 0;     // of everything but what it draws itself
-    std::uint64_t content = 0;    // of what it draws itself
+    cairo_rectangle_int_t box{};      // its pixels and its shadow's, as far as they can be seen
+    std::uint64_t values = 0;         // of everything but what it draws itself
+    std::uint64_t content = 0;        // of what it draws itself
     cairo_rectangle_int_t shadowed{}; // of a view with a shadow: no part of these can be drawn without the rest
     cairo_rectangle_int_t behind{};   // of a blur: all that comes into it
 };
@@ -170,9 +170,9 @@ class ScreenChanges::Walk {
         const bool shadow = layer.shadowOpacity > 0 && layer.shadowRadius >= 0 && !state.clipsToBounds;
 
         Fingerprint print = above;
-        for (const double number : {matrix.xx, matrix.yx, matrix.xy, matrix.yy, matrix.x0, matrix.y0,
-                                    values.bounds.size.width, values.bounds.size.height, values.alpha,
-                                    layer.cornerRadius, layer.zPosition, layer.borderWidth}) {
+        for (const double number :
+             {matrix.xx, matrix.yx, matrix.xy, matrix.yy, matrix.x0, matrix.y0, values.bounds.size.width,
+              values.bounds.size.height, values.alpha, layer.cornerRadius, layer.zPosition, layer.borderWidth}) {
             print.Mix(number);
         }
         print.Mix(RgbaOf(values.backgroundColor));
@@ -240,7 +240,8 @@ class ScreenChanges::Walk {
         const double scale = std::min(pixelsPerPoint, std::sqrt(kMostPixels / std::max(width * height, 1.0)));
         const int columns = std::min(2 * static_cast<int>(std::ceil(width * scale / 2)), // two are one word below
                                      cairo_image_surface_get_width(scratch_));
-        const int rows = std::min(static_cast<int>(std::ceil(height * scale)), cairo_image_surface_get_height(scratch_));
+        const int rows =
+            std::min(static_cast<int>(std::ceil(height * scale)), cairo_image_surface_get_height(scratch_));
         unsigned char *const pixels = cairo_image_surface_get_data(scratch_);
         const auto stride = static_cast<std::size_t>(cairo_image_surface_get_stride(scratch_));
         const auto length = static_cast<std::size_t>(columns) * 4;
@@ -280,7 +281,8 @@ class ScreenChanges::Walk {
 };
 
 ScreenChanges::ScreenChanges()
-    : seen_(std::make_unique<std::vector<Seen>>()), scratch_(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 2048, 1024)) {}
+    : seen_(std::make_unique<std::vector<Seen>>()),
+      scratch_(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 2048, 1024)) {}
 
 ScreenChanges::~ScreenChanges() = default;
 

@@ -2,8 +2,8 @@
 
 #include "hosts/record.hpp"
 #include "script/expectation.hpp"
-#include "uikit/drawing.hpp"
 #include "uikit/application.hpp"
+#include "uikit/drawing.hpp"
 #include "uikit/orientation.hpp"
 #include "uikit/view_geometry.hpp"
 #include "window/host_events.hpp"
@@ -34,15 +34,16 @@ std::vector<std::string> Comments() {
 }
 
 std::string HoldName(Orientation orientation) {
-    return orientation == Orientation::kPortrait       ? "portrait"
-           : orientation == Orientation::kLandscapeLeft ? "left"
+    return orientation == Orientation::kPortrait         ? "portrait"
+           : orientation == Orientation::kLandscapeLeft  ? "left"
            : orientation == Orientation::kLandscapeRight ? "right"
                                                          : "upside-down";
 }
 
 bool HasScreen(const char *name) {
     const auto models = ScreenModels();
-    const auto model = std::ranges::find_if(models, [name](const ScreenModel &each) { return each.name == std::string_view(name); });
+    const auto model =
+        std::ranges::find_if(models, [name](const ScreenModel &each) { return each.name == std::string_view(name); });
     const cg::Size size = ScreenSize();
     return model != models.end() && model->size.width == std::min(size.width, size.height) &&
            model->size.height == std::max(size.width, size.height);
@@ -52,9 +53,7 @@ bool HasScreen(const char *name) {
 
 SidePanel::SidePanel(LiveRun &run, const std::string &host, const Texts &texts, std::function<void()> save)
     : run_(run), texts_(texts), comments_(texts.comments, texts.noComments), log_(texts.log, texts.noLog) {
-    const auto held = [](const char *name) {
-        return [name] { return HoldName(HeldOrientation()) == name; };
-    };
+    const auto held = [](const char *name) { return [name] { return HoldName(HeldOrientation()) == name; }; };
     const auto screen = [](const char *name) { return [name] { return HasScreen(name); }; };
     AddRow(host, {{"enter", texts.enterRoom, [this] { run_.Do(EnterRoom(++rooms_)); }},
                   Line("leave", texts.leaveRoom, "host leave")});

@@ -85,8 +85,8 @@ class SidePanel {
     std::string message_;
     ListBox comments_;
     ListBox log_;
-    double foot_ = 0;            // where the part below the lists begins
-    std::string drawnLook_;      // of the buttons
+    double foot_ = 0;       // where the part below the lists begins
+    std::string drawnLook_; // of the buttons
     bool backgroundDue_ = true;
 };
 

@@ -16,8 +16,8 @@ class Typing {
     /// Whether a text is being edited.
     static bool IsUnderWay();
 
-    /// What the keyboard or its input method has made (UTF-8). A number pad takes the digits of it. Ignored, as are keys,
-    /// while nothing is being edited.
+    /// What the keyboard or its input method has made (UTF-8). A number pad takes the digits of it. Ignored, as are
+    /// keys, while nothing is being edited.
     void Enter(const std::string &text);
     void Press(EditKey key);
 
