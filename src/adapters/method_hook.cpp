@@ -1,9 +1,11 @@
 #include "adapters/method_hook.hpp"
 
+#include "adapters/host_access.hpp"
 #include "adapters/method_types.hpp"
-#include "objc/guard.hpp"
+#include "apple/dispatch/queue.hpp"
 
 #include <cstdlib>
+#include <utility>
 
 namespace corvel {
 namespace {
@@ -36,16 +38,28 @@ bool CanStandFor(const char *types, objc::SEL selector, bool usesFirstAsObject) 
 
 namespace detail {
 
-Kept::Kept(objc::id self, objc::id argument) {
-    objc::Guard([&] {
-        self_ = objc::Object{self};
-        argument_ = objc::Object{argument};
-    });
-}
+Kept::Kept(objc::id self, objc::id argument)
+    : self_(HeldIfAlive(ns::Object{self})), argument_(HeldIfAlive(ns::Object{argument})) {}
 
 Kept::~Kept() {
-    objc::Guard([&] { argument_ = nullptr; });
-    objc::Guard([&] { self_ = nullptr; });
+    LetGo(argument_);
+    LetGo(self_);
+}
+
+void RunOnMainAfterDealloc(void (*bodies)(objc::id self, objc::id argument), objc::id self) {
+    dispatch::AsyncOnMain([bodies, self] { bodies(self, nullptr); });
+}
+
+void Kept::RunOnMain(void (*bodies)(objc::id self, objc::id argument)) {
+    if (!self_) {
+        return;
+    }
+    dispatch::AsyncOnMain(
+        [bodies, self = std::exchange(self_, nullptr), argument = std::exchange(argument_, nullptr)]() mutable {
+            bodies(self.get().pointer, argument.get().pointer);
+            LetGo(argument);
+            LetGo(self);
+        });
 }
 
 } // namespace detail

@@ -9,9 +9,11 @@
 // exactly once, with exactly what it received, and then Moved(view). What the host's method itself throws passes
 // through to the host's caller, as it would without the hook.
 
+#include "apple/foundation/thread.hpp"
 #include "objc/class_builder.hpp"
 #include "objc/ref.hpp"
 
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -60,9 +62,9 @@ template <class View, auto Body> inline constexpr bool kTakesFirst = !std::is_in
 template <auto Body> inline constexpr bool kIsNothing = false;
 template <> inline constexpr bool kIsNothing<kNothing> = true;
 
-/// The method's first argument when the body takes it, else nil.
-template <class View, auto Body, class... A> objc::id FirstFor([[maybe_unused]] A... arguments) {
-    if constexpr (kTakesFirst<View, Body>) {
+/// The method's first argument when it is wanted, else nil.
+template <bool Wanted, class... A> objc::id FirstArgument([[maybe_unused]] A... arguments) {
+    if constexpr (Wanted) {
         const Word words[] = {arguments...};
         return reinterpret_cast<objc::id>(words[0]);
     } else {
@@ -79,8 +81,8 @@ template <class View, auto Body> void Call(objc::id self, [[maybe_unused]] objc:
     }
 }
 
-/// Keeps alive what the method itself may give up: its receiver and an argument (may be nil). An exception out of a
-/// host's own retain or release ends here.
+/// What a hook's bodies are called with, kept alive although the method itself may give it up. What is being
+/// deallocated already cannot be kept.
 class Kept {
   public:
     Kept(objc::id self, objc::id argument);
@@ -88,25 +90,55 @@ class Kept {
     Kept &operator=(const Kept &) = delete;
     ~Kept();
 
+    /// Runs the bodies with both in a later turn of the main queue. Without a receiver nothing happens.
+    void RunOnMain(void (*bodies)(objc::id self, objc::id argument));
+
   private:
-    objc::Ref<objc::Object> self_;
-    objc::Ref<objc::Object> argument_;
+    objc::Ref<ns::Object> self_;
+    objc::Ref<ns::Object> argument_;
 };
+
+/// Runs the bodies of a hook on dealloc in a later turn of the main queue. The receiver is gone by then: they may look
+/// at the pointer and at nothing behind it.
+void RunOnMainAfterDealloc(void (*bodies)(objc::id self, objc::id argument), objc::id self);
 
 template <class View, objc::FixedString Name, auto First, auto Then> struct Replacement {
     static inline constinit objc::IMP previous = nullptr;
 
+    static constexpr bool kTakesFirstArgument = kTakesFirst<View, First> || kTakesFirst<View, Then>;
+
+    static void Bodies(objc::id self, objc::id first) {
+        Call<View, First>(self, first);
+        Call<View, Then>(self, first);
+    }
+
     template <class... A> static Word Run(objc::id self, objc::SEL selector, A... arguments) {
-        Call<View, First>(self, FirstFor<View, First>(arguments...));
         const auto method = reinterpret_cast<Word (*)(objc::id, objc::SEL, A...)>(previous);
-        if constexpr (kIsNothing<Then>) {
+        if constexpr (kIsNothing<First> && kIsNothing<Then>) {
             return method(self, selector, arguments...);
         } else {
-            const objc::id first = FirstFor<View, Then>(arguments...);
-            const Kept kept(self, first);
-            const Word result = method(self, selector, arguments...);
-            Call<View, Then>(self, first);
-            return result;
+            const objc::id first = FirstArgument<kTakesFirstArgument>(arguments...);
+            if (!ns::Thread::isMainThread()) {
+                // All that is ours is the main thread's. The method is not kept waiting for that.
+                if constexpr (std::string_view(Name.data) == "dealloc") {
+                    RunOnMainAfterDealloc(&Bodies, self);
+                    return method(self, selector, arguments...);
+                } else {
+                    Kept kept(self, first);
+                    const Word result = method(self, selector, arguments...);
+                    kept.RunOnMain(&Bodies);
+                    return result;
+                }
+            }
+            Call<View, First>(self, first);
+            if constexpr (kIsNothing<Then>) {
+                return method(self, selector, arguments...);
+            } else {
+                const Kept kept(self, first);
+                const Word result = method(self, selector, arguments...);
+                Call<View, Then>(self, first);
+                return result;
+            }
         }
     }
     template <std::size_t... I> static constexpr auto Function(std::index_sequence<I...>) {
@@ -122,7 +154,7 @@ template <class View, objc::FixedString Name, auto First, auto Then = detail::kN
     using Replacement = detail::Replacement<View, Name, First, Then>;
     constexpr auto kArguments = std::make_index_sequence<detail::ArgumentCount(Name)>{};
     return {View::kClassName, &objc::Selector<Name>, reinterpret_cast<objc::IMP>(Replacement::Function(kArguments)),
-            &Replacement::previous, detail::kTakesFirst<View, First> || detail::kTakesFirst<View, Then>};
+            &Replacement::previous, Replacement::kTakesFirstArgument};
 }
 
 /// The row whose method runs first.

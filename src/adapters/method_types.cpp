@@ -54,6 +54,10 @@ bool TakesObjectFirst(const char *types) {
     return first.at[0] == '@' && first.at[1] != '?';
 }
 
+bool IsObjectGetter(const char *types) {
+    return IsGetter(types, "@");
+}
+
 bool IsIntegerGetter(const char *types) {
     return IsGetter(types, "sSiIlLqQ");
 }

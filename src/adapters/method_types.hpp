@@ -15,6 +15,9 @@ bool TravelsInGeneralRegisters(const char *types, std::size_t argumentCount);
 /// Whether the first argument of a method declared with the types is an object (a block is none).
 bool TakesObjectFirst(const char *types);
 
+/// Whether a method declared with the types takes no argument and gives an object.
+bool IsObjectGetter(const char *types);
+
 /// Whether a method declared with the types takes no argument and gives an integer other than BOOL, of 16 to 64 bits.
 bool IsIntegerGetter(const char *types);
 

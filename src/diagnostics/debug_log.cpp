@@ -12,16 +12,17 @@ constexpr unsigned long kLargestLog = 40000;
 
 void Append(ns::String message) {
     const ns::String date = ns::Date::date().descriptionWithLocale(ns::Locale::currentLocale());
-    ns::String log = kLogBuffer.Read().stringByAppendingString(FormatString("[%@] %@\n"_ns, date, message));
-    if (log.length() > kLargestLog) {
-        // The cut may fall inside a line: no boundary is looked for.
-        log = log.substringFromIndex(log.length() - kLargestLog);
-    }
+    const ns::String log = kLogBuffer.Read().stringByAppendingString(FormatString("[%@] %@\n"_ns, date, message));
     // Not synchronised: the log can wait for the store's own schedule.
-    kLogBuffer.Store(log);
+    kLogBuffer.Store(LogTail(log));
 }
 
 } // namespace
+
+ns::String LogTail(ns::String text) {
+    const unsigned long length = text.length();
+    return length > kLargestLog ? text.substringFromIndex(length - kLargestLog) : text;
+}
 
 void DebugLogArguments(ns::String format, std::span<const FormatArgument> arguments) {
     objc::Guard([&] {

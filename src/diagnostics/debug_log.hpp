@@ -5,6 +5,10 @@
 
 namespace corvel {
 
+/// The last 40000 UTF-16 units of a text, which is as much as the log holds. The cut may fall inside a line or a
+/// character: no boundary is looked for.
+ns::String LogTail(ns::String text);
+
 /// Appends one line with the arguments packed; see DebugLog.
 void DebugLogArguments(ns::String format, std::span<const FormatArgument> arguments);
 

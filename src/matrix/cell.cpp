@@ -36,6 +36,13 @@ TitleFit Fit(ns::String text, cg::Size box, ns::Dictionary attributes) {
     });
 }
 
+/// Whether the cell shows this text already, fitted to this size and font: measuring is what a layout costs.
+bool IsFitted(ui::Button cell, ns::String text, cg::Size size, ui::Font font) {
+    const auto shown = objc::GetAssociated<ns::String>(cell, kFullText);
+    return shown && cell.bounds().size == size && cell.titleLabel().font().pointSize() == font.pointSize() &&
+           shown.isEqualToString(text);
+}
+
 } // namespace
 
 CellStyle::CellStyle(double scale)
@@ -62,12 +69,16 @@ ui::Button AddCell(ui::View container, int index) {
 }
 
 void UpdateCell(ui::Button cell, int index, const GridGeometry &geometry, const CellStyle &style) {
+    const objc::Ref<ns::String> text = SlotDisplayText(index);
+    const bool fitted = IsFitted(cell, text, geometry.cellSize(), style.titleFont());
     cell.setHidden(false);
     cell.setFrame(geometry.CellFrame(index));
     cell.setBackgroundColor(style.background());
     cell.setTitleColor(style.titleColor(), UIControlStateNormal);
     cell.titleLabel().setFont(style.titleFont());
-    const objc::Ref<ns::String> text = SlotDisplayText(index);
+    if (fitted) {
+        return;
+    }
     objc::SetAssociated(cell, kFullText, text);
     // The title carries no mark of its own where it is cut: the dot alone tells it.
     const TitleFit fit = Fit(text, geometry.TitleBox(), style.attributes());

@@ -3,6 +3,7 @@
 #include "apple/foundation/number.hpp"
 #include "apple/uikit/keyboard.hpp"
 #include "apple/uikit/window.hpp"
+#include "matrix/slot_editor_views.hpp"
 #include "objc/guard.hpp"
 
 #include <algorithm>
@@ -30,12 +31,18 @@ void MoveBack(const objc::Ref<ui::View> &box, double duration) {
         duration, objc::MakeBlock<void()>([=] { box->setCenter({box->center().x, ScreenHeight() * 0.5}); }));
 }
 
+/// The editor's controller: what answers next behind the view that the box is in.
+ui::ViewController ControllerOf(ui::View box) {
+    return objc::As<ui::ViewController>(box.superview().nextResponder());
+}
+
 /// Anybody may post such a notification, with anything or nothing in it.
 template <class React> ns::Object Observe(ns::String name, ui::View box, React react) {
     const auto observer = [weakBox = objc::WeakRef<ui::View>(box), react](ns::Notification notification) {
         const objc::Ref<ui::View> present = weakBox.Lock();
         if (present) {
             objc::Guard([&] { react(present, notification.userInfo()); });
+            UntieIfGone(ControllerOf(present)); // the app may have taken it away: nothing else tells
         }
     };
     return ns::NotificationCenter::defaultCenter().addObserverForName(

@@ -1,5 +1,6 @@
 #include "matrix/slot_editor.hpp"
 
+#include "apple/dispatch/queue.hpp"
 #include "apple/foundation/notifications.hpp"
 #include "apple/foundation/number.hpp"
 #include "apple/foundation/user_defaults.hpp"
@@ -17,6 +18,9 @@ namespace {
 /// On an editor's view controller: the tokens of its keyboard observers.
 constexpr objc::AssociationKey kShowObserver{"dm_ks"};
 constexpr objc::AssociationKey kHideObserver{"dm_kh"};
+
+/// Time for a dismissal to come to its end.
+constexpr std::int64_t kDismissalNanoseconds = 1'000'000'000;
 
 void RemoveObserver(ui::ViewController holder, const objc::AssociationKey &key) {
     if (const auto token = objc::GetAssociated<ns::Object>(holder, key)) {
@@ -36,9 +40,9 @@ void DismissSlotEditor(ns::Object sender) {
     RemoveObserver(holder, kShowObserver);
     RemoveObserver(holder, kHideObserver);
     top->dismissViewControllerAnimated(true, nullptr);
-    if (top.get() == controller) {
-        UntieSlotEditor(controller);
-    }
+    // Later, for a controller of the app's may swallow the dismissal.
+    dispatch::AfterOnMain(kDismissalNanoseconds,
+                          [editor = objc::Ref<ui::ViewController>(controller)] { UntieIfGone(editor); });
 }
 
 void StoreSlot(int index, ns::String text) {
@@ -66,6 +70,7 @@ void HandleCellLongPress(objc::Class, objc::SEL, ui::GestureRecognizer recognize
     objc::SetAssociated(editor.controller, kHideObserver, observers.willHide);
     PresentOnTop(editor.controller,
                  objc::MakeBlock<void()>([textView = editor.textView] { textView->becomeFirstResponder(); }));
+    UntieIfGone(editor.controller); // there may have been nobody to present it
 }
 
 void HandleEditorSave(objc::Class, objc::SEL, ns::Object sender) {

@@ -104,7 +104,10 @@ SlotEditor BuildSlotEditor(int index, ns::String text) {
     return editor;
 }
 
-void UntieSlotEditor(ui::ViewController controller) {
+void UntieIfGone(ui::ViewController controller) {
+    if (controller.presentingViewController()) {
+        return;
+    }
     const auto box = objc::As<ui::View>(controller.view().subviews().firstObject());
     for (const ui::View view : box.subviews()) {
         objc::SetAssociated(view, kEditorController, nullptr);

@@ -23,7 +23,8 @@ struct SlotEditor {
 /// Builds the editor of the slot with that index around the text.
 SlotEditor BuildSlotEditor(int index, ns::String text);
 
-/// Makes an editor that is being closed let go of itself: its controls hold its controller, which holds them.
-void UntieSlotEditor(ui::ViewController controller);
+/// Makes an editor that nobody presents any more, whoever took it away, let go of itself: its controls hold its
+/// controller, which holds them. One that is presented still works on.
+void UntieIfGone(ui::ViewController controller);
 
 } // namespace corvel

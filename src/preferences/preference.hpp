@@ -10,13 +10,16 @@
 
 namespace corvel {
 
-/// The lowest and the highest value that a control of the settings panel can choose.
+/// The lowest and the highest value of a kind: that a control of the settings panel can choose, or that is of use.
 struct Range {
     double least = 0;
     double most = 0;
 
     constexpr double middle() const {
         return (least + most) / 2;
+    }
+    constexpr double Clamped(double value) const {
+        return std::clamp(value, least, most);
     }
 };
 
@@ -69,11 +72,12 @@ class BoolPreference : public Preference {
 
 class FloatPreference : public Preference {
   public:
-    constexpr FloatPreference(ns::Literal key, double fallback, Range slider)
-        : Preference(key), fallback_(fallback), slider_(slider) {}
+    /// What is stored below or above the usable range, which an import may bring, counts as its end.
+    constexpr FloatPreference(ns::Literal key, double fallback, Range slider, Range usable)
+        : Preference(key), fallback_(fallback), slider_(slider), usable_(usable) {}
 
     double Read() const {
-        return ReadFloatPreference(key(), fallback_);
+        return usable_.Clamped(ReadFloatPreference(key(), fallback_));
     }
     /// What a slider shows: with nothing stored it stands in the middle, whatever is in use then. That is wanted.
     double ReadForSlider() const {
@@ -93,17 +97,21 @@ class FloatPreference : public Preference {
   private:
     double fallback_;
     Range slider_;
+    Range usable_;
 };
 
 /// A coordinate on the screen, in points; its default follows from the screen's length in that direction.
 class PlacePreference : public Preference {
+    /// Beyond any screen, and far from where the platform's arithmetic ends.
+    static constexpr Range kUsable{-100'000, 100'000};
+
   public:
     constexpr PlacePreference(ns::Literal key, double share, double offset)
         : Preference(key), share_(share), offset_(offset) {}
 
     /// By default the share of the screen's length (points) plus the offset (points).
     double Read(double screenLength) const {
-        return ReadFloatPreference(key(), (screenLength * share_) + offset_);
+        return kUsable.Clamped(ReadFloatPreference(key(), (screenLength * share_) + offset_));
     }
     void Store(double value) const {
         Defaults().setFloat(static_cast<float>(value), key());

@@ -11,11 +11,15 @@ namespace corvel {
 /// What every key begins with. Export, import and reset act on all keys that carry it and on no other key.
 inline constexpr ns::Literal kKeyPrefix = "Corvel."_literal;
 
-// The matrix. The font's size is in points, before scaling; colours are written #RRGGBB.
+/// What is fainter than this cannot be found, and from 0.01 on takes no touches.
+inline constexpr Range kUsableAlpha{0.05, 1};
 
-inline constexpr FloatPreference kMatrixScale{"Corvel.config.matrixScale"_literal, 1.0, {0.5, 1.5}};
-inline constexpr FloatPreference kMatrixAlpha{"Corvel.config.matrixAlpha"_literal, 0.9, {0.1, 1.0}};
-inline constexpr FloatPreference kFontSize{"Corvel.config.fontSize"_literal, 11.0, {8, 20}};
+// The matrix. The font's size is in points, before scaling; colours are written #RRGGBB. What is usable is far beyond
+// the sliders, and short of what would exhaust the memory by its pictures.
+
+inline constexpr FloatPreference kMatrixScale{"Corvel.config.matrixScale"_literal, 1.0, {0.5, 1.5}, {0.05, 20}};
+inline constexpr FloatPreference kMatrixAlpha{"Corvel.config.matrixAlpha"_literal, 0.9, {0.1, 1.0}, kUsableAlpha};
+inline constexpr FloatPreference kFontSize{"Corvel.config.fontSize"_literal, 11.0, {8, 20}, {1, 400}};
 inline constexpr StringPreference kMatrixBackgroundColor{"Corvel.config.matrixBackgroundColor"_literal,
                                                          "#000000"_literal};
 inline constexpr StringPreference kButtonBackgroundColor{"Corvel.config.buttonBgColor"_literal, "#333333"_literal};
@@ -28,7 +32,8 @@ inline constexpr IntegerPreference kGridCustomRows{"Corvel.config.gridCustomRows
 
 // The float button and the capture button.
 
-inline constexpr FloatPreference kFloatButtonAlpha{"Corvel.config.floatButtonAlpha"_literal, 1.0, {0.1, 1.0}};
+inline constexpr FloatPreference kFloatButtonAlpha{
+    "Corvel.config.floatButtonAlpha"_literal, 1.0, {0.1, 1.0}, kUsableAlpha};
 inline constexpr BoolPreference kFloatAutoSnap{"Corvel.config.floatAutoSnap"_literal};
 inline constexpr PlacePreference kFloatButtonX{"Corvel.position.floatButton.x"_literal, 1, -40};
 inline constexpr PlacePreference kFloatButtonY{"Corvel.position.floatButton.y"_literal, 0.45, 0};

@@ -1,6 +1,7 @@
 #include "settings/log_viewer.hpp"
 
 #include "apple/uikit/pasteboard.hpp"
+#include "diagnostics/debug_log.hpp"
 #include "overlay/toast.hpp"
 #include "preferences/preferences.hpp"
 #include "settings/alert.hpp"
@@ -19,7 +20,7 @@ void SetDebugFeatures(bool on) {
 }
 
 void HandleShowLog(objc::Class, objc::SEL) {
-    const objc::Ref<ns::String> log = ReadStringPreference(kLogBuffer.key(), u"暂无日志"_ns);
+    const objc::Ref<ns::String> log = LogTail(ReadStringPreference(kLogBuffer.key(), u"暂无日志"_ns));
     Alert(u"调试日志"_ns, log)
         // Copies what is shown, the words for an empty log too.
         .Answer(u"复制日志"_ns, UIAlertActionStyleDefault,

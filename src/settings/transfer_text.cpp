@@ -51,7 +51,7 @@ objc::Ref<ns::Dictionary> Decode(ns::String text) {
     const bool isPacked = text.hasPrefix("DM1:"_ns) || text.hasPrefix("CV1:"_ns);
     const objc::Ref<ns::Data> json =
         isPacked ? Unpack(text) : objc::Ref<ns::Data>(text.dataUsingEncoding(NSUTF8StringEncoding));
-    if (!json) {
+    if (!json || json->length() > kLargestText) {
         return {};
     }
     const ns::Object parsed = ns::JSONSerialization::JSONObjectWithData(json, 0, nullptr);

@@ -1,5 +1,6 @@
 #include "adapters/method_hook.hpp"
 
+#include "adapters/host_access.hpp"
 #include "objc/block.hpp"
 #include "objc/guard.hpp"
 #include "runtime_support.hpp"
@@ -282,6 +283,34 @@ TEST_F(MethodHookTest, WhatAMethodGivesUpLivesUntilTheHookIsDone) {
     lastReferences = {test::NewInstance(cls), test::NewInstance(root)};
     objc::Send<"giveUp:", void>(lastReferences[0].get(), lastReferences[1].get());
     EXPECT_EQ(calls, (Trace{"self", "first"})); // the sanitizers tell whether it was still there
+}
+
+/// Calls a hooked method of its own as it goes.
+struct Goer : ns::Object {
+    using ns::Object::Object;
+    static constexpr const char *kClassName = "MethodHookTestGoer";
+};
+void SetUpGoer(ns::Object, objc::SEL) {
+    calls.emplace_back("set up");
+}
+void DeallocGoer(ns::Object self, objc::SEL) {
+    objc::Send<"setUp", void>(objc::As<Goer>(self));
+    objc::SendSuper<"dealloc", void>(self);
+}
+objc::Ref<Goer> heldGoer;
+
+TEST_F(MethodHookTest, WhatIsBeingDeallocatedIsNotHeld) {
+    const objc::MethodEntry methods[] = {MethodNamed<"setUp", &SetUpGoer>(), MethodNamed<"dealloc", &DeallocGoer>()};
+    const objc::Class cls = test::RegisterClass(Goer::kClassName, "NSObject", methods);
+    constexpr auto kHold = [](Goer goer) { Hold(heldGoer, goer); };
+    InstallMethodHooks({After<Goer, "setUp", kHold>()});
+    test::NewInstance(cls) = nullptr;
+    EXPECT_EQ(calls, Trace{"set up"});
+    EXPECT_FALSE(heldGoer);
+    const auto another = test::NewInstance(cls);
+    objc::Send<"setUp", void>(objc::As<Goer>(another.get()));
+    EXPECT_EQ(heldGoer.get(), another.get());
+    heldGoer = nullptr;
 }
 
 double Weigh(ns::Object, objc::SEL, double weight) {

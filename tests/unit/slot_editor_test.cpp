@@ -22,7 +22,7 @@ TEST(SlotEditorViews, GoOnceTheyAreUntied) {
         const SlotEditor editor = BuildSlotEditor(3, "x"_ns);
         box.emplace(editor.box.get());
         textView.emplace(editor.textView.get());
-        UntieSlotEditor(editor.controller);
+        UntieIfGone(editor.controller);
     }
     EXPECT_FALSE(box->Lock());
     EXPECT_FALSE(textView->Lock());

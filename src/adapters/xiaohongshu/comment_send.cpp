@@ -12,14 +12,14 @@ namespace {
 /// Types the text into the bar and presses its button; false when it has none to press.
 bool SendViaBar(CommentBar bar, ns::String text) {
     const objc::SEL clearInput = objc::Selector<"clearInput">();
-    PerformIfAnswered(bar, clearInput);
+    PerformIfPresent(bar, clearInput);
     bar.setValue(text, "text"_ns);
     const objc::SEL press = objc::Selector<"sendButtonTapped:">();
     if (!bar.respondsToSelector(press)) {
         return false;
     }
     bar.performSelector(press, nullptr);
-    PerformIfAnswered(bar, clearInput);
+    PerformIfPresent(bar, clearInput);
     return true;
 }
 

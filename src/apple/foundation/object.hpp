@@ -23,6 +23,10 @@ struct Object : objc::Object {
     template <objc::Handle T> bool Is() const {
         return isKindOfClass(objc::ClassOf<T>());
     }
+    /// Retains the object unless it is being deallocated already; whether it did.
+    bool retainWeakReference() const {
+        return objc::Send<"retainWeakReference", bool>(*this);
+    }
     bool isEqual(Object other) const {
         return objc::Send<"isEqual:", bool>(*this, other);
     }

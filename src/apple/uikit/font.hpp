@@ -12,6 +12,10 @@ struct Font : ns::Object {
     static Font systemFontOfSize(double size) {
         return objc::SendClass<Font, "systemFontOfSize:", Font>(size);
     }
+    /// In points.
+    double pointSize() const {
+        return objc::Send<"pointSize", double>(*this);
+    }
     static Font boldSystemFontOfSize(double size) {
         return objc::SendClass<Font, "boldSystemFontOfSize:", Font>(size);
     }

@@ -37,6 +37,9 @@ struct Label : View {
     void setTextColor(Color color) const {
         objc::Send<"setTextColor:", void>(*this, color);
     }
+    Font font() const {
+        return objc::Send<"font", Font>(*this);
+    }
     void setFont(Font font) const {
         objc::Send<"setFont:", void>(*this, font);
     }

@@ -32,6 +32,10 @@ struct ViewController : Responder {
     }
     /// Made at the first call, for the presentation that comes.
     PresentationController presentationController() const;
+    /// The controller that presents this one or an ancestor at the moment; nil when none does.
+    ViewController presentingViewController() const {
+        return objc::Send<"presentingViewController", ViewController>(*this);
+    }
     void presentViewController(ViewController controller, bool animated, objc::Block<void()> completion) const {
         objc::Send<"presentViewController:animated:completion:", void>(*this, controller, animated, completion);
     }
