@@ -81,7 +81,7 @@ Surface Reduced(cairo_surface_t *picture, int reduction) {
                 for (int pixel = 0; pixel < pixels; ++pixel) {
                     sum += first[4 * pixel + channel];
                 }
-                to[row * toStride + 4 * column + channel] =
+                to[row * toStride + std::ptrdiff_t{4} * column + channel] =
                     static_cast<unsigned char>(sum / static_cast<unsigned>(pixels * lines));
             }
         }
@@ -104,9 +104,9 @@ void Color(cairo_surface_t *image, const BackdropLook &look) {
             const double grey = 0.0722 * pixel[0] + 0.7152 * pixel[1] + 0.2126 * pixel[2];
             for (int channel = 0; channel < 3; ++channel) {
                 const double value = std::clamp(grey + (pixel[channel] - grey) * look.saturation, 0.0, alpha);
-                pixel[channel] = static_cast<unsigned char>(value * (1 - cover) + tint[channel] + 0.5);
+                pixel[channel] = static_cast<unsigned char>(std::lround(value * (1 - cover) + tint[channel]));
             }
-            pixel[3] = static_cast<unsigned char>(alpha * (1 - cover) + cover * 255 + 0.5);
+            pixel[3] = static_cast<unsigned char>(std::lround(alpha * (1 - cover) + cover * 255));
         }
     }
     cairo_surface_mark_dirty(image);

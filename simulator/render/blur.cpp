@@ -34,16 +34,17 @@ class Box {
 
 /// Filters a row of pixels of `kChannels` bytes; `padded` has room for it and for the radius on both sides.
 template <int kChannels> void FilterRow(unsigned char *row, int width, Box box, std::vector<unsigned char> &padded) {
-    const int radius = box.radius();
-    const int last = width - 1;
-    for (int i = 0; i < radius; ++i) {
-        std::copy_n(row, kChannels, padded.begin() + i * kChannels);
-        std::copy_n(row + last * kChannels, kChannels, padded.begin() + (radius + width + i) * kChannels);
+    const auto margin = std::ptrdiff_t{kChannels} * box.radius();
+    const auto length = std::ptrdiff_t{kChannels} * width;
+    unsigned char *const first = padded.data();
+    for (std::ptrdiff_t at = 0; at < margin; at += kChannels) {
+        std::copy_n(row, kChannels, first + at);
+        std::copy_n(row + length - kChannels, kChannels, first + margin + length + at);
     }
-    std::copy_n(row, width * kChannels, padded.begin() + radius * kChannels);
+    std::copy_n(row, length, first + margin);
     std::uint32_t sums[kChannels]{};
-    const unsigned char *leaving = padded.data();
-    const unsigned char *entering = leaving + std::ptrdiff_t{2 * radius} * kChannels;
+    const unsigned char *leaving = first;
+    const unsigned char *entering = leaving + 2 * margin;
     for (const unsigned char *at = leaving; at < entering; at += kChannels) {
         for (int channel = 0; channel < kChannels; ++channel) {
             sums[channel] += at[channel];

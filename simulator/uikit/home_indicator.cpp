@@ -31,7 +31,8 @@ double BrightnessAround(cairo_t *context, cg::Point place) {
                 y >= cairo_image_surface_get_height(surface)) {
                 continue;
             }
-            const unsigned char *pixel = data + std::ptrdiff_t{y} * cairo_image_surface_get_stride(surface) + 4 * x;
+            const unsigned char *pixel =
+                data + std::ptrdiff_t{y} * cairo_image_surface_get_stride(surface) + std::ptrdiff_t{4} * x;
             sum += (0.0722 * pixel[0] + 0.7152 * pixel[1] + 0.2126 * pixel[2]) / 255;
             ++count;
         }
