@@ -35,6 +35,7 @@ struct SegmentedState {
     std::vector<objc::Ref<ns::String>> titles;
     std::map<UIControlState, objc::Ref<ns::Dictionary>> attributes;
     long selected = UISegmentedControlNoSegment;
+    long touched = UISegmentedControlNoSegment; // where the finger was last; counts while the control is highlighted
 };
 
 FontFace FaceFor(const SegmentedState &state, UIControlState controlState) {
@@ -64,17 +65,28 @@ SegmentedControl InitWithItems(SegmentedControl self, ns::Array items) {
     return made;
 }
 
-/// The finger selects the segment on which it is lifted.
-void EndTracking(SegmentedControl self, ui::Touch touch, ui::Event event) {
-    auto &state = StateOf<SegmentedState>(self);
+/// The segment nearest to the finger, if there is any.
+long SegmentAt(SegmentedControl self, ui::Touch touch) {
+    const auto &state = StateOf<SegmentedState>(self);
     const cg::Rect bounds = self.bounds();
-    if (state.titles.empty() || !ControlStateOf(self).touchInside || !(bounds.size.width > 0)) {
-        return;
+    if (state.titles.empty() || !(bounds.size.width > 0)) {
+        return UISegmentedControlNoSegment;
     }
     const double part = (FromScreen(self, TouchStateOf(touch).location).x - bounds.origin.x) / bounds.size.width;
     const auto count = static_cast<double>(state.titles.size());
-    const auto index = static_cast<long>(std::clamp(std::floor(part * count), 0.0, count - 1));
-    if (index != state.selected) {
+    return static_cast<long>(std::clamp(std::floor(part * count), 0.0, count - 1));
+}
+
+bool Track(SegmentedControl self, ui::Touch touch, ui::Event) {
+    StateOf<SegmentedState>(self).touched = SegmentAt(self, touch);
+    return true;
+}
+
+/// The finger selects the segment on which it is lifted.
+void EndTracking(SegmentedControl self, ui::Touch touch, ui::Event event) {
+    auto &state = StateOf<SegmentedState>(self);
+    const long index = SegmentAt(self, touch);
+    if (index != UISegmentedControlNoSegment && ControlStateOf(self).touchInside && index != state.selected) {
         state.selected = index;
         SendControlEvents(self, UIControlEventValueChanged, event);
     }
@@ -82,13 +94,14 @@ void EndTracking(SegmentedControl self, ui::Touch touch, ui::Event event) {
 
 // Drawing.
 
-void DrawTitle(cairo_t *context, const SegmentedState &state, ns::String title, cg::Rect room, bool selected) {
+void DrawTitle(cairo_t *context, const SegmentedState &state, ns::String title, cg::Rect room, bool selected,
+               double alpha) {
     const UIControlState controlState = selected ? UIControlStateSelected : UIControlStateNormal;
     const FontFace face = FaceFor(state, controlState);
     const FontMetrics metrics = MetricsOf(face);
     const auto color =
         objc::As<ui::Color>(ForState(state.attributes, controlState).objectForKey(NSForegroundColorAttributeName));
-    SetPaint(context, color ? color : ui::Color::labelColor());
+    SetPaint(context, color ? color : ui::Color::labelColor(), alpha);
     const double baseline = room.origin.y + (room.size.height - metrics.lineHeight) / 2 + metrics.ascender;
     const double width = std::max(room.size.width - 2 * kTitleMargin, 1.0);
     DrawLine(context, UnitsOf(title), face, {room.origin.x + kTitleMargin, baseline, width, 0.5}, Truncation::kTail);
@@ -97,6 +110,8 @@ void DrawTitle(cairo_t *context, const SegmentedState &state, ns::String title, 
 void DrawSegments(ui::View view, cairo_t *context) {
     constexpr double kRadius = 8;
     constexpr double kGap = 2;
+    constexpr double kHeldGap = 3.5;      // under a finger the selection is smaller
+    constexpr double kTouchedAlpha = 0.2; // of a title under a finger, not selected
     const auto &state = StateOf<SegmentedState>(view);
     const cg::Size size = PresentedValues(view).bounds.size;
     SetPaint(context, objc::SendClass<ui::Color, "tertiarySystemFillColor", ui::Color>());
@@ -105,15 +120,18 @@ void DrawSegments(ui::View view, cairo_t *context) {
     for (long i = 0; i < std::ssize(state.titles); ++i) {
         const double left = width * static_cast<double>(i);
         const bool selected = i == state.selected;
+        const bool touched = i == state.touched && StateOf<ControlState>(view).highlighted;
         if (selected) {
+            const double gap = touched ? kHeldGap : kGap;
             const ui::Color knob = IsDarkAppearance() ? ui::Color::colorWithWhite(0.39, 1) : ui::Color::whiteColor();
-            DrawKnob(context, {{left + kGap, kGap}, {width - 2 * kGap, size.height - 2 * kGap}}, kRadius - 1, knob);
+            DrawKnob(context, {{left + gap, gap}, {width - 2 * gap, size.height - 2 * gap}}, kRadius - 1, knob);
         } else if (i > 0 && i - 1 != state.selected) {
             SetPaint(context, ui::Color::separatorColor());
             FillRounded(context, {{left - 0.5, size.height / 4}, {1, size.height / 2}}, 0);
         }
         const ns::String title = state.titles[static_cast<std::size_t>(i)];
-        DrawTitle(context, state, title, {{left, 0}, {width, size.height}}, selected);
+        DrawTitle(context, state, title, {{left, 0}, {width, size.height}}, selected,
+                  touched && !selected ? kTouchedAlpha : 1);
     }
 }
 
@@ -148,6 +166,8 @@ void DefineSegmentedControl() {
     });
     DefineAttributes(segments);
     segments.Method<"sizeThatFits:", &SizeThatFits>();
+    segments.Method<"beginTrackingWithTouch:withEvent:", &Track>();
+    segments.Method<"continueTrackingWithTouch:withEvent:", &Track>();
     segments.Method<"endTrackingWithTouch:withEvent:", &EndTracking>();
     segments.Method<"gestureRecognizerShouldBegin:", &TapControlAllows>();
     RegisterDrawing("UISegmentedControl", &DrawSegments);

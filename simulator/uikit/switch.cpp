@@ -45,17 +45,20 @@ void EndTracking(Switch self, ui::Touch touch, ui::Event event) {
 
 void DrawSwitch(ui::View view, cairo_t *context) {
     constexpr double kKnob = 27;
+    constexpr double kHeldKnob = 34; // under a finger it is wider
     constexpr double kGap = 2;
     const auto &state = StateOf<SwitchState>(view);
-    const double alpha = StateOf<ControlState>(view).enabled ? 1 : kDisabledAlpha;
+    const auto &control = StateOf<ControlState>(view);
+    const double alpha = control.enabled ? 1 : kDisabledAlpha;
     if (state.on) {
         SetPaint(context, state.onTintColor ? state.onTintColor.get() : ui::Color::systemGreenColor(), alpha);
     } else {
         SetPaint(context, objc::SendClass<ui::Color, "secondarySystemFillColor", ui::Color>(), alpha);
     }
     FillRounded(context, {{0, 0}, kSize}, kSize.height / 2);
-    const double left = state.on ? kSize.width - kGap - kKnob : kGap;
-    DrawKnob(context, {{left, kGap}, {kKnob, kKnob}}, kKnob / 2, ui::Color::whiteColor());
+    const double width = control.highlighted ? kHeldKnob : kKnob;
+    const double left = state.on ? kSize.width - kGap - width : kGap;
+    DrawKnob(context, {{left, kGap}, {width, kKnob}}, kKnob / 2, ui::Color::whiteColor());
 }
 
 } // namespace
