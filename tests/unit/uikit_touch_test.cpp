@@ -3,7 +3,10 @@
 
 #include "apple/uikit/button.hpp"
 #include "apple/uikit/gesture_recognizer.hpp"
+#include "apple/uikit/segmented_control.hpp"
+#include "apple/uikit/switch.hpp"
 #include "apple/uikit/window.hpp"
+#include "drawing_support.hpp"
 #include "objc/guard.hpp"
 #include "runtime/clock.hpp"
 #include "runtime_support.hpp"
@@ -527,6 +530,47 @@ TEST_F(UIKitTouch, SystemButtonsFadeUnderAFinger) {
         EXPECT_EQ(button.titleLabel().alpha(), 1);
         button.removeFromSuperview();
     }
+}
+
+TEST_F(UIKitTouch, SwitchesAndSegmentsShowTheFinger) {
+    const auto toggle = ui::MakeView<ui::Switch>({{0, 0}, {51, 31}});
+    const auto titles = ns::MutableArray::array();
+    titles.addObject("One"_ns);
+    titles.addObject("Two"_ns);
+    const auto segments = objc::Ref<ui::SegmentedControl>::Adopt(
+        ui::SegmentedControl{ns::Alloc<ui::SegmentedControl>()}.initWithItems(titles));
+    segments->setFrame({{0, 100}, {200, 31}});
+    segments->setSelectedSegmentIndex(0);
+    window->addSubview(toggle);
+    window->addSubview(segments);
+    const auto knob = [](ui::View view) {
+        const corvel::test::Picture picture(view, 200, 140);
+        return picture.Where([](std::uint32_t pixel) { return pixel == 0xFFFFFFFF; }).width;
+    };
+    const auto ink = [&] { // where the titles' last letter is; black
+        const corvel::test::Picture picture(segments, 200, 140);
+        const auto dark =
+            picture.Where([](std::uint32_t pixel) { return pixel >> 24 > 0xC0 && (pixel & 0xFF) < 0x60; });
+        return dark.x + dark.width;
+    };
+    const int knobAtRest = knob(toggle);
+    sim::touch::Began(1, {20, 15});
+    EXPECT_GT(knob(toggle), knobAtRest + 4);
+    sim::touch::Ended(1, {20, 15});
+    EXPECT_EQ(knob(toggle), knobAtRest);
+
+    const int selectionAtRest = knob(segments);
+    EXPECT_GT(ink(), 100);
+    sim::touch::Began(1, {150, 115});
+    EXPECT_LT(ink(), 100) << "the title under the finger is pale";
+    EXPECT_EQ(knob(segments), selectionAtRest);
+    sim::touch::Moved(1, {50, 115});
+    EXPECT_GT(ink(), 100);
+    EXPECT_LT(knob(segments), selectionAtRest);
+    sim::touch::Moved(1, {50, 20});
+    EXPECT_EQ(knob(segments), selectionAtRest) << "far away from it";
+    sim::touch::Ended(1, {50, 20});
+    EXPECT_EQ(segments->selectedSegmentIndex(), 0);
 }
 
 TEST_F(UIKitTouch, TargetsAreNotRetainedAndMayBeGone) {
