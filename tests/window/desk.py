@@ -1,0 +1,132 @@
+"""The window of the simulated phone, steered as a person would."""
+
+import os
+import subprocess
+import tempfile
+import threading
+import time
+from pathlib import Path
+
+from display import Display
+
+ROOT = Path(__file__).resolve().parents[2]
+# Generous: a loaded machine under the sanitizers is slow.
+LIMIT = 60
+
+
+class Desk:
+    """The program on a display of its own. `keys` are characters that its keyboard has beside the usual ones."""
+
+    def __init__(self, programs, library, host="douyin", keys="", scale=1, options=()):
+        self.host, self.scale = host, scale
+        self.folder = tempfile.TemporaryDirectory()
+        self.saved = Path(self.folder.name) / "saved.scn"
+        self.state = Path(self.folder.name) / "state"
+        self.display = Display()
+        self.display.give_keys(keys)
+        command = [Path(programs) / "corvel-window", "--host", host, "--library", library, "--state", self.state,
+                   "--words", ROOT / "tests/scenarios/corvel.words", "--save", self.saved, "--scale", str(scale), "--places",
+                   "--check-drawing", *options]
+        self.process = subprocess.Popen(
+            command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, cwd=self.folder.name,
+            env=os.environ | {"DISPLAY": self.display.name, "WAYLAND_DISPLAY": "", "LC_ALL": "C.UTF-8"})
+        self.said = []
+        self.reader = threading.Thread(target=lambda: self.said.extend(iter(self.process.stdout.readline, "")))
+        self.reader.start()
+        self.until(lambda: self.display.window() and self.place("save"), "the window opens")
+        self.display.focus(self.display.window())
+
+    def until(self, holds, what):
+        """Waits for something that is to come; what it was is the message when it does not."""
+        end = time.monotonic() + LIMIT
+        while True:
+            value = holds()
+            if value:
+                return value
+            assert self.process.poll() is None, f"the window has closed before {what}:\n" + "".join(self.said)
+            assert time.monotonic() < end, f"never happened: {what}\n" + "".join(self.said)
+            time.sleep(0.02)
+
+    def place(self, name):
+        """Where the phone or a button is by now: x, y, width, height; None as long as nobody has said."""
+        lines = [line.split()[2:] for line in self.said if line.startswith(f"place {name} ")]
+        return [int(number) for number in lines[-1]] if lines else None
+
+    def on_phone(self, x, y):
+        left, top, _, _ = self.place("phone")
+        return left + self.scale * x, top + self.scale * y
+
+    def tap(self, x, y):
+        """A finger down and up at a place of the phone's interface."""
+        self.display.move(*self.on_phone(x, y))
+        self.display.button(True)
+        self.display.button(False)
+
+    def hold(self, x, y, seconds=0.8):
+        """A finger that rests for so long that it is a long press."""
+        self.display.move(*self.on_phone(x, y))
+        self.display.button(True)
+        time.sleep(seconds)
+        self.display.button(False)
+
+    def wheel(self, x, y, notches):
+        """The wheel turned over a place; up is above zero."""
+        self.display.move(*self.on_phone(x, y))
+        for _ in range(abs(notches)):
+            self.display.button(True, 4 if notches > 0 else 5)
+            self.display.button(False, 4 if notches > 0 else 5)
+
+    def push(self, name):
+        x, y, width, height = self.place(name)
+        self.display.move(x + width // 2, y + height // 2)
+        self.display.button(True)
+        self.display.button(False)
+
+    def drag(self, start, end, steps=12, seconds=0.3):
+        self.display.move(*self.on_phone(*start))
+        self.display.button(True)
+        for step in range(1, steps + 1):
+            time.sleep(seconds / steps)
+            self.display.move(*self.on_phone(*(a + (b - a) * step / steps for a, b in zip(start, end))))
+        self.display.button(False)
+
+    def heard(self, part):
+        return any(part in line for line in self.said)
+
+    def phone(self):
+        """The phone's screen as the computer's shows it."""
+        return self.display.picture(*self.place("phone"))
+
+    def at_rest(self, rests=0.3):
+        """The phone's screen once nothing has moved on it for so many seconds."""
+        state = {"picture": self.phone(), "since": time.monotonic()}
+
+        def still():
+            now = self.phone()
+            if now.data != state["picture"].data:
+                state.update(picture=now, since=time.monotonic())
+            return time.monotonic() - state["since"] >= rests
+
+        self.until(still, "the screen comes to rest")
+        return state["picture"]
+
+    def memory(self):
+        """KiB that the program holds."""
+        status = Path(f"/proc/{self.process.pid}/status").read_text()
+        return int(next(line for line in status.splitlines() if line.startswith("VmRSS")).split()[1])
+
+    def close(self):
+        """Closes the window as a desktop does when it ends; gives the exit status."""
+        self.process.terminate()
+        status = self.process.wait(LIMIT)
+        self.reader.join()
+        return status
+
+    def clear(self):
+        if self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+            self.reader.join()
+        self.process.stdout.close()
+        self.display.close()
+        self.folder.cleanup()
