@@ -383,7 +383,11 @@ class Desk {
             composed_ = event.edit.text;
             return true;
         case SDL_KEYDOWN:
+            modifiers_ = event.key.keysym.mod;
             return composed_.empty() && Type(event.key.keysym);
+        case SDL_KEYUP:
+            modifiers_ = event.key.keysym.mod;
+            return false;
         default:
             return false;
         }
@@ -413,7 +417,7 @@ class Desk {
         if (panel_.Holds(pixel)) {
             panel_.Press(pixel);
         } else if (Contains(phone_, pixel)) {
-            fingers_.Press(OnPhone(pixel), (SDL_GetModState() & (KMOD_CTRL | KMOD_ALT)) != 0);
+            fingers_.Press(OnPhone(pixel), (modifiers_ & (KMOD_CTRL | KMOD_ALT)) != 0);
         }
         return true;
     }
@@ -496,6 +500,7 @@ class Desk {
     double case_ = kCase; // around it, pixels
     cg::Rect editing_;    // the edited view in the window, pixels
     cg::Point mouse_;
+    unsigned modifiers_ = 0; // held when the event came that is handled now; SDL itself knows the latest only
     std::string composed_; // by the input method, not finished
     std::string drawnComposed_;
     std::string file_; // that the script is saved in

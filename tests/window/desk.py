@@ -17,14 +17,14 @@ LIMIT = 60
 class Desk:
     """The program on a display of its own. `keys` are characters that its keyboard has beside the usual ones."""
 
-    def __init__(self, programs, library, host="douyin", keys="", scale=1, options=()):
+    def __init__(self, program, library, host="douyin", keys="", scale=1, options=()):
         self.host, self.scale = host, scale
         self.folder = tempfile.TemporaryDirectory()
         self.saved = Path(self.folder.name) / "saved.scn"
         self.state = Path(self.folder.name) / "state"
         self.display = Display()
         self.display.give_keys(keys)
-        command = [Path(programs) / "corvel-window", "--host", host, "--library", library, "--state", self.state,
+        command = [program, "--host", host, "--library", library, "--state", self.state,
                    "--words", ROOT / "tests/scenarios/corvel.words", "--save", self.saved, "--scale", str(scale), "--places",
                    "--check-drawing", *options]
         self.process = subprocess.Popen(
@@ -47,6 +47,13 @@ class Desk:
             assert time.monotonic() < end, f"never happened: {what}\n" + "".join(self.said)
             time.sleep(0.02)
 
+    def count(self, beginning):
+        """How many lines with this beginning the program has said."""
+        return sum(line.startswith(beginning) for line in self.said)
+
+    def heard(self, part):
+        return any(part in line for line in self.said)
+
     def place(self, name):
         """Where the phone or a button is by now: x, y, width, height; None as long as nobody has said."""
         lines = [line.split()[2:] for line in self.said if line.startswith(f"place {name} ")]
@@ -62,11 +69,12 @@ class Desk:
         self.display.button(True)
         self.display.button(False)
 
-    def hold(self, x, y, seconds=0.8):
+    def hold(self, x, y):
         """A finger that rests for so long that it is a long press."""
         self.display.move(*self.on_phone(x, y))
         self.display.button(True)
-        time.sleep(seconds)
+        landed = self.passed()
+        self.until(lambda: self.passed() > landed + 0.7, "the finger has rested")
         self.display.button(False)
 
     def wheel(self, x, y, notches):
@@ -90,34 +98,47 @@ class Desk:
             self.display.move(*self.on_phone(*(a + (b - a) * step / steps for a, b in zip(start, end))))
         self.display.button(False)
 
-    def heard(self, part):
-        return any(part in line for line in self.said)
+    def passed(self):
+        """Seconds that have passed on the phone, by the script of what was done, which Ctrl+S saves: what was done
+        before has reached the phone by then, however slow the computer is."""
+        saved = self.count("saved ")
+        self.display.press("s", holding="Control_L")
+        self.until(lambda: self.count("saved ") > saved, "the script is saved")
+        lines = self.saved.read_text(encoding="utf-8").splitlines()
+        return sum(float(line.split()[1]) for line in lines if line.startswith("wait "))
 
     def phone(self):
         """The phone's screen as the computer's shows it."""
         return self.display.picture(*self.place("phone"))
 
     def at_rest(self, rests=0.3):
-        """The phone's screen once nothing has moved on it for so many seconds."""
-        state = {"picture": self.phone(), "since": time.monotonic()}
+        """The phone's screen once nothing has moved on it for so many seconds of the phone's."""
+        self.passed()
+        picture, since = None, 0
 
         def still():
+            nonlocal picture, since
+            time = self.passed()
             now = self.phone()
-            if now.data != state["picture"].data:
-                state.update(picture=now, since=time.monotonic())
-            return time.monotonic() - state["since"] >= rests
+            if picture and now.data == picture.data:
+                return time - since >= rests
+            picture, since = now, self.passed()
+            return False
 
         self.until(still, "the screen comes to rest")
-        return state["picture"]
+        return picture
 
     def memory(self):
         """KiB that the program holds."""
         status = Path(f"/proc/{self.process.pid}/status").read_text()
         return int(next(line for line in status.splitlines() if line.startswith("VmRSS")).split()[1])
 
-    def close(self):
-        """Closes the window as a desktop does when it ends; gives the exit status."""
-        self.process.terminate()
+    def close(self, by_signal=False):
+        """Closes the window by its cross, or as a desktop does when it ends; gives the exit status."""
+        if by_signal:
+            self.process.terminate()
+        else:
+            self.display.ask_to_close(self.display.window())
         status = self.process.wait(LIMIT)
         self.reader.join()
         return status

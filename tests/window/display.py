@@ -7,7 +7,7 @@ import zlib
 
 X11 = ctypes.CDLL("libX11.so.6")
 XTEST = ctypes.CDLL("libXtst.so.6")
-WIDTH, HEIGHT = 2500, 1800
+WIDTH, HEIGHT = 2600, 1800  # for a phone on its side, two pixels a point
 ALL_PLANES, Z_PIXMAP = 0xFFFFFFFF, 2
 
 
@@ -20,6 +20,16 @@ class XImage(ctypes.Structure):
                 ("bytes_per_line", ctypes.c_int), ("bits_per_pixel", ctypes.c_int)]
 
 
+class ClientMessage(ctypes.Structure):
+    """Xlib's event of that name; what follows it is as long as its longest event."""
+
+    _fields_ = [("type", ctypes.c_int), ("serial", ctypes.c_ulong), ("send_event", ctypes.c_int), ("display", ctypes.c_void_p),
+                ("window", ctypes.c_ulong), ("message_type", ctypes.c_ulong), ("format", ctypes.c_int),
+                ("data", ctypes.c_long * 5), ("rest", ctypes.c_long * 12)]
+
+
+CLIENT_MESSAGE = 33
+
 for name, result, arguments in (
     ("XOpenDisplay", ctypes.c_void_p, [ctypes.c_char_p]),
     ("XDefaultRootWindow", ctypes.c_ulong, [ctypes.c_void_p]),
@@ -28,6 +38,8 @@ for name, result, arguments in (
     ("XKeysymToKeycode", ctypes.c_ubyte, [ctypes.c_void_p, ctypes.c_ulong]),
     ("XStringToKeysym", ctypes.c_ulong, [ctypes.c_char_p]),
     ("XSetInputFocus", ctypes.c_int, [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_ulong]),
+    ("XInternAtom", ctypes.c_ulong, [ctypes.c_void_p, ctypes.c_char_p, ctypes.c_int]),
+    ("XSendEvent", ctypes.c_int, [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_long, ctypes.c_void_p]),
     ("XMoveWindow", ctypes.c_int, [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_int]),
     ("XDestroyImage", ctypes.c_int, [ctypes.c_void_p]),
     ("XGetImage", ctypes.POINTER(XImage), [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_int, ctypes.c_uint,
@@ -115,6 +127,14 @@ class Display:
         """What a window manager does: the window stands in the corner and has the keyboard."""
         X11.XMoveWindow(self.display, window, 0, 0)
         X11.XSetInputFocus(self.display, window, 1, 0)
+        X11.XSync(self.display, 0)
+
+    def ask_to_close(self, window):
+        """What a window manager does when the window's cross is pressed."""
+        protocols, delete = (X11.XInternAtom(self.display, name, 0) for name in (b"WM_PROTOCOLS", b"WM_DELETE_WINDOW"))
+        message = ClientMessage(type=CLIENT_MESSAGE, window=window, message_type=protocols, format=32)
+        message.data[0] = delete
+        X11.XSendEvent(self.display, window, 0, 0, ctypes.byref(message))
         X11.XSync(self.display, 0)
 
     def move(self, x, y):
