@@ -452,6 +452,7 @@ class Desk {
         case SDLK_c:
         case SDLK_x:
             typing_.Copy(key == SDLK_x);
+            FollowPasteboard(); // a paste may follow in the same frame
             return true;
         case SDLK_v: {
             char *const text = SDL_GetClipboardText();

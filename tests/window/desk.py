@@ -34,7 +34,8 @@ class Desk:
         self.reader = threading.Thread(target=lambda: self.said.extend(iter(self.process.stdout.readline, "")))
         self.reader.start()
         self.until(lambda: self.display.window() and self.place("save"), "the window opens")
-        self.display.focus(self.display.window())
+        self.window = self.display.window()
+        self.display.focus(self.window)
 
     def until(self, holds, what):
         """Waits for something that is to come; what it was is the message when it does not."""
@@ -138,7 +139,7 @@ class Desk:
         if by_signal:
             self.process.terminate()
         else:
-            self.display.ask_to_close(self.display.window())
+            self.display.ask_to_close(self.window)
         status = self.process.wait(LIMIT)
         self.reader.join()
         return status
