@@ -265,6 +265,7 @@ class WindowTest(unittest.TestCase):
         warm = desk.memory()
         touch(TOUCHES - TOUCHES // 3)
         grown = desk.memory() - warm
+        print(f"{warm} KiB after {TOUCHES // 3} touches, {grown} KiB more after {TOUCHES}")
         self.close(desk)
         # The script of what was done, and the comments, are all that may grow.
         self.assertLess(grown, 8192 + TOUCHES // 2, "KiB")
