@@ -25,8 +25,8 @@ class Desk:
         self.display = Display()
         self.display.give_keys(keys)
         command = [program, "--host", host, "--library", library, "--state", self.state,
-                   "--words", ROOT / "tests/scenarios/corvel.words", "--save", self.saved, "--scale", str(scale), "--places",
-                   "--check-drawing", *options]
+                   "--words", ROOT / "tests/scenarios/corvel.words", "--save", self.saved, "--scale", str(scale),
+                   "--places", *options]
         self.process = subprocess.Popen(
             command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, cwd=self.folder.name,
             env=os.environ | {"DISPLAY": self.display.name, "WAYLAND_DISPLAY": "", "LC_ALL": "C.UTF-8"})
@@ -133,6 +133,11 @@ class Desk:
         """KiB that the program holds."""
         status = Path(f"/proc/{self.process.pid}/status").read_text()
         return int(next(line for line in status.splitlines() if line.startswith("VmRSS")).split()[1])
+
+    def spent(self):
+        """Seconds of processor time that the program has taken."""
+        fields = Path(f"/proc/{self.process.pid}/stat").read_text().rpartition(")")[2].split()
+        return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
     def close(self, by_signal=False):
         """Closes the window by its cross, or as a desktop does when it ends; gives the exit status."""

@@ -30,8 +30,8 @@ FIRST_SLIDER = (195, 512)
 
 
 class WindowTest(unittest.TestCase):
-    def open(self, **more):
-        desk = Desk(WINDOW, LIBRARY, **more)
+    def open(self, options=(), **more):
+        desk = Desk(WINDOW, LIBRARY, options=["--check-drawing", *options], **more)
         self.addCleanup(desk.clear)
         return desk
 
