@@ -44,13 +44,17 @@ class Desk:
             value = holds()
             if value:
                 return value
-            assert self.process.poll() is None, f"the window has closed before {what}:\n" + "".join(self.said)
-            assert time.monotonic() < end, f"never happened: {what}\n" + "".join(self.said)
+            assert self.process.poll() is None, f"the window has closed before {what}:\n" + self.story()
+            assert time.monotonic() < end, f"never happened: {what}\n" + self.story()
             time.sleep(0.02)
 
     def count(self, beginning):
         """How many lines with this beginning the program has said."""
         return sum(line.startswith(beginning) for line in self.said)
+
+    def story(self):
+        """What the program said beside the places and files that tests ask for."""
+        return "".join(line for line in self.said if not line.startswith(("place ", "saved ")))
 
     def heard(self, part):
         return any(part in line for line in self.said)

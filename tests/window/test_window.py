@@ -76,8 +76,8 @@ class WindowTest(unittest.TestCase):
         return shown
 
     def close(self, desk, status=0, by_signal=False):
-        self.assertEqual(desk.close(by_signal), status, desk.said)
-        self.assertTrue(desk.heard(" wrong 0\n"), desk.said)
+        self.assertEqual(desk.close(by_signal), status, desk.story())
+        self.assertTrue(desk.heard(" wrong 0\n"), desk.story())
 
     def test_a_comment_in_ones_own_words(self):
         words = "晚上好"
@@ -267,8 +267,10 @@ class WindowTest(unittest.TestCase):
         grown = desk.memory() - warm
         print(f"{warm} KiB after {TOUCHES // 3} touches, {grown} KiB more after {TOUCHES}")
         self.close(desk)
-        # The script of what was done, and the comments, are all that may grow.
-        self.assertLess(grown, 8192 + TOUCHES // 2, "KiB")
+        # The script of what was done, and the comments, are all that may grow. A sanitized build keeps what was freed;
+        # there the leak checker has had its say when the window closed.
+        if b"__asan_init" not in WINDOW.read_bytes():
+            self.assertLess(grown, 4096 + TOUCHES // 4, "KiB")
 
     def test_refusals(self):
         for options, display, says in (
