@@ -102,7 +102,7 @@ class Desk {
     }
 
     /// How large the window is for the phone at a scale.
-    cg::Size SizeFor(double scale) const {
+    static cg::Size SizeFor(double scale) {
         const double panel = std::max(scale, 1.0);
         const cg::Size screen = ScreenSize();
         const double around = 2 * (kAround + kCase) * panel;
@@ -276,7 +276,7 @@ class Desk {
                                             static_cast<int>(phone_.size.height)};
             cairo_region_union_rectangle(changed.get(), &all);
         }
-        if (cairo_region_is_empty(changed.get())) {
+        if (cairo_region_is_empty(changed.get()) != 0) {
             return;
         }
         if (options_.checksDrawing) {

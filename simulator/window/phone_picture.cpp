@@ -37,7 +37,7 @@ PixelSize SizeIn(double pixelsPerPoint) {
 
 Region PhonePicture::Update(bool codeRan) {
     Region changed = changes_.Look(scale_, codeRan, backdrops_);
-    if (cairo_region_is_empty(changed.get())) {
+    if (cairo_region_is_empty(changed.get()) != 0) {
         return changed;
     }
     if (const PixelSize size = SizeIn(scale_); size != size_) {

@@ -346,7 +346,7 @@ Region ScreenChanges::Look(double scale, bool codeRan, Backdrops &backdrops) {
             Add(changed.get(), seen.behind);
         }
     }
-    for (bool grew = !cairo_region_is_empty(changed.get()); grew;) {
+    for (bool grew = cairo_region_is_empty(changed.get()) == 0; grew;) {
         grew = false;
         for (const Seen &seen : *seen_) {
             if (IsCut(changed.get(), seen.shadowed)) {
