@@ -502,7 +502,7 @@ class Desk {
     cg::Rect editing_;    // the edited view in the window, pixels
     cg::Point mouse_;
     unsigned modifiers_ = 0; // held when the event came that is handled now; SDL itself knows the latest only
-    std::string composed_; // by the input method, not finished
+    std::string composed_;   // by the input method, not finished
     std::string drawnComposed_;
     std::string file_; // that the script is saved in
     std::uint64_t start_ = 0;
