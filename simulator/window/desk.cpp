@@ -102,7 +102,7 @@ class Desk {
     }
 
     /// How large the window is for the phone at a scale.
-    cg::Size SizeFor(double scale) const {
+    static cg::Size SizeFor(double scale) {
         const double panel = std::max(scale, 1.0);
         const cg::Size screen = ScreenSize();
         const double around = 2 * (kAround + kCase) * panel;
@@ -276,7 +276,7 @@ class Desk {
                                             static_cast<int>(phone_.size.height)};
             cairo_region_union_rectangle(changed.get(), &all);
         }
-        if (cairo_region_is_empty(changed.get())) {
+        if (cairo_region_is_empty(changed.get()) != 0) {
             return;
         }
         if (options_.checksDrawing) {
@@ -383,7 +383,11 @@ class Desk {
             composed_ = event.edit.text;
             return true;
         case SDL_KEYDOWN:
+            modifiers_ = event.key.keysym.mod;
             return composed_.empty() && Type(event.key.keysym);
+        case SDL_KEYUP:
+            modifiers_ = event.key.keysym.mod;
+            return false;
         default:
             return false;
         }
@@ -413,7 +417,7 @@ class Desk {
         if (panel_.Holds(pixel)) {
             panel_.Press(pixel);
         } else if (Contains(phone_, pixel)) {
-            fingers_.Press(OnPhone(pixel), (SDL_GetModState() & (KMOD_CTRL | KMOD_ALT)) != 0);
+            fingers_.Press(OnPhone(pixel), (modifiers_ & (KMOD_CTRL | KMOD_ALT)) != 0);
         }
         return true;
     }
@@ -448,6 +452,7 @@ class Desk {
         case SDLK_c:
         case SDLK_x:
             typing_.Copy(key == SDLK_x);
+            FollowPasteboard(); // a paste may follow in the same frame
             return true;
         case SDLK_v: {
             char *const text = SDL_GetClipboardText();
@@ -496,7 +501,8 @@ class Desk {
     double case_ = kCase; // around it, pixels
     cg::Rect editing_;    // the edited view in the window, pixels
     cg::Point mouse_;
-    std::string composed_; // by the input method, not finished
+    unsigned modifiers_ = 0; // held when the event came that is handled now; SDL itself knows the latest only
+    std::string composed_;   // by the input method, not finished
     std::string drawnComposed_;
     std::string file_; // that the script is saved in
     std::uint64_t start_ = 0;

@@ -106,8 +106,11 @@ void Fingers::Frame(int milliseconds) {
         holds_->y = y;
         rested_ = 0;
         run_.Do(Line("move", *holds_, kWheel));
-    } else if (holds_ && (rested_ += milliseconds) >= kRest) {
-        LiftFromWheel();
+    } else if (holds_) {
+        rested_ += milliseconds;
+        if (rested_ >= kRest) {
+            LiftFromWheel();
+        }
     }
 }
 

@@ -1,6 +1,7 @@
 // corvel-window: the phone on the desk, to touch.
 
 #include "apple/foundation/user_defaults.hpp"
+#include "driver/leak_check.hpp"
 #include "driver/power.hpp"
 #include "runtime/autorelease.hpp"
 #include "script/vocabulary.hpp"
@@ -42,5 +43,5 @@ int main(int count, char **words) {
     }
     std::fflush(nullptr);
     // The phone is switched off: nothing of the app or the library runs any more.
-    _exit(status);
+    _exit(status == 0 && driver::HasLeaked() ? driver::kLeakedStatus : status);
 }

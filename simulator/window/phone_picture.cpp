@@ -37,7 +37,7 @@ PixelSize SizeIn(double pixelsPerPoint) {
 
 Region PhonePicture::Update(bool codeRan) {
     Region changed = changes_.Look(scale_, codeRan, backdrops_);
-    if (cairo_region_is_empty(changed.get())) {
+    if (cairo_region_is_empty(changed.get()) != 0) {
         return changed;
     }
     if (const PixelSize size = SizeIn(scale_); size != size_) {
@@ -50,8 +50,11 @@ Region PhonePicture::Update(bool codeRan) {
 }
 
 bool PhonePicture::IsTrue() const {
-    // A blur or a shadow that was cut differs by a rounding here and there; what nobody drew anew differs by more.
+    // A blur or a shadow that was cut differs by a rounding here and there, and a soft edge by more in a few pixels
+    // where a changed part ends. What nobody drew anew differs by far, or in many pixels.
     constexpr int kRounding = 2;
+    constexpr int kFar = 16;
+    constexpr int kFew = 48;
     const Surface fresh = MakeImage(size_);
     Draw(fresh.get(), scale_, nullptr, nullptr);
     cairo_surface_flush(fresh.get());
@@ -60,8 +63,11 @@ bool PhonePicture::IsTrue() const {
         static_cast<std::size_t>(stride) * static_cast<std::size_t>(cairo_image_surface_get_height(fresh.get()));
     const unsigned char *const mine = cairo_image_surface_get_data(image_.get());
     const unsigned char *const whole = cairo_image_surface_get_data(fresh.get());
+    int roundings = 0;
     for (std::size_t i = 0; i < size; ++i) {
-        if (i % 4 != 3 && std::abs(mine[i] - whole[i]) > kRounding) {
+        const int difference = i % 4 != 3 ? std::abs(mine[i] - whole[i]) : 0;
+        roundings += difference > kRounding ? 1 : 0;
+        if (difference > kFar || roundings > kFew) {
             return false;
         }
     }

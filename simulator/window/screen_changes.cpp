@@ -11,6 +11,7 @@
 #include <bit>
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <map>
 #include <ranges>
 #include <unordered_map>
@@ -69,10 +70,10 @@ cairo_rectangle_int_t Around(const cairo_rectangle_int_t &a, const cairo_rectang
 
 /// The whole pixels around a rectangle (points of the matrix's user space), with room for soft edges.
 cairo_rectangle_int_t PixelsAround(const cairo_matrix_t &matrix, cg::Rect rect, double grow) {
-    double left = INFINITY;
-    double top = INFINITY;
-    double right = -INFINITY;
-    double bottom = -INFINITY;
+    double left = std::numeric_limits<double>::infinity();
+    double top = left;
+    double right = -left;
+    double bottom = -left;
     for (const double xPart : {-grow, rect.size.width + grow}) {
         for (const double yPart : {-grow, rect.size.height + grow}) {
             double x = rect.origin.x + xPart;
@@ -346,7 +347,7 @@ Region ScreenChanges::Look(double scale, bool codeRan, Backdrops &backdrops) {
             Add(changed.get(), seen.behind);
         }
     }
-    for (bool grew = !cairo_region_is_empty(changed.get()); grew;) {
+    for (bool grew = cairo_region_is_empty(changed.get()) == 0; grew;) {
         grew = false;
         for (const Seen &seen : *seen_) {
             if (IsCut(changed.get(), seen.shadowed)) {

@@ -27,7 +27,7 @@ constexpr double kFootHeight = kRowGap + kLineHeight + kRowHeight + kLineHeight 
 std::vector<std::string> Comments() {
     std::vector<std::string> texts;
     for (const hosts::Comment &comment : hosts::TheRecord().comments) {
-        texts.push_back(std::to_string(texts.size() + 1) + "  " + script::PlainText(comment.text) + "  (" +
+        texts.push_back(std::to_string(texts.size() + 1) + ". " + script::PlainText(comment.text) + " (" +
                         script::PlainText(comment.path) + ")");
     }
     return texts;

@@ -14,7 +14,7 @@ namespace sim::window {
 
 /// The room that the panel needs, in its own points.
 inline constexpr double kPanelWidth = 360;
-inline constexpr double kLeastPanelHeight = 420;
+inline constexpr double kLeastPanelHeight = 540;
 
 struct PanelButton {
     std::string name; // for programs that steer the window: the same in every language
