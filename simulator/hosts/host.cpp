@@ -158,7 +158,7 @@ void Host::Launch(ui::WindowScene scene) {
         [this](const Comment &comment, std::size_t) { room_.AddComment(script::PlainText(comment.text)); });
 }
 
-ns::Object Host::Make(const std::string &kind) {
+objc::Ref<ns::Object> Host::Make(const std::string &kind) {
     const objc::Ref<ns::Object> object = MakeObject(std::ranges::find(kinds_, kind, &Kind::name)->className);
     if (object) {
         TheObjects().Keep(kind, object);

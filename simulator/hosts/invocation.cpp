@@ -98,6 +98,7 @@ Fact InvokeIfAnswered(ns::Object receiver, const std::string &selector, std::vec
 }
 
 Fact MoveView(ui::View view, ui::View parent) {
+    const objc::Ref<ui::View> keep = parent;
     return Watched(view, {"didMoveToSuperview", "didMoveToWindow"}, [&] {
         if (parent) {
             parent.addSubview(view);

@@ -47,10 +47,12 @@ void WrapMethod(WordReader &words) {
     if (method == nullptr) {
         words.Fail("the app has no method " + className + " " + name);
     }
-    const char *const encoding = method_getTypeEncoding(method);
+    // Foundation's own have the desktop's letter for BOOL.
+    std::string encoding = method_getTypeEncoding(method);
+    encoding.front() = encoding.front() == 'C' ? 'B' : encoding.front();
     Wrap &wrap = Lasting<std::deque<Wrap>>().emplace_back();
     wrap.selector = name;
-    wrap.types = TypesOf(encoding, words.place());
+    wrap.types = TypesOf(encoding.c_str(), words.place());
     for (const Type *type : std::span(wrap.types).subspan(1)) {
         wrap.ffiTypes.push_back(type->ffi);
     }
@@ -61,7 +63,7 @@ void WrapMethod(WordReader &words) {
                  wrap.ffiTypes.data());
     ffi_prep_closure_loc(closure, &wrap.interface, &Run, &wrap, code);
     const auto replacement = reinterpret_cast<objc::IMP>(code);
-    if (!class_addMethod(cls, selector, replacement, encoding)) { // adding fails where the class has its own
+    if (!class_addMethod(cls, selector, replacement, encoding.c_str())) { // adding fails where the class has its own
         method_setImplementation(method, replacement);
     }
     TheInventory().methods.insert({{className, name}, false});

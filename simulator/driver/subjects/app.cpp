@@ -8,20 +8,24 @@
 #include "runtime/library_deeds.hpp"
 #include "script/values.hpp"
 
+#include <utility>
+
 namespace sim::driver {
 namespace {
 
-/// let SELECTOR do COMMAND…: the app's methods of the selector carry the command out before they do what they do
-/// themselves.
-void Let(Session &session, const std::string &selector, WordReader &words) {
+/// let SELECTOR do|once COMMAND…: the app's methods of the selector carry the command out, each time or the first time,
+/// before they do what they do themselves.
+void Let(Session &session, const std::string &selector, bool once, WordReader &words) {
     const std::span<const Word> rest = words.Rest();
     if (rest.empty()) {
         words.Fail("expected a command");
     }
     const std::vector<Word> command(rest.begin(), rest.end());
-    hosts::ChainWork(selector, [&session, place = words.place(), command] {
-        WordReader again(place, command);
-        Execute(session, again);
+    hosts::ChainWork(selector, [&session, place = words.place(), command, once, done = false]() mutable {
+        if (!once || !std::exchange(done, true)) {
+            WordReader again(place, command);
+            Execute(session, again);
+        }
     });
 }
 
@@ -33,8 +37,9 @@ void DoHost(Session &session, WordReader &words) {
     WordReader whole = words;
     if (words.Take("let")) {
         const std::string selector = hosts::ReadSelector(words);
-        if (words.Take("do")) {
-            Let(session, selector, words);
+        const bool once = words.Take("once");
+        if (once || words.Take("do")) {
+            Let(session, selector, once, words);
             return;
         }
         words = whole;

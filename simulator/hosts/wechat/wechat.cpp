@@ -68,7 +68,7 @@ class WeChat final : public Host {
     Fact Enter(const std::string &task) {
         page_.Close();
         room().Enter(task);
-        const auto view = objc::As<ui::View>(Make("view"));
+        const objc::Ref<ui::View> view = objc::As<ui::View>(Make("view").get());
         if (!view) {
             return {};
         }
