@@ -10,6 +10,7 @@
 #include <link.h>
 #include <mutex>
 #include <netdb.h>
+#include <string_view>
 #include <sys/socket.h>
 #include <unwind.h>
 
@@ -63,8 +64,8 @@ struct Walk {
 
 _Unwind_Reason_Code Step(_Unwind_Context *context, void *argument) {
     Walk &walk = *static_cast<Walk *>(argument);
-    // The function of the given frame was called where its own frame ends.
-    if (_Unwind_GetCFA(context) <= walk.frame + 2 * sizeof(void *)) {
+    // The caller of the given frame's function is the first whose stack reaches beyond that frame.
+    if (_Unwind_GetCFA(context) < walk.frame + 2 * sizeof(void *)) {
         return _URC_NO_REASON;
     }
     const std::uintptr_t address = _Unwind_GetIP(context) - 1;
@@ -94,7 +95,9 @@ void WatchLibrary(const std::string &path) {
 }
 
 void NoteDeed(const char *kind, const char *what, const void *frame) {
-    if (!watching) {
+    // Foundation on the desk reads texts and time zones of its own.
+    const std::string_view path = what != nullptr ? what : "";
+    if (!watching || path.starts_with("/usr/share/") || path.starts_with("/etc/")) {
         return;
     }
     Walk walk{reinterpret_cast<std::uintptr_t>(frame)};
@@ -102,7 +105,7 @@ void NoteDeed(const char *kind, const char *what, const void *frame) {
     if (walk.byLibrary) {
         auto &watch = Lasting<Watch>();
         const std::lock_guard lock(watch.mutex);
-        watch.deeds.push_back({kind, what != nullptr ? what : ""});
+        watch.deeds.push_back({kind, std::string(path)});
     }
 }
 
