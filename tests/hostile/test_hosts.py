@@ -30,9 +30,14 @@ APPS = {
         App("douyin", 'host enter "73{}"', "DY_SendMessage", ("HTSLiveCommentFragment", "HTSLiveCommentStore",
             "IESLiveCommentContext"), (("HTSLiveCommentStore", "HTSLiveComponent"),
             ("HTSLiveCommentFragment", "AWELiveBaseObject"), ("IESLiveCommentContext", "HTSLiveBaseStore"))),
-        App("xhs", 'host enter "g{}"', "XHS_SendMessage", ("XYLivePlayDecorateView", "XYCommentBar"), ()),
-        App("kuaishou", 'host enter "街{}"', "KS_SendMessage", ("KSSLiveCommentBarService", "KSLiveCommentService"), ()),
-        App("wechat", 'host enter "t{}"', "FC_SendMessage", ("MMLiveCommentView",), ()),
+        App("xhs", 'host enter "g{}"', "XHS_SendMessage", ("XYLivePlayDecorateView", "XYCommentBar"),
+            (("XYLivePlayDecorateView", "UIView"), ("XYCommentBar", "XYInputBarRoot"), ("XYLiveImEngine", "UIView"),
+            ("XYLiveIMMessage", "XYLiveIMRoot"))),
+        App("kuaishou", 'host enter "街{}"', "KS_SendMessage", ("KSSLiveCommentBarService", "KSLiveCommentService"),
+            (("KSSLiveCommentBarService", "NSObject"), ("KSLiveCommentService", "NSObject"),
+            ("KSSLiveCommentBarService", "UIView"))),
+        App("wechat", 'host enter "t{}"', "FC_SendMessage", ("MMLiveCommentView",), (("MMLiveCommentView", "MMLiveRootView"),
+            ("WCPluginsMgr", "NSObject"))),
     )
 }  # fmt: skip
 ASKED = ("respondsToSelector:", "isKindOfClass:", "valueForKey:", "setValue:forKey:", "performSelector:",
