@@ -33,18 +33,20 @@ objc::Ref<CommentContext> NewContext() {
     return objc::Ref<CommentContext>::Adopt(ns::Alloc<CommentContext>().init());
 }
 
-/// Sets one value of a context; a key that it does not know is skipped.
-void SetOrSkip(CommentContext context, ns::String key, ns::Object value) {
-    objc::Guard([&] { context.setValue(value, key); });
+/// Sets one value of a context; a key that it does not know is skipped. Whether it was set.
+bool SetOrSkip(CommentContext context, ns::String key, ns::Object value) {
+    return objc::Guard([&] { context.setValue(value, key); });
 }
 
-void FillContext(CommentContext context, ns::String text, ns::String roomId) {
-    SetOrSkip(context, "content"_ns, text);
-    SetOrSkip(context, "plainText"_ns, text);
+/// Whether the text stands in it at all.
+bool FillContext(CommentContext context, ns::String text, ns::String roomId) {
+    const bool hasContent = SetOrSkip(context, "content"_ns, text);
+    const bool hasText = SetOrSkip(context, "plainText"_ns, text);
     if (roomId) {
         SetOrSkip(context, "roomId"_ns, roomId);
         SetOrSkip(context, "identifier"_ns, roomId);
     }
+    return hasContent || hasText;
 }
 
 bool SendViaStore(CommentStore store, ns::String text, ns::String roomId) {
@@ -52,8 +54,10 @@ bool SendViaStore(CommentStore store, ns::String text, ns::String roomId) {
     if (!context) {
         context = NewContext();
     }
-    FillContext(context, text, roomId);
-
+    // One that takes the text under neither name would send nothing; the fragment's way has the text beside it.
+    if (!FillContext(context, text, roomId)) {
+        return false;
+    }
     const objc::SEL send = objc::Selector<"sendCommentWithCommentContext:completion:">();
     if (!store.respondsToSelector(send)) {
         return false;
