@@ -152,7 +152,7 @@ class HostileHosts(unittest.TestCase):
         for cls in app.asked:
             for selector in ASKED:
                 course.bad_and_well([f'host throw maybe {cls} {selector} "asked"'])
-                if not selector.startswith("perform"):  # what that swallows has been handed over
+                if not selector.startswith(("perform", "setValue")):  # what that swallows has been handed over
                     course.bad_and_well([f"host refuse {cls} {selector}"])
         course.attempt([f'host throw maybe {cls} {selector} "asked"' for cls in app.asked for selector in ASKED])
         course.lines.append("host calm")
