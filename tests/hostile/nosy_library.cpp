@@ -38,8 +38,8 @@ __attribute__((visibility("default"))) bool LookAround() {
 }
 
 __attribute__((visibility("default"))) bool ReadFreed() {
-    auto *const number = static_cast<void **>(std::malloc(64));
-    std::free(number);
-    return Send(number, "description") != nullptr;
+    auto *const text = static_cast<char *>(std::calloc(64, 1));
+    std::free(text);
+    return std::puts(text) >= 0; // NOLINT: wanted
 }
 }
