@@ -1,6 +1,6 @@
 #pragma once
-// What sanitized builds are told: how their own reports end the process, and the leak checker, which runs by itself only
-// when a process ends by returning from main.
+// What sanitized builds are told: how their own reports end the process, and the leak checker, which runs by itself
+// only when a process ends by returning from main.
 
 extern "C" {
 /// Reports what no pointer leads to any more; true when there is any. Only there in sanitized builds.

@@ -37,7 +37,8 @@ bool Fails(Failure failure) {
 
 } // namespace sim
 
-// What a library calls for packing and unpacking stands here in front of zlib's own; drawing uses other functions of it.
+// What a library calls for packing and unpacking stands here in front of zlib's own; drawing uses other functions of
+// it.
 
 int deflateInit_(z_streamp stream, int level, const char *version, int size) {
     return sim::Fails(sim::Failure::kMemory) ? Z_MEM_ERROR

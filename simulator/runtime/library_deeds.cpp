@@ -57,7 +57,7 @@ bool IsLibrary(std::uintptr_t address) {
 }
 
 struct Walk {
-    std::uintptr_t frame;       // 0: all frames of the program that stand on top of the stack are passed over
+    std::uintptr_t frame; // 0: all frames of the program that stand on top of the stack are passed over
     bool passesProgram = frame == 0;
     bool byLibrary = false;
 };

@@ -15,8 +15,8 @@ struct Deed {
 void WatchLibrary(const std::string &path);
 
 /// Notes a deed when it is the library's: of the library and this program, the one that has called last, on the stack
-/// above `frame`, is the library. The system's own libraries between do not count. A method of the platform does not know
-/// its caller's frame: with null, whatever of this program is on top of the stack is taken for the method.
+/// above `frame`, is the library. The system's own libraries between do not count. A method of the platform does not
+/// know its caller's frame: with null, whatever of this program is on top of the stack is taken for the method.
 void NoteDeed(const char *kind, const char *what, const void *frame);
 
 /// All that have been noted.

@@ -1,7 +1,7 @@
 #include "runtime/live_objects.hpp"
 
-#include "runtime/lasting.hpp"
 #include "objc/class_builder.hpp"
+#include "runtime/lasting.hpp"
 
 #include <mutex>
 #include <unordered_map>
@@ -30,8 +30,8 @@ objc::id Allocate(objc::Class self, objc::SEL selector, void *zone) {
 void InstallObjectCount() {
     const objc::Method method =
         class_getInstanceMethod(objc::MetaclassOf(objc_getClass("NSObject")), objc::Selector<"allocWithZone:">());
-    originalAllocate = reinterpret_cast<AllocateFunction>(
-        method_setImplementation(method, reinterpret_cast<objc::IMP>(&Allocate)));
+    originalAllocate =
+        reinterpret_cast<AllocateFunction>(method_setImplementation(method, reinterpret_cast<objc::IMP>(&Allocate)));
 }
 
 void CountGone(objc::Class cls) {

@@ -11,7 +11,8 @@ void InstallObjectCount();
 /// An object of the class goes.
 void CountGone(objc::Class cls);
 
-/// How many objects of exactly this class are alive, of those that NSObject's own allocation made since the count began.
+/// How many objects of exactly this class are alive, of those that NSObject's own allocation made since the count
+/// began.
 long LiveObjects(objc::Class cls);
 
 } // namespace sim

@@ -43,9 +43,9 @@ TitleFit Fit(ns::String text, cg::Size box, const CellStyle &style) {
     const TitleFit fit = FitTitle(front, [&](unsigned long length) {
         const ns::String prefix = length < front.length() ? front.substringToIndex(length) : front;
         constexpr double kUnlimited = std::numeric_limits<double>::max();
-        const cg::Rect bounds = ui::BoundingRect(
-            prefix, {box.width, kUnlimited}, NSStringDrawingUsesLineFragmentOrigin | NSStringDrawingUsesFontLeading,
-            style.attributes());
+        const cg::Rect bounds = ui::BoundingRect(prefix, {box.width, kUnlimited},
+                                                 NSStringDrawingUsesLineFragmentOrigin | NSStringDrawingUsesFontLeading,
+                                                 style.attributes());
         return bounds.size.height <= box.height;
     });
     return {fit.length, fit.shortened || isCut};
