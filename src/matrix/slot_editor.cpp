@@ -10,7 +10,7 @@
 #include "matrix/slots.hpp"
 #include "overlay/haptic.hpp"
 #include "overlay/presentation.hpp"
-#include "preferences/preference.hpp"
+#include "preferences/stores.hpp"
 
 namespace corvel {
 namespace {
@@ -46,14 +46,8 @@ void DismissSlotEditor(ns::Object sender) {
 }
 
 void StoreSlot(int index, ns::String text) {
-    const objc::Ref<ns::String> key = SlotKey(index);
-    ChangeDefaultsAtOnce([&](ns::UserDefaults store) {
-        if (text.length() > 0) {
-            store.setObject(text, key);
-        } else {
-            store.removeObjectForKey(key);
-        }
-    });
+    StoreObject(SlotKey(index).get(), text.length() > 0 ? text : ns::String{});
+    SynchronizeDefaults();
 }
 
 } // namespace

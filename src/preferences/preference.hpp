@@ -4,7 +4,7 @@
 // Write stores and synchronises at once, as settings do. Store leaves the synchronising to the caller, who has more to
 // store, or to the store's own schedule.
 
-#include "objc/guard.hpp"
+#include "preferences/stores.hpp"
 #include "preferences/typed_reads.hpp"
 
 #include <algorithm>
@@ -23,23 +23,6 @@ struct Range {
         return std::clamp(value, least, most);
     }
 };
-
-/// Runs change(defaults) with the host's standard user defaults. Code of the host's hears of every
-/// change at once and may raise, and so may a store that the host has made its own. What is not stored reads as before.
-template <class Change> void ChangeDefaults(Change change) {
-    objc::Guard([&] { change(ns::UserDefaults::standardUserDefaults()); });
-}
-
-/// What was changed outlives the app from now on.
-inline void SynchronizeDefaults() {
-    ChangeDefaults([](ns::UserDefaults defaults) { defaults.synchronize(); });
-}
-
-/// Changes and synchronises.
-template <class Change> void ChangeDefaultsAtOnce(Change change) {
-    ChangeDefaults(change);
-    SynchronizeDefaults();
-}
 
 /// What preferences of all types have: a key in the host's standard user defaults.
 class Preference {
@@ -71,12 +54,13 @@ class BoolPreference : public Preference {
         return ReadBoolPreference(key());
     }
     void Write(bool value) const {
-        ChangeDefaultsAtOnce([&](ns::UserDefaults defaults) { defaults.setBool(value, key()); });
+        StoreBool(key(), value);
+        SynchronizeDefaults();
     }
     /// Stores the initial value while there is none.
     void StoreInitial() const {
         if (!Defaults().objectForKey(key())) {
-            ChangeDefaults([&](ns::UserDefaults defaults) { defaults.setBool(initial_, key()); });
+            StoreBool(key(), initial_);
         }
     }
     constexpr bool initial() const {
@@ -101,7 +85,8 @@ class FloatPreference : public Preference {
         return ReadFloatPreference(key(), slider_.middle());
     }
     void Write(float value) const {
-        ChangeDefaultsAtOnce([&](ns::UserDefaults defaults) { defaults.setFloat(value, key()); });
+        StoreFloat(key(), value);
+        SynchronizeDefaults();
     }
     constexpr double fallback() const {
         return fallback_;
@@ -130,7 +115,7 @@ class PlacePreference : public Preference {
         return kUsable.Clamped(ReadFloatPreference(key(), (screenLength * share_) + offset_));
     }
     void Store(double value) const {
-        ChangeDefaults([&](ns::UserDefaults defaults) { defaults.setFloat(static_cast<float>(value), key()); });
+        StoreFloat(key(), static_cast<float>(value));
     }
     constexpr double share() const {
         return share_;
@@ -153,7 +138,8 @@ class IntegerPreference : public Preference {
         return ReadIntegerPreference(key());
     }
     void Write(long value) const {
-        ChangeDefaultsAtOnce([&](ns::UserDefaults defaults) { defaults.setInteger(value, key()); });
+        StoreInteger(key(), value);
+        SynchronizeDefaults();
     }
     /// The value moved into the range.
     constexpr long Clamped(long value) const {
@@ -180,13 +166,15 @@ class StringPreference : public Preference {
         return ReadStringPreference(key(), fallback_);
     }
     void Write(ns::String value) const {
-        ChangeDefaultsAtOnce([&](ns::UserDefaults defaults) { defaults.setObject(value, key()); });
+        Store(value);
+        SynchronizeDefaults();
     }
     void Store(ns::String value) const {
-        ChangeDefaults([&](ns::UserDefaults defaults) { defaults.setObject(value, key()); });
+        StoreObject(key(), value);
     }
     void Remove() const {
-        ChangeDefaultsAtOnce([&](ns::UserDefaults defaults) { defaults.removeObjectForKey(key()); });
+        StoreObject(key(), nullptr);
+        SynchronizeDefaults();
     }
     ns::String fallback() const {
         return fallback_;

@@ -18,9 +18,7 @@ void HandleReset(objc::Class, objc::SEL) {
 
 void ResetConfiguration() {
     RemovePanels(); // first: a field that is being edited stores its number as it goes
-    VisitOwnKeys(ns::UserDefaults::standardUserDefaults(), [](ns::String key) {
-        ChangeDefaults([&](ns::UserDefaults defaults) { defaults.removeObjectForKey(key); });
-    });
+    VisitOwnKeys(ns::UserDefaults::standardUserDefaults(), [](ns::String key) { StoreObject(key, nullptr); });
     SynchronizeDefaults();
     RebuildCaptureButton(); // which leaves none: its switch is off by default
     LayoutMatrix();

@@ -26,7 +26,7 @@ void StoreConfiguration(ns::Dictionary configuration) {
     for (const ns::String key : ns::ArrayOf<ns::String>(configuration.allKeys())) {
         const ns::Object value = configuration.objectForKey(key);
         if (IsOwnKey(key) && IsStorable(value)) {
-            ChangeDefaults([&](ns::UserDefaults store) { store.setObject(value, key); });
+            StoreObject(key, value);
         }
     }
     SynchronizeDefaults();
