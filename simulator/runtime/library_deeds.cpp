@@ -115,7 +115,8 @@ const std::vector<Deed> &LibraryDeeds() {
 
 } // namespace sim
 
-// The system's functions that lead outside, in front of the real ones.
+// The system's functions that lead outside, in front of the real ones. Its headers have reserved names for arguments.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 
 extern "C" {
 
@@ -177,3 +178,4 @@ void *dlopen(const char *path, int mode) noexcept {
     return sim::Next("dlopen", &dlopen)(path, mode);
 }
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
