@@ -26,9 +26,9 @@ COPY = ROOT / "out" / "mutate"
 OUT = COPY / "out" / "release"
 LIBRARY = OUT / "libCorvel.so"
 KNOWN = ROOT / "tests" / "known-survivors.txt"
-# The simulator has these rooms in common with the library. A fault is to be the library's alone, so the simulator and
-# the unit tests, which contain it, stay as they are.
-SHARED = ("src/objc/", "src/apple/")
+# The simulator has these rooms in common with the library. A fault is to be the library's alone, so the simulator stays
+# as it is, and so do the unit tests, which contain all of it, where the fault is in a header.
+SHARED = re.compile(r"src/(objc|apple)/.*\.hpp")
 PLAYED = re.compile(r"^(unit|scenario|demo|transfer|pages)/")
 LONGEST = 60  # seconds; what takes longer hangs, and so is caught
 
@@ -135,7 +135,7 @@ class Fault:
         """The lines that differ, as `- old` and `+ new`."""
         old = (ROOT / self.path).read_text(encoding="utf-8").splitlines()
         lines = difflib.unified_diff(old, self.applied().splitlines(), n=0, lineterm="")
-        return [f"{line[0]} {line[1:].strip()}" for line in list(lines)[3:]]
+        return [f"{line[0]} {line[1:].strip()}".rstrip() for line in list(lines)[3:]]
 
 
 def draw(chance, within):
@@ -210,7 +210,7 @@ class Tests:
     def first_failure(self, path):
         """The test that fails, those that are about the file's room first; nothing when all pass."""
         words = [word for word in Path(path).with_suffix("").parts[1:] if len(word) > 4]
-        shared = path.startswith(SHARED)
+        shared = SHARED.fullmatch(path)
         names = [name for name in self.tests if not (shared and name.startswith("unit/"))]
         names.sort(key=lambda name: (name != self.caught.get(path), not any(word in name for word in words),
                                      self.took.get(name, 0)))  # fmt: skip
@@ -225,7 +225,7 @@ class Tests:
 
 
 def build(path):
-    targets = ["Corvel"] if path.startswith(SHARED) else ["Corvel", "unit-tests", "preference-pages"]
+    targets = ["Corvel"] if SHARED.fullmatch(path) else ["Corvel", "unit-tests", "preference-pages"]
     # What a dropped statement leaves unused is no reason to pass the fault over.
     lenient = dict(os.environ, CCC_OVERRIDE_OPTIONS="#x-Werror")
     return run(["cmake", "--build", OUT, "--target", *targets], env=lenient).returncode == 0
@@ -256,7 +256,7 @@ def prepare():
 def known_survivors():
     """Faults that change nothing: file, old line and new line, as the list gives them."""
     blocks = KNOWN.read_text(encoding="utf-8").split("\n\n") if KNOWN.exists() else []
-    return {tuple(line for line in block.splitlines() if not line.startswith("#"))[:-1] for block in blocks}
+    return {tuple(line.rstrip() for line in block.splitlines() if line and not line.startswith("#")) for block in blocks}
 
 
 def attempt(fault, tests, sound):

@@ -54,9 +54,8 @@ ns::Object Press() {
 }
 
 void OpenSettings() {
-    sim::driver::AsHost([] {
-        objc::Send<"dm_flp:", void>(ns::Object{objc::AsObject(objc_getClass("NSObject"))}, Press());
-    });
+    sim::driver::AsHost(
+        [] { objc::Send<"dm_flp:", void>(ns::Object{objc::AsObject(objc_getClass("NSObject"))}, Press()); });
     Do("wait 0.5");
 }
 

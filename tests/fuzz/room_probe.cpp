@@ -1,4 +1,5 @@
-// The room probe over objects of any shape: methods of any types, values of any kind under any key, any of them raising.
+// The room probe over objects of any shape: methods of any types, values of any kind under any key, any of them
+// raising.
 
 #include "adapters/douyin/room_identity_probe.hpp"
 #include "apple/foundation/collections.hpp"
@@ -126,7 +127,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytes, std::size_t siz
     g_made = ns::New<ns::MutableArray>();
     g_depth = 0;
     const objc::Ref<ns::String> identity = corvel::douyin::ProbeRoomIdentity(NewHostObject());
-    fuzz::Require(!identity || (identity->length() >= 1 && identity->length() <= 63), "an identifier of another length");
+    fuzz::Require(!identity || (identity->length() >= 1 && identity->length() <= 63),
+                  "an identifier of another length");
     g_made = nullptr;
     return 0;
 }

@@ -46,13 +46,12 @@ void CheckEdge(const std::u16string &units, unsigned long edge) {
 /// one finds; where one is, it finds a prefix that fits.
 void CheckMeasured(const std::u16string &units, cg::Size box, double fontSize) {
     const ns::String text = sim::StringOf(units);
-    const auto attributes = ns::Dictionary::dictionaryWithObject(ui::Font::systemFontOfSize(fontSize),
-                                                                 NSFontAttributeName);
+    const auto attributes =
+        ns::Dictionary::dictionaryWithObject(ui::Font::systemFontOfSize(fontSize), NSFontAttributeName);
     const auto fitsBox = [&](unsigned long length) {
-        const cg::Rect bounds = ui::BoundingRect(text.substringToIndex(length),
-                                                 {box.width, std::numeric_limits<double>::max()},
-                                                 NSStringDrawingUsesLineFragmentOrigin | NSStringDrawingUsesFontLeading,
-                                                 attributes);
+        const cg::Rect bounds =
+            ui::BoundingRect(text.substringToIndex(length), {box.width, std::numeric_limits<double>::max()},
+                             NSStringDrawingUsesLineFragmentOrigin | NSStringDrawingUsesFontLeading, attributes);
         return bounds.size.height <= box.height;
     };
     std::vector<bool> fits(units.size() + 1, true);

@@ -13,7 +13,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytes, std::size_t siz
     }
     if (const objc::Ref<ns::String> again = corvel::EncodeConfiguration(read)) {
         const objc::Ref<ns::Dictionary> second = corvel::DecodeConfiguration(again);
-        fuzz::Require(second && second->allKeys().count() == read->allKeys().count(), "what was encoded cannot be decoded");
+        fuzz::Require(second && second->allKeys().count() == read->allKeys().count(),
+                      "what was encoded cannot be decoded");
     }
     return 0;
 }
