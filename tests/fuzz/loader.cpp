@@ -17,7 +17,7 @@ template <class Step> bool Taken(const Step &step) {
     return true;
 }
 
-void Load(device::MachoFile file) {
+void Load(const device::MachoFile &file) {
     static std::array<char, 64> imported{};
     const device::MappedImage image(file, [](const std::string &symbol) -> void * {
         return symbol.size() < imported.size() ? &imported[symbol.size()] : nullptr;
