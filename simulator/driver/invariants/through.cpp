@@ -4,7 +4,6 @@
 #include "driver/invariants/overlay_parts.hpp"
 #include "driver/view_properties.hpp"
 #include "uikit/application.hpp"
-#include "uikit/view.hpp"
 #include "uikit/view_geometry.hpp"
 
 #include <algorithm>
@@ -33,12 +32,11 @@ class Through final : public Invariant {
     std::string Broken(const script::Line &) override {
         const std::vector<ui::Window> windows = WindowsOfClass(className_);
         for (const cg::Point point : Places(windows)) {
+            const ui::View hit = HitTestScreen(point); // first: asked, the library may put its views in order
             if (IsTaken(point, windows)) {
                 continue;
             }
-            const ui::View hit = HitTestScreen(point);
-            const bool isOurs = hit && std::ranges::find(windows, WindowOf(hit)) != windows.end();
-            if (isOurs || (!hit && AppCovers(point, windows))) {
+            if (hit != HitWithout(windows, point)) {
                 return "a finger at " + script::Render(std::vector{Bare(point.x), Bare(point.y)}) + " touches " +
                        script::Render(DescribeView(hit));
             }
@@ -76,10 +74,16 @@ class Through final : public Invariant {
         });
     }
 
-    static bool AppCovers(cg::Point point, const std::vector<ui::Window> &windows) {
-        return std::ranges::any_of(WindowsFrontToBack(), [&](ui::Window window) {
-            return std::ranges::find(windows, window) == windows.end() && TakesTouches(window) && Covers(window, point);
-        });
+    /// What a finger there would touch if the windows were not.
+    static ui::View HitWithout(const std::vector<ui::Window> &windows, cg::Point point) {
+        for (const ui::Window window : WindowsFrontToBack()) {
+            if (std::ranges::find(windows, window) == windows.end()) {
+                if (const ui::View hit = window.hitTest(FromScreen(window, point), nullptr)) {
+                    return hit;
+                }
+            }
+        }
+        return {};
     }
 
     std::string className_;
