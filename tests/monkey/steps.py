@@ -80,10 +80,10 @@ class Steps:
         self.host = host
         self.random = random.Random(f"{host} {seed}")
         self.keys = KEYS + [f"Corvel.slots.{i}" for i in (0, 1, 2, 3, 7, 11, 143)] + ["Corvel.frob", "Host.own"]
-        kinds = ((20, self.float_button), (16, self.cell), (8, self.title), (6, self.row), (9, self.errand), (9, self.anywhere),
+        kinds = ((20, self.float_button), (12, self.cell), (14, self.comments), (8, self.title), (6, self.row), (9, self.errand), (9, self.anywhere),
                  (8, self.fingers), (22, self.wait), (10, self.preference), (5, self.import_text), (12, self.app),
                  (4, self.misbehaviour), (7, self.keys_typed), (5, self.phone), (3, self.scenes), (4, self.presented),
-                 (3, self.action), (1, self.relaunch))
+                 (3, self.action), (1, self.relaunch), (3, self.tidiness))
         self.weights = [weight for weight, _ in kinds]
         self.kinds = [kind for _, kind in kinds]
 
@@ -122,7 +122,6 @@ class Steps:
         section = f"{self.pick('▶', '▼')} {self.pick('插件配置', '延迟优化(实验)')}"
         below = quoted(self.pick("导出Corvel配置", "导入Corvel配置", "清除插件配置", "查看调试日志", "清除调试日志"))
         return self.pick(
-            ["touch cancel", 'tap "弹"', "wait 0.5", f"tap cell {self.random.randint(0, 8)}"],
             [f"tap cell {self.random.randint(0, 8)}"] * 2 + editor,
             settings + [f"scroll label {rows} into view", f"tap switch {rows}", f"slide slider {rows} to 1"],
             settings + [f'scroll "{section}" into view', f'tap "{section}"', f"scroll {below} into view", f"tap {below}",
@@ -130,6 +129,21 @@ class Steps:
             settings + ["tap class UITextField 1", "erase all", f"type {quoted(str(self.random.randint(0, 20)))}",
                         self.pick('tap "完成"', 'tap class UITextField 2', 'tap label "设置中心"', 'tap "弹"')],
             [f"set \"Corvel.config.gridPresetIndex\" int {self.random.randint(0, 9)}", "call action dm_imp"])
+
+    def comments(self):
+        """Some comments in a row, in a room if there is none."""
+        lines = ["touch cancel", self.pick('tap "弹"', "wait 0"), "wait 0.5", f"host {self.pick(*EVENTS[self.host][:2])}"]
+        for _ in range(self.random.randint(1, 5)):
+            lines += [f"tap cell {self.pick(0, 1, 2, 3, self.random.randint(0, 15))}", self.wait()[0]]
+        return lines
+
+    def tidiness(self):
+        """Out of what has come to stand in the way."""
+        return self.pick(["touch cancel", "dismiss", "wait 1", "dismiss", "wait 1"],
+                         [f"tap alert {quoted(self.pick('取消', '关闭', '好'))}", "wait 0.5", "host calm"],
+                         ["unset Corvel.wc.floatSwitch", "unset Corvel.config.gridPresetIndex"],
+                         ["screen usual", "rotate portrait", "keyboard hide"],
+                         ["scene 1 active", 'tap "✕" in class _UIColorPickerView', "wait 0.5"])
 
     def cell(self):
         index = self.pick(0, 0, 1, 2, 3, 5, 11, self.random.randint(0, 143))

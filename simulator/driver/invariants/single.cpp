@@ -1,4 +1,5 @@
-// single CLASS [PART]: no more than one window of the class, or one such part in it.
+// single CLASS [PART]: no more than one window of the class is shown, or one such part lies in all of them. A hidden
+// window may live on while a finger that landed in it stays down.
 
 #include "driver/invariants/invariant.hpp"
 #include "driver/invariants/overlay_parts.hpp"
@@ -20,7 +21,8 @@ class Single final : public Invariant {
 
     std::string Broken(const script::Line &) override {
         const std::vector<ui::Window> windows = WindowsOfClass(window_);
-        std::ptrdiff_t count = std::ssize(windows);
+        std::ptrdiff_t count =
+            std::ranges::count_if(windows, [](ui::Window window) { return !ViewStateOf(window).hidden; });
         if (part_) {
             count = 0;
             for (const ui::Window window : windows) {
