@@ -4,7 +4,9 @@
 #include "hosts/host_class.hpp"
 #include "hosts/inventory.hpp"
 #include "hosts/invocation.hpp"
+#include "hosts/keyed.hpp"
 #include "hosts/worker.hpp"
+#include "hosts/wrapped_method.hpp"
 #include "script/values.hpp"
 
 #include <algorithm>
@@ -55,10 +57,7 @@ Fact CallMethod(WordReader &words) {
 
 /// let SELECTOR call OBJECT SELECTOR ARGUMENTS…
 Fact Let(WordReader &words) {
-    const std::string selector = words.Name("a selector");
-    if (!TheInventory().selectors.contains(selector)) {
-        words.Fail("the app has no method " + selector);
-    }
+    const std::string selector = ReadSelector(words);
     words.Expect("call");
     ChainCall(selector, ReadInvocation(words));
     return {};
@@ -75,8 +74,13 @@ Answer AskCalls(WordReader &words) {
     return answer;
 }
 
+/// Not by asking the object, whose class may have an answer of its own.
 bool IsView(ns::Object object) {
-    return object.isKindOfClass(objc_getClass(ui::View::kClassName));
+    objc::Class cls = object ? objc::object_getClass(object.pointer) : nullptr;
+    while (cls != nullptr && cls != objc::ClassOf<ui::View>()) {
+        cls = class_getSuperclass(cls);
+    }
+    return cls != nullptr;
 }
 
 objc::Ref<ui::View> ReadView(WordReader &words) {
@@ -100,6 +104,10 @@ Host::Host(LiveRoomLook look, std::span<const Kind> kinds) : kinds_(kinds), room
     });
     On("call", &CallMethod);
     On("let", &Let);
+    On("wrap", [](WordReader &words) -> Fact {
+        WrapMethod(words);
+        return {};
+    });
     On("on", [](WordReader &words) {
         words.Expect("worker");
         return DoOnWorker(words);
@@ -125,6 +133,7 @@ Host::Host(LiveRoomLook look, std::span<const Kind> kinds) : kinds_(kinds), room
     On("overrelease", [](WordReader &words) -> Fact {
         // Not held here: the last release must be the one that takes the object apart.
         const ns::Object object = TheObjects().Read(words);
+        ForgetEverywhere(object);
         TheObjects().ReleaseToDeath(object);
         return {};
     });
@@ -136,6 +145,10 @@ Host::Host(LiveRoomLook look, std::span<const Kind> kinds) : kinds_(kinds), room
 
 void Host::Register() {
     RegisterClasses();
+    for (const auto &[method, place] : ThePlan().wraps) {
+        WordReader words(place, method);
+        WrapMethod(words);
+    }
     CheckSetUp();
 }
 
@@ -186,6 +199,12 @@ void Host::Shape(WordReader &words) {
         Throw(words);
     } else if (words.Take("refuse")) {
         Refuse(words);
+    } else if (words.Take("wrap")) {
+        const Plan::Method method = ReadMethod(words);
+        plan.wraps.push_back({{Bare(method.first), Bare(method.second)}, words.place()});
+    } else if (words.Take("superclass")) {
+        const std::string name = words.Name("a class");
+        plan.superclasses[name] = {words.Name("its superclass"), words.place()};
     } else if (words.Take("types")) {
         const Plan::Method method = ReadMethod(words);
         plan.shapes[method] = {words.Name("a type encoding"), words.place()};
@@ -222,7 +241,7 @@ Fact Host::Event(WordReader &words) {
 }
 
 Answer Host::Query(WordReader &words) {
-    const std::string name = words.Name("calls, alive, responds, call or taps");
+    const std::string name = words.Name("calls, alive, responds, call, methods or taps");
     if (name == "calls") {
         return AskCalls(words);
     }
@@ -236,10 +255,20 @@ Answer Host::Query(WordReader &words) {
     if (name == "call") {
         return {CallMethod(words)};
     }
+    if (name == "methods") {
+        Answer answer;
+        for (const auto &[method, optional] : TheInventory().methods) {
+            answer.push_back({Bare(method.first), Bare(method.second)});
+            if (optional) {
+                answer.back().push_back(Bare("perhaps"));
+            }
+        }
+        return answer;
+    }
     if (name == "taps") {
         return {{Bare(LiveRoom::Taps())}};
     }
-    words.Fail("expected calls, alive, responds, call or taps, not " + name);
+    words.Fail("expected calls, alive, responds, call, methods or taps, not " + name);
 }
 
 } // namespace sim::hosts

@@ -44,11 +44,29 @@ bool Refuses(ns::Object self, const char *selector) {
     return true;
 }
 
+namespace {
+
+/// The superclass that the plan gives the class, else the usual one.
+const char *SuperclassOf(const char *name, const char *usual) {
+    const auto planned = ThePlan().superclasses.find(name);
+    if (planned == ThePlan().superclasses.end()) {
+        return usual;
+    }
+    const auto &[superclass, place] = planned->second;
+    const objc::Class cls = objc_getClass(superclass.c_str());
+    if (cls == nullptr || IsKeyed(cls) != IsKeyed(objc_getClass(usual))) {
+        throw script::ScriptError(place, superclass + " cannot be the superclass of " + name);
+    }
+    return superclass.c_str();
+}
+
+} // namespace
+
 HostClass::HostClass(const char *root, const char *base, const char *name, const char *sibling)
     : name_(name), base_(base, root) {
     TheInventory().classes.insert(name);
     if (!ThePlan().lackedClasses.contains(name)) {
-        own_.emplace(MakePlannedClass(name, base));
+        own_.emplace(MakePlannedClass(name, SuperclassOf(name, base)));
     }
     Class(sibling, base);
 }

@@ -4,6 +4,7 @@
 // Write stores and synchronises at once, as settings do. Store leaves the synchronising to the caller, who has more to
 // store, or to the store's own schedule.
 
+#include "objc/guard.hpp"
 #include "preferences/typed_reads.hpp"
 
 #include <algorithm>
@@ -22,6 +23,23 @@ struct Range {
         return std::clamp(value, least, most);
     }
 };
+
+/// Runs change(defaults) with the host's standard user defaults. Code of the host's hears of every
+/// change at once and may raise, and so may a store that the host has made its own. What is not stored reads as before.
+template <class Change> void ChangeDefaults(Change change) {
+    objc::Guard([&] { change(ns::UserDefaults::standardUserDefaults()); });
+}
+
+/// What was changed outlives the app from now on.
+inline void SynchronizeDefaults() {
+    ChangeDefaults([](ns::UserDefaults defaults) { defaults.synchronize(); });
+}
+
+/// Changes and synchronises.
+template <class Change> void ChangeDefaultsAtOnce(Change change) {
+    ChangeDefaults(change);
+    SynchronizeDefaults();
+}
 
 /// What preferences of all types have: a key in the host's standard user defaults.
 class Preference {
@@ -53,13 +71,12 @@ class BoolPreference : public Preference {
         return ReadBoolPreference(key());
     }
     void Write(bool value) const {
-        Defaults().setBool(value, key());
-        Defaults().synchronize();
+        ChangeDefaultsAtOnce([&](ns::UserDefaults defaults) { defaults.setBool(value, key()); });
     }
     /// Stores the initial value while there is none.
     void StoreInitial() const {
         if (!Defaults().objectForKey(key())) {
-            Defaults().setBool(initial_, key());
+            ChangeDefaults([&](ns::UserDefaults defaults) { defaults.setBool(initial_, key()); });
         }
     }
     constexpr bool initial() const {
@@ -84,8 +101,7 @@ class FloatPreference : public Preference {
         return ReadFloatPreference(key(), slider_.middle());
     }
     void Write(float value) const {
-        Defaults().setFloat(value, key());
-        Defaults().synchronize();
+        ChangeDefaultsAtOnce([&](ns::UserDefaults defaults) { defaults.setFloat(value, key()); });
     }
     constexpr double fallback() const {
         return fallback_;
@@ -114,7 +130,7 @@ class PlacePreference : public Preference {
         return kUsable.Clamped(ReadFloatPreference(key(), (screenLength * share_) + offset_));
     }
     void Store(double value) const {
-        Defaults().setFloat(static_cast<float>(value), key());
+        ChangeDefaults([&](ns::UserDefaults defaults) { defaults.setFloat(static_cast<float>(value), key()); });
     }
     constexpr double share() const {
         return share_;
@@ -137,8 +153,7 @@ class IntegerPreference : public Preference {
         return ReadIntegerPreference(key());
     }
     void Write(long value) const {
-        Defaults().setInteger(value, key());
-        Defaults().synchronize();
+        ChangeDefaultsAtOnce([&](ns::UserDefaults defaults) { defaults.setInteger(value, key()); });
     }
     /// The value moved into the range.
     constexpr long Clamped(long value) const {
@@ -165,15 +180,13 @@ class StringPreference : public Preference {
         return ReadStringPreference(key(), fallback_);
     }
     void Write(ns::String value) const {
-        Store(value);
-        Defaults().synchronize();
+        ChangeDefaultsAtOnce([&](ns::UserDefaults defaults) { defaults.setObject(value, key()); });
     }
     void Store(ns::String value) const {
-        Defaults().setObject(value, key());
+        ChangeDefaults([&](ns::UserDefaults defaults) { defaults.setObject(value, key()); });
     }
     void Remove() const {
-        Defaults().removeObjectForKey(key());
-        Defaults().synchronize();
+        ChangeDefaultsAtOnce([&](ns::UserDefaults defaults) { defaults.removeObjectForKey(key()); });
     }
     ns::String fallback() const {
         return fallback_;

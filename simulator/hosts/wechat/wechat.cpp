@@ -50,6 +50,9 @@ class WeChat final : public Host {
                 page_.Close();
             } else {
                 words.Expect("open");
+                if (!room().window()) {
+                    words.Fail("the app has no screen to open the page on");
+                }
                 page_.Open(room().window().rootViewController().view());
             }
             return {};
