@@ -18,9 +18,9 @@ struct Option {
 };
 
 constexpr Option kOptions[] = {
-    {"--host", &Options::host},         {"--bundle", &Options::bundle},     {"--library", &Options::library},
-    {"--words", &Options::words},       {"--state", &Options::state},       {"--pictures", &Options::pictures},
-    {"--variants", &Options::variants}, {"--rules", &Options::rules},       {"--continue", &Options::progress},
+    {"--host", &Options::host},         {"--bundle", &Options::bundle}, {"--library", &Options::library},
+    {"--words", &Options::words},       {"--state", &Options::state},   {"--pictures", &Options::pictures},
+    {"--variants", &Options::variants}, {"--rules", &Options::rules},   {"--continue", &Options::progress},
 };
 
 constexpr const char *kLenient = "--lenient";

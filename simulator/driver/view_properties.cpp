@@ -49,8 +49,7 @@ Fact Joined(Fact fact, const Fact &more) {
 
 /// Whether a view has the getter with that result. A view of the app's may have one of that name and another type.
 template <objc::FixedString Name, class R> bool Has(ui::View view) {
-    const objc::Method method =
-        class_getInstanceMethod(objc::object_getClass(view.pointer), objc::Selector<Name>());
+    const objc::Method method = class_getInstanceMethod(objc::object_getClass(view.pointer), objc::Selector<Name>());
     return method != nullptr &&
            objc::SameEncoding(objc::kMethodEncoding<R>.data, method_getTypeEncoding(method), objc::Integers::kExact);
 }

@@ -52,7 +52,7 @@ TEXTS = ("", "1", "666", "主播好", "弹", "截", "Corvel", "弹幕😀\n\"二
 NUMBERS = (0, 1, -1, 0.5, 3, 8, 12, 13, 0.05, 1.5, 20, 144, 400, -1e6, 1e6, 1e30, 1e-30, 2147483648)
 BUTTONS = ("弹", "截", "✕", "保存", "取消", "确定", "确定清除", "关闭", "复制日志", "清空日志", "完成", "启用", "好",
            "▶ 插件配置", "▼ 插件配置", "▶ 延迟优化(实验)", "▼ 延迟优化(实验)", "导出Corvel配置", "导入Corvel配置",
-           "清除插件配置", "查看调试日志", "清除调试日志", "自定义", "2×2", "3×3", "4×4")
+           "清除插件配置", "查看调试日志", "清除调试日志", "自定义", "自定义", "4", "12", "36", "42", "48")
 PRESENTED = ("present screen", 'present editor "你好"', 'present alert "标题" none "好" cancel',
              'present alert none "正文" "甲" "乙" destructive', "dismiss", "dismiss")
 ACTIONS = ("dm_ftap", "dm_cap", "dm_bM", "dm_bm", "dm_cm", "dm_gd", "dm_exp", "dm_imp", "dm_clear", "dm_log",

@@ -48,7 +48,8 @@ class Sends final : public Invariant {
     void Begin(const Library &library, const std::string &host) override {
         isReady_ = reinterpret_cast<unsigned char (*)()>(library.Function(readyFunctions_[host]));
         const objc::SEL action = sel_registerName(action_.c_str());
-        if (objc::Method const method = class_getInstanceMethod(objc::MetaclassOf(objc::ClassOf<ns::Object>()), action)) {
+        if (objc::Method const method =
+                class_getInstanceMethod(objc::MetaclassOf(objc::ClassOf<ns::Object>()), action)) {
             watching = this;
             original_ = reinterpret_cast<Action>(method_setImplementation(method, reinterpret_cast<objc::IMP>(&Tap)));
         }
