@@ -110,6 +110,10 @@ const std::vector<Deed> &LibraryDeeds() {
     return Lasting<Watch>().deeds;
 }
 
+void ForgetLibraryDeeds() {
+    Lasting<Watch>().deeds.clear();
+}
+
 } // namespace sim
 
 // The system's functions that lead outside, in front of the real ones.

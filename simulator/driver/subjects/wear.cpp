@@ -3,6 +3,7 @@
 #include "driver/subjects/subjects.hpp"
 #include "hosts/objects.hpp"
 #include "hosts/record.hpp"
+#include "runtime/library_deeds.hpp"
 #include "uikit/haptics.hpp"
 
 #include <ctime>
@@ -31,6 +32,7 @@ void DoForget(Session &, WordReader &words) {
     hosts::TheRecord().comments = {};
     hosts::TheObjects().ForgetGone();
     ForgetHapticImpacts();
+    ForgetLibraryDeeds();
 }
 
 Answer AskProcessor(Session &, WordReader &) {
