@@ -29,6 +29,7 @@ HERE = Path(__file__).resolve().parent
 LONGEST_RUN = 5000
 SHRINKING_SECONDS = 240
 HUNG_SECONDS = 900  # for a whole run
+TALKATIVE = 20  # with more runs than these, each is told of as it ends
 
 
 class Run:
@@ -114,6 +115,9 @@ def main():
         for (host, seed, steps), run in zip(runs, pool.map(play_run, runs)):
             done += steps
             passed_over += run.passed_over
+            if len(runs) > TALKATIVE:
+                print(f"{host} {steps} {seed}: ended with {run.status}, {done} of {words.steps * len(hosts)} steps",
+                      file=sys.stderr, flush=True)
             for line, seconds in run.slow:
                 print(f"{host} {steps} {seed}: slow, {seconds}: {run.lines[int(line) - 1][:200]}")
             if not run.failed:
