@@ -21,7 +21,7 @@ PARTS = 20
 WARM = 4  # parts
 BYTES_A_CYCLE = 200
 # The quickest part of several is compared with the quickest of others: another program's load makes none quicker.
-DEARER = 1.6
+DEARER = 2
 GRAIN = 0.004  # seconds: shorter differences of a part say nothing
 
 CLASSES = ("DanmuWindow", "UIWindow", "UIView", "UIButton", "UILabel", "UIVisualEffectView", "UIScrollView", "UISwitch",

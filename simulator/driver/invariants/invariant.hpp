@@ -13,7 +13,7 @@ class Invariant {
     Invariant() = default;
     Invariant(const Invariant &) = delete;
     Invariant &operator=(const Invariant &) = delete;
-    virtual ~Invariant() noexcept(false) {} // references that go with it may run anything
+    virtual ~Invariant() noexcept(false) = default; // references that go with it may run anything
 
     /// The app has been launched and the library injected; no line that needs them has been played.
     virtual void Begin(const Library &, const std::string & /*host*/) {}

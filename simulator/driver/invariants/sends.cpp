@@ -91,7 +91,7 @@ class Sends final : public Invariant {
         const std::vector<hosts::Comment> &comments = hosts::TheRecord().comments;
         const std::size_t count = comments.size() - before;
         if (count > 1 || (certain && count == 0)) {
-            wrong_ = "a tap on \"" + title + "\" sent " + std::to_string(count) + " comments";
+            Complain(title, Bare(std::to_string(count) + " comments"));
         }
         for (std::size_t i = before; i < comments.size(); ++i) {
             const std::string text = script::PlainText(comments[i].text);
@@ -99,9 +99,13 @@ class Sends final : public Invariant {
             // An app that misbehaves may lose the text on its own way.
             const bool lost = !certain && comments[i].text == Fact{Bare("nil")};
             if (!whole && !lost && !(title.empty() && text == empty_)) {
-                wrong_ = "a tap on \"" + title + "\" sent \"" + text + "\"";
+                Complain(title, comments[i].text.front());
             }
         }
+    }
+
+    void Complain(const std::string &title, const Word &sent) {
+        wrong_ = script::Render(Fact{Bare("a tap on"), script::Text(title), Bare("sent"), sent});
     }
 
     /// Keeps every text that a key has now.

@@ -37,8 +37,9 @@ class Through final : public Invariant {
                 continue;
             }
             if (hit != HitWithout(windows, point)) {
-                return "a finger at " + script::Render(std::vector{Bare(point.x), Bare(point.y)}) + " touches " +
-                       script::Render(DescribeView(hit));
+                Fact wrong{Bare("a finger at"), Bare(point.x), Bare(point.y), Bare("touches")};
+                script::Append(wrong, DescribeView(hit));
+                return script::Render(wrong);
             }
         }
         return "";
