@@ -79,8 +79,9 @@ class Steps:
     def __init__(self, host, seed):
         self.host = host
         self.random = random.Random(f"{host} {seed}")
-        self.keys = KEYS + [f"Corvel.slots.{i}" for i in (0, 1, 2, 3, 7, 11, 143)] + ["Corvel.frob", "Host.own"]
-        kinds = ((20, self.float_button), (12, self.cell), (14, self.comments), (8, self.title), (6, self.row), (9, self.errand), (9, self.anywhere),
+        self.keys = KEYS + ["Corvel.frob", "Host.own"]
+        self.keys += [f"Corvel.slots.{i}" for i in (0, 1, 2, 3, 7, 11, 143) for _ in range(4)]  # texts matter most
+        kinds = ((20, self.float_button), (12, self.cell), (14, self.comments), (8, self.title), (6, self.row), (14, self.errand), (9, self.anywhere),
                  (8, self.fingers), (22, self.wait), (10, self.preference), (5, self.import_text), (12, self.app),
                  (4, self.misbehaviour), (7, self.keys_typed), (5, self.phone), (3, self.scenes), (4, self.presented),
                  (3, self.action), (1, self.relaunch), (3, self.tidiness))
@@ -115,26 +116,33 @@ class Steps:
 
     def errand(self):
         """What a user sets out to do, in lines that find what they want."""
-        rows = quoted(self.random.choice(ROWS))
+        rows = [quoted(row) for row in self.random.sample(ROWS, 4)]
         editor = [f"press cell {self.random.randint(0, 3)}", "wait 0.5", "erase all", f"type {quoted(self.text()[:20])}",
                   self.pick('tap "保存"', 'tap "取消"', 'tap "✕"', "wait 0"), "wait 0.5"]
-        settings = ["touch cancel", 'press "弹"', "wait 0.5"]
+        # Whatever is in the way goes; a press on the button would close a panel that is open.
+        settings = self.pick([], ["dismiss", "wait 1"]) + ["touch cancel", "call action dm_cm", "wait 0.5", 'press "弹"',
+                                                           "wait 0.5"]
         section = f"{self.pick('▶', '▼')} {self.pick('插件配置', '延迟优化(实验)')}"
         below = quoted(self.pick("导出Corvel配置", "导入Corvel配置", "清除插件配置", "查看调试日志", "清除调试日志"))
         return self.pick(
             [f"tap cell {self.random.randint(0, 8)}"] * 2 + editor,
-            settings + [f"scroll label {rows} into view", f"tap switch {rows}", f"slide slider {rows} to 1"],
+            settings + [line for row in rows for line in (f"scroll label {row} into view", f"tap switch {row}")],
+            settings + [line for row in rows for line in (f"scroll label {row} into view", f"slide slider {row} to 1")],
             settings + [f'scroll "{section}" into view', f'tap "{section}"', f"scroll {below} into view", f"tap {below}",
                         "wait 0.5", self.pick('tap "取消"', 'tap "关闭"', 'tap "确定清除"', "wait 0")],
             settings + ["tap class UITextField 1", "erase all", f"type {quoted(str(self.random.randint(0, 20)))}",
                         self.pick('tap "完成"', 'tap class UITextField 2', 'tap label "设置中心"', 'tap "弹"')],
-            [f"set \"Corvel.config.gridPresetIndex\" int {self.random.randint(0, 9)}", "call action dm_imp"])
+            ["set Corvel.config.showCaptureButton bool true", "set Corvel.wc.floatSwitch bool true", "wait 7",
+             "unset Corvel.wc.floatSwitch"],
+            [f"set Corvel.config.gridPresetIndex int {self.random.randint(0, 9)}", "call action dm_imp"])
 
     def comments(self):
         """Some comments in a row, in a room if there is none."""
-        lines = ["touch cancel", self.pick('tap "弹"', "wait 0"), "wait 0.5", f"host {self.pick(*EVENTS[self.host][:2])}"]
+        first = self.random.randint(0, 3)
+        lines = self.pick([], [f"set Corvel.slots.{first} {quoted(self.text())}"])
+        lines += ["touch cancel", self.pick('tap "弹"', "wait 0"), "wait 0.5", f"host {self.pick(*EVENTS[self.host][:2])}"]
         for _ in range(self.random.randint(1, 5)):
-            lines += [f"tap cell {self.pick(0, 1, 2, 3, self.random.randint(0, 15))}", self.wait()[0]]
+            lines += [f"tap cell {self.pick(first, first, 0, 3, self.random.randint(0, 15))}", self.wait()[0]]
         return lines
 
     def tidiness(self):

@@ -16,7 +16,7 @@
 namespace sim::driver {
 namespace {
 
-constexpr double kSoon = 5; // seconds; animations and what waits for them are over by then
+constexpr double kSoon = 3; // seconds; animations and what waits for them are over by then
 constexpr TouchId kLastFinger = 9;
 
 bool IsAnyFingerDown() {
