@@ -47,7 +47,7 @@ class Keys final : public Invariant {
                 others->setObject(all.objectForKey(key), key);
             }
         }
-        return objc::Ref<ns::Dictionary>(others.get());
+        return ns::Dictionary{others.get()};
     }
 
     std::string prefix_;
