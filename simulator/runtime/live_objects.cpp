@@ -2,6 +2,7 @@
 
 #include "objc/class_builder.hpp"
 #include "runtime/lasting.hpp"
+#include "runtime/method_caches.hpp"
 
 #include <mutex>
 #include <unordered_map>
@@ -28,10 +29,10 @@ objc::id Allocate(objc::Class self, objc::SEL selector, void *zone) {
 } // namespace
 
 void InstallObjectCount() {
-    const objc::Method method =
-        class_getInstanceMethod(objc::MetaclassOf(objc_getClass("NSObject")), objc::Selector<"allocWithZone:">());
-    originalAllocate =
-        reinterpret_cast<AllocateFunction>(method_setImplementation(method, reinterpret_cast<objc::IMP>(&Allocate)));
+    const objc::Class root = objc::MetaclassOf(objc_getClass("NSObject"));
+    originalAllocate = reinterpret_cast<AllocateFunction>(
+        SetImplementation(root, class_getInstanceMethod(root, objc::Selector<"allocWithZone:">()),
+                          reinterpret_cast<objc::IMP>(&Allocate)));
 }
 
 void CountGone(objc::Class cls) {

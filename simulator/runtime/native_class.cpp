@@ -1,5 +1,7 @@
 #include "runtime/native_class.hpp"
 
+#include "runtime/method_caches.hpp"
+
 #include <bit>
 #include <cstdio>
 #include <cstdlib>
@@ -51,7 +53,7 @@ std::ptrdiff_t StateOffset(objc::Class cls) {
 void SetMethod(objc::Class cls, objc::SEL selector, objc::IMP implementation, const char *encoding) {
     // Adding fails exactly where the class has a method of its own.
     if (!class_addMethod(cls, selector, implementation, encoding)) {
-        method_setImplementation(class_getInstanceMethod(cls, selector), implementation);
+        SetImplementation(cls, class_getInstanceMethod(cls, selector), implementation);
     }
 }
 

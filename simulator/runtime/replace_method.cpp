@@ -2,6 +2,7 @@
 
 #include "objc/class_builder.hpp"
 #include "objc/encoding_compare.hpp"
+#include "runtime/method_caches.hpp"
 
 #include <cstdio>
 #include <cstdlib>
@@ -28,7 +29,7 @@ objc::IMP ReplaceChecked(const char *className, objc::SEL selector, objc::IMP re
     const objc::IMP original = method_getImplementation(method);
     // Adding fails exactly where the class has a method of its own.
     if (!class_addMethod(cls, selector, replacement, encoding)) {
-        method_setImplementation(method, replacement);
+        SetImplementation(cls, method, replacement);
     }
     return original;
 }
