@@ -13,6 +13,8 @@
 #include <cmath>
 #include <cstdio>
 
+extern "C" unsigned char class_respondsToSelector(objc::Class cls, objc::SEL selector);
+
 namespace sim::driver {
 namespace {
 
@@ -49,7 +51,11 @@ Fact Joined(Fact fact, const Fact &more) {
 
 /// Whether a view has the getter with that result. A view of the app's may have one of that name and another type.
 template <objc::FixedString Name, class R> bool Has(ui::View view) {
-    const objc::Method method = class_getInstanceMethod(objc::object_getClass(view.pointer), objc::Selector<Name>());
+    const objc::Class cls = objc::object_getClass(view.pointer);
+    if (class_respondsToSelector(cls, objc::Selector<Name>()) == 0) {
+        return false; // told from a table, while the method is looked for in the lists of all superclasses
+    }
+    const objc::Method method = class_getInstanceMethod(cls, objc::Selector<Name>());
     return method != nullptr &&
            objc::SameEncoding(objc::kMethodEncoding<R>.data, method_getTypeEncoding(method), objc::Integers::kExact);
 }

@@ -76,13 +76,15 @@ std::size_t FirstSettled(std::u16string_view text, const std::vector<std::size_t
 }
 
 /// Units that join nothing among their like: most text, and Foundation asks for every unit of what it searches. Besides
-/// letters of ASCII and ideographs these are arrows and signs, pictures among them, and full-width forms.
+/// letters of ASCII and ideographs these are the line feed, which nothing but a carriage return joins, arrows and
+/// signs, pictures among them, and full-width forms.
 bool IsPlain(char16_t unit) {
     struct Range {
         char16_t first;
         char16_t last;
     };
-    constexpr Range kPlain[] = {{u' ', u'~'}, {0x4E00, 0x9FFF}, {0x2190, 0x2BFF}, {0x3001, 0x3029}, {0xFF01, 0xFF5E}};
+    constexpr Range kPlain[] = {{u'\n', u'\n'},   {u' ', u'~'},     {0x4E00, 0x9FFF},
+                                {0x2190, 0x2BFF}, {0x3001, 0x3029}, {0xFF01, 0xFF5E}};
     return std::ranges::any_of(kPlain,
                                [unit](const Range &range) { return unit >= range.first && unit <= range.last; });
 }

@@ -27,6 +27,14 @@ ui::EdgeInsets SafeAreaOf(ui::View view) {
             std::max(start.x + size.width - (screen.width - safe.right), 0.0)};
 }
 
+/// Whether the view or one below it waits for a layout. Looking runs nobody's code.
+bool WaitsForLayout(ui::View view) {
+    const ViewState &state = ViewStateOf(view);
+    return state.needsLayout || std::ranges::any_of(state.subviews, [](const objc::Ref<ui::View> &child) {
+               return WaitsForLayout(child.get());
+           });
+}
+
 void ScheduleLayout() {
     static bool scheduled = false;
     if (!scheduled) {
@@ -60,6 +68,9 @@ void SetNeedsLayout(ui::View view) {
 }
 
 void LayoutIfNeeded(ui::View view) {
+    if (!WaitsForLayout(view)) {
+        return; // nearly always
+    }
     const objc::Ref<ui::View> keep = view;
     ViewState &state = ViewStateOf(view);
     // A layout may ask for another one. One that always does would hang a phone; here it stops after some rounds.
