@@ -107,11 +107,16 @@ void DrawPoster(ui::View view, cairo_t *context) {
          {{0, warm, 0.30, cool, 1}, {1, 0.08, 0.08, 0.14, 1}});
 }
 
+/// Nothing but its size changes a stage.
+std::uint64_t VideoDrawnFrom(ui::View) {
+    return 0;
+}
+
 } // namespace
 
 void RegisterVideoViews() {
     Class(VideoView::kClassName, "UIView");
-    RegisterDrawing(VideoView::kClassName, &DrawVideo);
+    RegisterDrawing(VideoView::kClassName, &DrawVideo, &VideoDrawnFrom);
     Class(PosterView::kClassName, "UIView");
     RegisterDrawing(PosterView::kClassName, &DrawPoster);
 }

@@ -40,7 +40,11 @@ class OpenBlock {
     }
 };
 
+/// How many blocks wait for their end.
+long unfinished = 0;
+
 void Finish(const std::shared_ptr<AnimationGroup> &group) {
+    --unfinished;
     group->done = true;
     if (group->completion) {
         // Taken out first: its captures are freed once it has run, not when the last view forgets the animation.
@@ -208,6 +212,7 @@ void Animate(AnimationTiming timing, const std::function<void()> &changes, std::
             changes();
         }
     }
+    ++unfinished;
     ScheduleFinish(group, group->parts != 0 ? std::max(timing.delay, 0.0) + std::max(timing.duration, 0.0) : 0);
 }
 
@@ -230,6 +235,10 @@ void EndAnimations(ui::View view) {
             ScheduleFinish(animation.group, 0);
         }
     }
+}
+
+bool AnimationsRun() {
+    return unfinished > 0;
 }
 
 bool AnimationSuspendsInteraction(ui::View view) {

@@ -65,6 +65,10 @@ void RecordAnimation(ui::View view, const ViewValues &before, const ViewValues &
 /// Ends the animations of one view at once; a block's completion gets NO when its last animation ends so.
 void EndAnimations(ui::View view);
 
+/// Whether an animation block is under way, or waits for its delay or its completion: views may look different from one
+/// moment to the next though no code runs.
+bool AnimationsRun();
+
 /// Whether the view gets no touches because of an animation that has not ended and does not allow user interaction.
 bool AnimationSuspendsInteraction(ui::View view);
 

@@ -7,6 +7,7 @@
 #include "uikit/application.hpp"
 #include "uikit/classes.hpp"
 #include "uikit/drawing.hpp"
+#include "uikit/fingerprint.hpp"
 #include "uikit/font.hpp"
 #include "uikit/view_state.hpp"
 
@@ -120,6 +121,20 @@ void DrawLabel(ui::View view, cairo_t *context) {
     }
 }
 
+std::uint64_t LabelDrawnFrom(ui::View view) {
+    const auto &state = StateOf<LabelState>(view);
+    Fingerprint print;
+    print.Mix(UnitsOf(state.text));
+    print.Mix(RgbaOf(state.textColor ? state.textColor.get() : ui::Color::labelColor()));
+    const FontFace face = FaceOf(state.font);
+    print.Mix(face.pointSize);
+    for (const long number : {static_cast<long>(face.bold), static_cast<long>(state.alignment),
+                              static_cast<long>(state.breakMode), state.numberOfLines}) {
+        print.Mix(static_cast<std::uint64_t>(number));
+    }
+    return print.value();
+}
+
 } // namespace
 
 void DefineLabel() {
@@ -138,7 +153,7 @@ void DefineLabel() {
         [](LabelState &state) { state.numberOfLines = std::max(state.numberOfLines, 0L); });
     label.Method<"sizeThatFits:", &SizeThatFits>();
     label.Method<"intrinsicContentSize">([](ui::Label self) { return self.sizeThatFits({}); });
-    RegisterDrawing("UILabel", &DrawLabel);
+    RegisterDrawing("UILabel", &DrawLabel, &LabelDrawnFrom);
 }
 
 } // namespace sim

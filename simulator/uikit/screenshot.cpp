@@ -19,13 +19,17 @@ void DrawScreen(cairo_t *context, Backdrops *kept) {
     cairo_rectangle(context, 0, 0, size.width, size.height);
     cairo_set_source_rgb(context, 0, 0, 0);
     cairo_fill(context);
-    const std::vector<ui::Window> windows = WindowsFrontToBack();
     ViewRenderer renderer(context, kept);
-    for (auto window : std::ranges::reverse_view(windows)) {
-        renderer.DrawInSuperview(window);
-    }
+    DrawWindows(renderer);
     DrawStatusBar(context);
     DrawHomeIndicator(context);
+}
+
+void DrawWindows(ViewRenderer &renderer) {
+    const std::vector<ui::Window> windows = WindowsFrontToBack();
+    for (const ui::Window window : std::ranges::reverse_view(windows)) {
+        renderer.DrawInSuperview(window);
+    }
 }
 
 bool WriteScreenshot(const std::string &path, double scale) {

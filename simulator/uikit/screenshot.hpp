@@ -13,6 +13,9 @@ namespace sim {
 /// user space is in points and whose target is an image surface. Backdrops may be kept for the next drawing of it.
 void DrawScreen(_cairo *context, Backdrops *kept = nullptr);
 
+/// Draws the visible windows back to front, as far as the renderer draws them.
+void DrawWindows(ViewRenderer &renderer);
+
 /// Writes what the screen shows as a PNG file of `scale` pixels a point; false when the file cannot be written.
 bool WriteScreenshot(const std::string &path, double scale = 2);
 

@@ -5,6 +5,7 @@
 #include "uikit/drawing.hpp"
 #include "uikit/effects.hpp"
 #include "uikit/presentation.hpp"
+#include "uikit/view.hpp"
 #include "uikit/view_geometry.hpp"
 #include "uikit/view_state.hpp"
 
@@ -164,7 +165,45 @@ cg::AffineTransform SheetTransform(const ViewState &state, const ViewValues &val
 ViewRenderer::ViewRenderer(cairo_t *context, Backdrops *kept)
     : context_(context), kept_(kept), targets_{cairo_get_group_target(context)} {}
 
+void ViewRenderer::DrawOnlyBelow(ui::View view) {
+    part_ = Part::kBelow;
+    middle_ = view;
+}
+
+void ViewRenderer::DrawOnlyAbove(ui::View view) {
+    part_ = Part::kAbove;
+    middle_ = view;
+}
+
+/// Whether nothing of the view and of what is in it belongs to the part that is drawn.
+bool ViewRenderer::IsLeftOut(ui::View view) {
+    if (view == middle_) {
+        middleReached_ = true;
+        return true;
+    }
+    return part_ == Part::kBelow ? middleReached_ : !middleReached_ && !IsDescendant(middle_, view);
+}
+
+/// Whether what a view draws behind its subviews or, asked after them, in front of them belongs to it.
+bool ViewRenderer::DrawsOwn() const {
+    return part_ == Part::kAll || middleReached_ == (part_ == Part::kAbove);
+}
+
+void ViewRenderer::DrawWithoutBackdrop(ui::View view) {
+    leavesBackdropOut_ = true;
+    const ViewState &state = ViewStateOf(view);
+    const ViewValues values = PresentedValues(view);
+    if (HasShadow(state)) {
+        DrawWithShadow(view, state, values, LayerOf(state));
+    } else {
+        DrawBody(view, state, values, LayerOf(state));
+    }
+}
+
 void ViewRenderer::DrawInSuperview(ui::View view) {
+    if (part_ != Part::kAll && IsLeftOut(view)) {
+        return;
+    }
     const ViewValues values = PresentedValues(view);
     if (!CanBeShown(values)) {
         return;
@@ -292,15 +331,26 @@ void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewVal
         AddRounded(context_, values.bounds, layer.cornerRadius, layer.corners);
         cairo_clip(context_);
     }
+    if (DrawsOwn()) {
+        DrawBehindSubviews(view, values, layer);
+    }
+    DrawSubviews(state);
+    if (DrawsOwn()) {
+        DrawBorder(context_, values.bounds, layer);
+    }
+    cairo_restore(context_);
+}
+
+void ViewRenderer::DrawBehindSubviews(ui::View view, const ViewValues &values, const LayerState &layer) {
     if (const Rgba background = RgbaOf(values.backgroundColor); background.a > 0) {
         AddRounded(context_, values.bounds, layer.cornerRadius, layer.corners);
         SetPaint(context_, background);
         cairo_fill(context_);
     }
-    if (const std::optional<BlurLook> look = BlurLookOf(view)) {
+    if (const std::optional<BlurLook> look = BlurLookOf(view); look && !leavesBackdropOut_) {
         DrawBackdrop(view, *look, values.bounds, layer);
     }
-    if (const DrawContent draw = DrawingOf(view); draw != nullptr && IsSeen(values.bounds)) {
+    if (const DrawContent draw = DrawingOf(view).draw; draw != nullptr && IsSeen(values.bounds)) {
         cairo_save(context_);
         cairo_translate(context_, values.bounds.origin.x, values.bounds.origin.y);
         draw(view, context_);
@@ -311,9 +361,6 @@ void ViewRenderer::DrawBody(ui::View view, const ViewState &state, const ViewVal
     if (const objc::SEL drawRect = objc::Selector<"drawRect:">(); view.respondsToSelector(drawRect)) {
         objc::Send<"drawRect:", void>(view, values.bounds);
     }
-    DrawSubviews(state);
-    DrawBorder(context_, values.bounds, layer);
-    cairo_restore(context_);
 }
 
 /// Whether any part of what a view with these bounds may draw itself is within the clip.

@@ -43,19 +43,38 @@ class ViewRenderer {
     /// Draws a view with its bounds filling a rectangle, wherever the view itself lies.
     void DrawInRect(ui::View view, cg::Rect rect);
 
+    /// Draws the picture of a view and all in it without its own alpha and without what it shows blurred, in a user
+    /// space that is its bounds' space.
+    void DrawWithoutBackdrop(ui::View view);
+
+    /// From now on draws only what lies below a view, or only what lies above it. What the view lies in must not clip,
+    /// fade or cast a shadow.
+    void DrawOnlyBelow(ui::View view);
+    void DrawOnlyAbove(ui::View view);
+
   private:
+    /// What of the views is drawn.
+    enum class Part { kAll, kBelow, kAbove };
+    bool IsLeftOut(ui::View view);
+    bool DrawsOwn() const;
+
     void PlaceForSheet(const ViewState &state, const ViewValues &values);
     void ClipToExtent(const ViewState &state, const ViewValues &values);
     void DrawView(ui::View view, const ViewState &state, const ViewValues &values);
     void DrawWithShadow(ui::View view, const ViewState &state, const ViewValues &values, const LayerState &layer);
     void DrawBody(ui::View view, const ViewState &state, const ViewValues &values, const LayerState &layer);
+    void DrawBehindSubviews(ui::View view, const ViewValues &values, const LayerState &layer);
     bool IsSeen(cg::Rect bounds) const;
     void DrawBackdrop(ui::View view, const BlurLook &look, cg::Rect bounds, const LayerState &layer);
     void DrawSubviews(const ViewState &state);
     void PushGroup();
 
     _cairo *context_;
-    Backdrops *kept_;                       // may be null
+    Backdrops *kept_; // may be null
+    Part part_ = Part::kAll;
+    ui::View middle_;            // below or above which is drawn
+    bool middleReached_ = false; // in the order of drawing
+    bool leavesBackdropOut_ = false;
     std::vector<_cairo_surface *> targets_; // the surface drawn to at last, then the groups open on top of it
 };
 

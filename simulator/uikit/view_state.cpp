@@ -22,8 +22,8 @@ void CheckFinite(const char *what, double first, double second) {
     RaiseException("CALayerInvalidGeometry", reason);
 }
 
-ByClass<DrawContent> &Drawings() {
-    static ByClass<DrawContent> drawings;
+ByClass<Drawing> &Drawings() {
+    static ByClass<Drawing> drawings;
     return drawings;
 }
 
@@ -47,13 +47,13 @@ void SetViewValues(ui::View view, const ViewValues &values) {
     }
 }
 
-void RegisterDrawing(const char *className, DrawContent draw) {
-    Drawings().Set(className, draw);
+void RegisterDrawing(const char *className, DrawContent draw, DrawnFrom from) {
+    Drawings().Set(className, {draw, from});
 }
 
-DrawContent DrawingOf(ui::View view) {
-    const DrawContent *draw = Drawings().Find(view);
-    return draw != nullptr ? *draw : nullptr;
+Drawing DrawingOf(ui::View view) {
+    const Drawing *drawing = Drawings().Find(view);
+    return drawing != nullptr ? *drawing : Drawing{};
 }
 
 } // namespace sim

@@ -6,6 +6,7 @@
 #include "uikit/animation.hpp"
 #include "uikit/drawing.hpp"
 
+#include <cstdint>
 #include <vector>
 
 struct _cairo;
@@ -67,10 +68,20 @@ ViewValues PresentedValues(ui::View view);
 /// Draws a view's own content (not background, border, subviews) with the origin at its bounds' origin, in points.
 using DrawContent = void (*)(ui::View view, _cairo *context);
 
-/// Sets how instances of a class (by name) and of its subclasses draw their content.
-void RegisterDrawing(const char *className, DrawContent draw);
+/// A fingerprint of all that a view's drawing depends on, but for its presented size and the appearance.
+using DrawnFrom = std::uint64_t (*)(ui::View view);
 
-/// The drawing function of the view's nearest class that has one; null when it draws nothing of its own.
-DrawContent DrawingOf(ui::View view);
+/// How a class's own content is drawn. What it is drawn from may be missing: then only the drawing itself shows whether
+/// it has changed.
+struct Drawing {
+    DrawContent draw = nullptr;
+    DrawnFrom from = nullptr;
+};
+
+/// Sets how instances of a class (by name) and of its subclasses draw their content.
+void RegisterDrawing(const char *className, DrawContent draw, DrawnFrom from = nullptr);
+
+/// How the view's nearest class that has a drawing draws; empty when the view draws nothing of its own.
+Drawing DrawingOf(ui::View view);
 
 } // namespace sim

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace sim::window {
 namespace {
@@ -35,18 +36,49 @@ PixelSize SizeIn(double pixelsPerPoint) {
             static_cast<int>(std::lround(size.height * pixelsPerPoint))};
 }
 
+/// Shows a view that has moved alone for the second time in a row without drawing it. The first time the screen is
+/// drawn: taking it apart costs as much.
+bool PhonePicture::ShowMoved(Changes &changes) {
+    if (!changes.moved) {
+        if (!changes.settles) {
+            moved_.reset();
+            mover_ = {};
+        }
+        return false;
+    }
+    const Moved &moved = *changes.moved;
+    const cairo_rectangle_int_t all{0, 0, size_.width, size_.height};
+    cairo_region_intersect_rectangle(moved.region.get(), &all);
+    if (moved_ && !moved_->IsOf(moved.view)) {
+        moved_.reset();
+    }
+    if (std::exchange(mover_, moved.view) != moved.view) {
+        return false;
+    }
+    if (!moved_) {
+        moved_.emplace(moved, image_.get(), scale_);
+    }
+    moved_->Show(image_.get(), moved);
+    return true;
+}
+
 Region PhonePicture::Update(bool codeRan) {
-    Region changed = changes_.Look(scale_, codeRan, backdrops_);
-    if (cairo_region_is_empty(changed.get()) != 0) {
-        return changed;
+    Changes changes = changes_.Look(scale_, codeRan, backdrops_);
+    if (cairo_region_is_empty(changes.region.get()) != 0) {
+        return std::move(changes.region);
+    }
+    if (ShowMoved(changes)) {
+        changes_.DrawWhenAtRest(*changes.moved);
+        return std::move(changes.moved->region);
     }
     if (const PixelSize size = SizeIn(scale_); size != size_) {
         image_ = MakeImage(size);
         size_ = size;
     }
-    Draw(image_.get(), scale_, changed.get(), &backdrops_);
+    Draw(image_.get(), scale_, changes.region.get(), &backdrops_);
+    changes_.HasBeenDrawn();
     cairo_surface_flush(image_.get());
-    return changed;
+    return std::move(changes.region);
 }
 
 bool PhonePicture::IsTrue() const {

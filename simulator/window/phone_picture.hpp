@@ -1,7 +1,10 @@
 #pragma once
 // The phone's screen as pixels, kept up to date by drawing only what has changed.
 
+#include "window/moved_picture.hpp"
 #include "window/screen_changes.hpp"
+
+#include <optional>
 
 namespace sim::window {
 
@@ -37,10 +40,14 @@ class PhonePicture {
     bool IsTrue() const;
 
   private:
+    bool ShowMoved(Changes &changes);
+
     Surface image_;
     PixelSize size_; // of the image
     ScreenChanges changes_;
     Backdrops backdrops_;
+    ui::View mover_; // that moved alone at the last change
+    std::optional<MovedPicture> moved_;
     double scale_ = 1;
 };
 
