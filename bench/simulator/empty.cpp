@@ -1,5 +1,5 @@
-// The least that a program on Foundation does: it starts, makes an autorelease pool, asks for the defaults, as every app
-// does before its first line runs, and ends. The process's start alone is what costs.
+// The least that a program on Foundation does: it starts, makes an autorelease pool, asks for the defaults, as every
+// app does before its first line runs, and ends. The process's start alone is what costs.
 
 #include "objc/runtime.hpp"
 
