@@ -56,8 +56,13 @@ template <objc::FixedString Name, class R> bool Has(ui::View view) {
         return false; // told from a table, while the method is looked for in the lists of all superclasses
     }
     const objc::Method method = class_getInstanceMethod(cls, objc::Selector<Name>());
-    return method != nullptr &&
-           objc::SameEncoding(objc::kMethodEncoding<R>.data, method_getTypeEncoding(method), objc::Integers::kExact);
+    const char *const declared = method != nullptr ? method_getTypeEncoding(method) : nullptr;
+    static const char *fitting = nullptr; // the last one that did: most views are of a few classes
+    if (declared != fitting && declared != nullptr &&
+        objc::SameEncoding(objc::kMethodEncoding<R>.data, declared, objc::Integers::kExact)) {
+        fitting = declared;
+    }
+    return declared != nullptr && declared == fitting;
 }
 
 /// A getter that not every view has; empty for a view without it.

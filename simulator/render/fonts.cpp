@@ -15,7 +15,8 @@
 namespace sim {
 namespace {
 
-// Only these files are looked at, and of the collections in them only these families. Latin is Inter's: with the
+// Only these files are looked at, and of the collections in them only these families and, of the many weights of Latin,
+// the two that are set: fonts are sorted anew for each size, by what each adds to those before it. Latin is Inter's: with the
 // phone's tracking its words are as wide as the system font's to about one part in a hundred. Its contextual forms,
 // which make arrows of "->", are not the phone's.
 constexpr const char *kConfiguration = R"(<?xml version="1.0"?>
@@ -28,7 +29,11 @@ constexpr const char *kConfiguration = R"(<?xml version="1.0"?>
   <cachedir prefix="xdg">fontconfig</cachedir>
   <selectfont>
     <acceptfont><pattern><patelt name="family"><string>Inter</string></patelt>
-      <patelt name="slant"><const>roman</const></patelt></pattern></acceptfont>
+      <patelt name="slant"><const>roman</const></patelt><patelt name="weight"><const>regular</const></patelt></pattern>
+    </acceptfont>
+    <acceptfont><pattern><patelt name="family"><string>Inter</string></patelt>
+      <patelt name="slant"><const>roman</const></patelt><patelt name="weight"><const>demibold</const></patelt></pattern>
+    </acceptfont>
     <acceptfont><pattern><patelt name="family"><string>Noto Sans CJK SC</string></patelt></pattern></acceptfont>
     <acceptfont><pattern><patelt name="family"><string>DejaVu Sans</string></patelt>
       <patelt name="slant"><const>roman</const></patelt><patelt name="width"><const>normal</const></patelt></pattern>
