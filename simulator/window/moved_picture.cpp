@@ -46,8 +46,8 @@ MovedPicture::MovedPicture(const Moved &moved, cairo_surface_t *image, double sc
         DrawAbove(image);
     }
     DrawContent(moved);
-    if (BlurLookOf(view_)) {
-        DrawBlurred(moved);
+    if (const std::optional<BlurLook> look = BlurLookOf(view_)) {
+        DrawBlurred(moved, *look);
     }
 }
 
@@ -81,8 +81,7 @@ void MovedPicture::DrawContent(const Moved &moved) {
     ViewRenderer(context.get()).DrawWithoutBackdrop(view_);
 }
 
-void MovedPicture::DrawBlurred(const Moved &moved) {
-    const BlurLook look = *BlurLookOf(view_);
+void MovedPicture::DrawBlurred(const Moved &moved, const BlurLook &look) {
     const ViewState &state = ViewStateOf(view_);
     const cairo_matrix_t &matrix = moved.matrix;
     const double length = std::sqrt(std::abs(matrix.xx * matrix.yy - matrix.xy * matrix.yx));

@@ -4,6 +4,10 @@
 
 #include "window/screen_changes.hpp"
 
+namespace sim {
+struct BlurLook;
+} // namespace sim
+
 namespace sim::window {
 
 class MovedPicture {
@@ -30,7 +34,7 @@ class MovedPicture {
     void DrawBelow(cairo_surface_t *image);
     void DrawAbove(cairo_surface_t *image);
     void DrawContent(const Moved &moved);
-    void DrawBlurred(const Moved &moved);
+    void DrawBlurred(const Moved &moved, const BlurLook &look);
     void CutEdge();
     cairo_surface_t *OverBackdrop(int x, int y);
 

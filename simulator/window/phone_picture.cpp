@@ -38,15 +38,7 @@ PixelSize SizeIn(double pixelsPerPoint) {
 
 /// Shows a view that has moved alone for the second time in a row without drawing it. The first time the screen is
 /// drawn: taking it apart costs as much.
-bool PhonePicture::ShowMoved(Changes &changes) {
-    if (!changes.moved) {
-        if (!changes.settles) {
-            moved_.reset();
-            mover_ = {};
-        }
-        return false;
-    }
-    const Moved &moved = *changes.moved;
+bool PhonePicture::ShowMoved(const Moved &moved) {
     const cairo_rectangle_int_t all{0, 0, size_.width, size_.height};
     cairo_region_intersect_rectangle(moved.region.get(), &all);
     if (moved_ && !moved_->IsOf(moved.view)) {
@@ -67,9 +59,14 @@ Region PhonePicture::Update(bool codeRan) {
     if (cairo_region_is_empty(changes.region.get()) != 0) {
         return std::move(changes.region);
     }
-    if (ShowMoved(changes)) {
-        changes_.DrawWhenAtRest(*changes.moved);
-        return std::move(changes.moved->region);
+    if (changes.moved) {
+        if (ShowMoved(*changes.moved)) {
+            changes_.DrawWhenAtRest(*changes.moved);
+            return std::move(changes.moved->region);
+        }
+    } else if (!changes.settles) {
+        moved_.reset();
+        mover_ = {};
     }
     if (const PixelSize size = SizeIn(scale_); size != size_) {
         image_ = MakeImage(size);

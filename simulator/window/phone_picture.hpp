@@ -40,7 +40,7 @@ class PhonePicture {
     bool IsTrue() const;
 
   private:
-    bool ShowMoved(Changes &changes);
+    bool ShowMoved(const Moved &moved);
 
     Surface image_;
     PixelSize size_; // of the image
