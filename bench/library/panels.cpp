@@ -17,7 +17,7 @@ namespace {
 void OpenMatrix(int columns, int rows) {
     StoreGrid(columns, rows, 8);
     const MatrixModel model(columns, rows, 8);
-    objc::Ref<ui::View> bare;
+    objc::Ref<ui::VisualEffectView> bare;
     CountPair(
         "tap-" + std::to_string(columns * rows),
         [&] {
@@ -40,7 +40,7 @@ CORVEL_BENCH BenchSettings() {
     using namespace bench;
     StoreGrid(4, 4, 0);
     corvel::kGridPresetIndex.Write(0);
-    objc::Ref<ui::View> bare;
+    objc::Ref<ui::VisualEffectView> bare;
     const auto remove = [&] {
         corvel::RemovePanels();
         bare->removeFromSuperview();
