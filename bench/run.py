@@ -75,7 +75,7 @@ def chosen(names):
     known = {row.name for row in ROWS} | {row.group for row in ROWS}
     for name in names:
         if name not in known:
-            print(f"bench: no row named '{name}'; there are {' '.join(row.name for row in ROWS)}", file=sys.stderr)
+            print(f"corvel: no row named '{name}'; there are {' '.join(row.name for row in ROWS)}", file=sys.stderr)
             sys.exit(2)
     return [row for row in ROWS if not names or row.name in names or row.group in names]
 
