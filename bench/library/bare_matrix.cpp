@@ -118,6 +118,10 @@ std::vector<ui::Button> AddBareCells(ui::View container, const MatrixModel &mode
     return cells;
 }
 
+double MeasureBare(ns::String text, const MatrixModel &model) {
+    return Measure(text, model.geometry.TitleBox(), Look(model.scale));
+}
+
 void SetBareCells(const std::vector<ui::Button> &cells, const MatrixModel &model) {
     const Look look(model.scale);
     for (int index = 0; index < model.grid.count(); ++index) {

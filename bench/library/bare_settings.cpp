@@ -61,8 +61,8 @@ void AddSlider(ui::View container, double &y, ns::String title, corvel::Range ra
 
 void AddColor(ui::View container, double &y, ns::String title) {
     AddLabel(container, {{kMargin, y}, {150, 30}}, title, ui::Font::systemFontOfSize(14), ui::Color::labelColor());
-    const auto button = AddButton(container, {{180, y}, {100, 30}}, u"选择"_ns, ui::Color::whiteColor(),
-                                  objc::Selector<"dm_clr:">());
+    const auto button =
+        AddButton(container, {{180, y}, {100, 30}}, u"选择"_ns, ui::Color::whiteColor(), objc::Selector<"dm_clr:">());
     button.setBackgroundColor(ui::Color::colorWithRed(0.2, 0.2, 0.2, 1));
     button.layer().setCornerRadius(6);
     button.layer().setBorderWidth(1);

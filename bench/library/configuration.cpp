@@ -18,7 +18,7 @@ objc::Ref<ns::String> SlotText(int slot, unsigned long units) {
 
 void StoreGrid(int columns, int rows, unsigned long units) {
     const auto store = ns::UserDefaults::standardUserDefaults();
-    corvel::VisitOwnKeys(store, [&](ns::String key) { store.removeObjectForKey(key); });
+    corvel::VisitOwnKeys(store, [&](ns::String key, ns::Object) { store.removeObjectForKey(key); });
     corvel::kGridPresetIndex.Write(corvel::kGridPresetIndex.most());
     corvel::kGridCustomColumns.Write(columns);
     corvel::kGridCustomRows.Write(rows);

@@ -1,12 +1,12 @@
 // What a finger that drags the float button or a panel costs at each movement.
 
+#include "matrix/matrix_panel.hpp"
 #include "measure.hpp"
 #include "overlay/capture_button.hpp"
 #include "overlay/float_drag.hpp"
 #include "overlay/panel.hpp"
 #include "overlay/recognizers.hpp"
 #include "overlay/state.hpp"
-#include "matrix/matrix_panel.hpp"
 
 namespace bench {
 namespace {
@@ -42,8 +42,8 @@ CORVEL_BENCH BenchDrag() {
     CountPair(
         "drag-button", [&] { corvel::HandleFloatDrag(nullptr, nullptr, onButton); }, [&] { MoveBareButton(onButton); });
     corvel::HandleFloatTap(nullptr, nullptr);
-    const auto onPanel = corvel::AddRecognizer<ui::PanGestureRecognizer>(corvel::MatrixPanel().view(),
-                                                                         objc::Selector<"dm_pM:">());
+    const auto onPanel =
+        corvel::AddRecognizer<ui::PanGestureRecognizer>(corvel::MatrixPanel().view(), objc::Selector<"dm_pM:">());
     CountPair(
         "drag-panel", [&] { corvel::HandlePanelPan(nullptr, nullptr, onPanel); }, [&] { MoveBarePanel(onPanel); });
 }

@@ -5,6 +5,7 @@
 #include "configuration.hpp"
 #include "matrix/cell.hpp"
 #include "matrix/matrix_panel.hpp"
+#include "matrix/slots.hpp"
 #include "measure.hpp"
 #include "overlay/panel.hpp"
 #include "preferences/preferences.hpp"
@@ -60,14 +61,33 @@ void SetPanel(const MatrixModel &model) {
     SetBarePanel(corvel::MatrixPanel().view(), Content(), Title(), model);
 }
 
+/// The keys of all slots. No cell may show an old text: each layout looks every text up.
+std::vector<objc::Ref<ns::String>> SlotKeys(const MatrixModel &model) {
+    std::vector<objc::Ref<ns::String>> keys;
+    for (int index = 0; index < model.grid.count(); ++index) {
+        keys.push_back(corvel::SlotKey(index));
+    }
+    return keys;
+}
+
+ns::String StoredText(ns::String key) {
+    return ns::UserDefaults::standardUserDefaults().stringForKey(key);
+}
+
 void FirstLayout(const std::string &name, const Size &size) {
     const MatrixModel model(size.columns, size.rows, size.units);
     Open(size);
-    CountPair(
-        name, &RemoveCells, &corvel::LayoutMatrix,
-        [&] {
-            SetPanel(model);
-            AddBareCells(Content(), model);
+    CountPair(name, &RemoveCells, &corvel::LayoutMatrix, [&] {
+        SetPanel(model);
+        AddBareCells(Content(), model);
+    });
+    CountAlso(
+        name, [] {},
+        [&, keys = SlotKeys(model)] {
+            for (const ns::String key : keys) {
+                // Where the whole text does not fit, one measurement more says at least how little does.
+                MeasureBare(StoredText(key).substringToIndex(1), model);
+            }
         });
 }
 
@@ -79,6 +99,13 @@ void LayoutAgain(const std::string &name, const Size &size) {
         SetPanel(model);
         SetBareCells(cells, model);
     });
+    CountAlso(
+        name, [] {},
+        [keys = SlotKeys(model)] {
+            for (const ns::String key : keys) {
+                StoredText(key);
+            }
+        });
 }
 
 } // namespace

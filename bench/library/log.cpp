@@ -18,8 +18,25 @@ objc::Ref<ns::String> LogOf(unsigned long units) {
     return ns::String::stringWithCharacters(text.data(), units);
 }
 
-void Write() {
-    corvel::DebugLog(u"[DY] ✅ sent via store"_ns);
+constexpr unsigned long kLargest = 40000;
+
+/// A line more in a log of so many units.
+void WithLogOf(const std::string &name, unsigned long units) {
+    corvel::kLogEnabled.Write(true);
+    const objc::Ref<ns::String> log = LogOf(units);
+    // The line as it will be, date and all: making it is the platform's work.
+    const ns::String line = u"[2026-11-23 12:00:00 +0000] [DY] ✅ sent via store\n"_ns;
+    CountPair(
+        name, [&] { corvel::kLogBuffer.Store(log); }, [] { corvel::DebugLog(u"[DY] ✅ sent via store"_ns); },
+        [&] {
+            const auto store = ns::UserDefaults::standardUserDefaults();
+            const ns::String longer = store.stringForKey(corvel::kLogBuffer.key()).stringByAppendingString(line);
+            const unsigned long length = longer.length();
+            store.setObject(length > kLargest ? longer.substringFromIndex(length - kLargest) : longer,
+                            corvel::kLogBuffer.key());
+        });
+    corvel::kLogEnabled.Write(false);
+    corvel::kLogBuffer.Remove();
 }
 
 } // namespace
@@ -39,24 +56,12 @@ CORVEL_BENCH BenchLogOff() {
 }
 
 CORVEL_BENCH BenchLogOn() {
-    using namespace bench;
-    corvel::kLogEnabled.Write(true);
-    constexpr unsigned long kLargest = 40000;
-    for (const unsigned long units : {0UL, 5000UL, 10000UL, 20000UL, 30000UL, kLargest}) {
-        const objc::Ref<ns::String> log = LogOf(units);
-        // The line as it will be, date and all: making it is the platform's work, and the same in both.
-        const ns::String line = u"[2026-11-23 12:00:00 +0000] [DY] ✅ sent via store\n"_ns;
-        CountPair(
-            units == kLargest ? "log-on" : "log-on-" + std::to_string(units), [&] { corvel::kLogBuffer.Store(log); },
-            &Write,
-            [&] {
-                const auto store = ns::UserDefaults::standardUserDefaults();
-                const ns::String longer = store.stringForKey(corvel::kLogBuffer.key()).stringByAppendingString(line);
-                const unsigned long length = longer.length();
-                store.setObject(length > kLargest ? longer.substringFromIndex(length - kLargest) : longer,
-                                corvel::kLogBuffer.key());
-            });
+    bench::WithLogOf("log-on", bench::kLargest);
+}
+
+/// How the cost grows with what the log holds.
+CORVEL_BENCH BenchLogGrowth() {
+    for (unsigned long units = 0; units <= bench::kLargest; units += 5000) {
+        bench::WithLogOf("log-units-" + std::to_string(units), units);
     }
-    corvel::kLogEnabled.Write(false);
-    corvel::kLogBuffer.Remove();
 }

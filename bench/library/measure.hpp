@@ -43,6 +43,15 @@ void CountPair(const std::string &name, Prepare prepare, Work work, Floor floor)
     Run(prepare);
     Count(name + "/floor", floor);
 }
+/// Counts what the work cannot do without beside its floor: calls of the platform that its purpose asks for. Named
+/// `name/also`, and shown where a goal against the floor alone is out of reach.
+template <class Prepare, class Needed> void CountAlso(const std::string &name, Prepare prepare, Needed needed) {
+    Run(prepare);
+    Run(needed);
+    Run(prepare);
+    Count(name + "/also", needed);
+}
+
 template <class Work, class Floor> void CountPair(const std::string &name, Work work, Floor floor) {
     CountPair(name, [] {}, work, floor);
 }

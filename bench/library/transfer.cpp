@@ -1,11 +1,12 @@
 // Export and import of the configuration against what JSON and zlib take for the same bytes.
 
+#include "settings/transfer.hpp"
 #include "apple/foundation/json_serialization.hpp"
 #include "apple/uikit/pasteboard.hpp"
 #include "configuration.hpp"
 #include "measure.hpp"
+#include "overlay/panel.hpp"
 #include "preferences/own_keys.hpp"
-#include "settings/transfer.hpp"
 
 #include <string>
 #include <vector>
@@ -24,12 +25,6 @@ Bytes Packed(const Bytes &plain) {
     return packed;
 }
 
-objc::Ref<ns::Data> DataOf(const Bytes &bytes) {
-    auto *copy = static_cast<unsigned char *>(std::malloc(bytes.size()));
-    std::copy(bytes.begin(), bytes.end(), copy);
-    return objc::Ref<ns::Data>::Adopt(ns::Alloc<ns::Data>().initWithBytesNoCopy(copy, bytes.size()));
-}
-
 Bytes BytesOf(ns::Data data) {
     Bytes bytes(data.length());
     data.getBytes(bytes.data(), bytes.size());
@@ -37,10 +32,11 @@ Bytes BytesOf(ns::Data data) {
 }
 
 void Transfer(const std::string &suffix, int columns, int rows, unsigned long units) {
+    corvel::RemovePanels(); // an import lays an open grid out
     StoreGrid(columns, rows, units);
     const auto configuration = ns::New<ns::MutableDictionary>();
     const auto store = ns::UserDefaults::standardUserDefaults();
-    corvel::VisitOwnKeys(store, [&](ns::String key) { configuration->setObject(store.objectForKey(key), key); });
+    corvel::VisitOwnKeys(store, [&](ns::String key, ns::Object value) { configuration->setObject(value, key); });
     const objc::Ref<ns::Data> json = ns::JSONSerialization::dataWithJSONObject(configuration.get(), 0, nullptr);
     const Bytes plain = BytesOf(json);
     const Bytes packed = Packed(plain);
@@ -58,6 +54,17 @@ void Transfer(const std::string &suffix, int columns, int rows, unsigned long un
             uLongf length = unpacked.size();
             uncompress(unpacked.data(), &length, packed.data(), packed.size());
             ns::JSONSerialization::JSONObjectWithData(json, 0, nullptr);
+        });
+    // What comes in is stored, each value under its key, and written to the disk.
+    objc::Ref<ns::Dictionary> parsed;
+    CountAlso(
+        "import" + suffix,
+        [&] { parsed = objc::As<ns::Dictionary>(ns::JSONSerialization::JSONObjectWithData(json, 0, nullptr)); },
+        [&] {
+            for (const ns::String key : ns::ArrayOf<ns::String>(parsed->allKeys())) {
+                store.setObject(parsed->objectForKey(key), key);
+            }
+            store.synchronize();
         });
 }
 

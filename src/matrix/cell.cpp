@@ -61,9 +61,6 @@ TitleFit Fit(ns::String text, cg::Size box, const CellStyle &style) {
     return {fit.length, fit.shortened || isCut};
 }
 
-/// On a cell: the key of its slot's text, made once.
-constexpr objc::AssociationKey kCellSlotKey{"slot_key"};
-
 /// Whether what the cell shows is fitted to this size and font: measuring is what a layout costs.
 bool IsFitted(ui::Button cell, cg::Size size, ui::Font font) {
     return cell.bounds().size == size && cell.titleLabel().font().pointSize() == font.pointSize();
@@ -85,7 +82,6 @@ bool operator==(const CellStyle &one, const CellStyle &other) {
 ui::Button AddCell(ui::View container, int index) {
     const auto cell = ui::Button::buttonWithType(UIButtonTypeCustom);
     cell.setTag(kCellTagBase + index);
-    objc::SetAssociated(cell, kCellSlotKey, SlotKey(index).get());
     cell.layer().setCornerRadius(8);
     const ui::Label title = cell.titleLabel();
     title.setNumberOfLines(0);
@@ -101,7 +97,7 @@ ui::Button AddCell(ui::View container, int index) {
 }
 
 void UpdateCell(ui::Button cell, int index, const GridGeometry &geometry, const CellStyle &style, bool restyled) {
-    const objc::Ref<ns::String> text = SlotText(objc::GetAssociated<ns::String>(cell, kCellSlotKey), index);
+    const objc::Ref<ns::String> text = SlotDisplayText(index);
     const auto shown = objc::GetAssociated<ns::String>(cell, kFullText);
     const bool sameText = shown && shown.isEqualToString(text);
     if (sameText && !restyled) {
