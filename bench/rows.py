@@ -48,4 +48,11 @@ ROWS = [
         also="storing each value, and writing the store"),
     Row("drag-button", "library", "a movement of the float button", "the view calls", 1.3, allocates_nothing=True),
     Row("drag-panel", "library", "a movement of a panel", "the view calls", 1.3, allocates_nothing=True),
+    Row("scenario", "simulator", "a scenario of 100 commands, the whole process", "an empty program with Foundation", 2,
+        also="the libraries that draw, each text measured once, the preferences stored"),
+    Row("frame-resting", "simulator", "a frame of the grid over a live room, nothing changed",
+        "cairo's copy of the ready picture", 1.1),
+    Row("frame-resting-2x", "simulator", "the same with two pixels a point", "cairo's copy of the ready picture", 1.1),
+    Row("frame-moving", "simulator", "a frame in which the grid moves", "cairo's copies of ready pixels", 3),
+    Row("frame-moving-2x", "simulator", "the same with two pixels a point", "cairo's copies of ready pixels", 3),
 ]

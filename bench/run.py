@@ -22,6 +22,7 @@ from rows import ROWS  # noqa: E402
 COMMANDS = {
     "library": ["library/measure.py", "library"],
     "sends": ["library/measure.py", "sends"],
+    "simulator": ["simulator/measure.py"],
     "growth": ["library/measure.py", "growth"],
 }
 

@@ -176,16 +176,16 @@ void Measure(driver::Session &session, const std::string &name, double scale, in
     blits.Move(changed, panel);
 
     move();
-    bench::Count("frame " + name + " moving/work", [&] { changed = frame(true); });
+    bench::Count("frame-moving" + name + "/work", [&] { changed = frame(true); });
     Expect(changed.width > 0 && changed.width < 320 * scale, "not the panel alone was drawn");
-    bench::Count("frame " + name + " moving/floor", [&] { blits.Move(changed, panel); });
+    bench::Count("frame-moving" + name + "/floor", [&] { blits.Move(changed, panel); });
     Expect(window.picture().IsTrue(), "the moving panel looks wrong");
 
     frame(false); // draws anew what was shown without being drawn
     Expect(frame(false).width == 0, "frames are drawn though nothing changes");
-    bench::Count("frame " + name + " resting/work", [&] { changed = frame(false); });
+    bench::Count("frame-resting" + name + "/work", [&] { changed = frame(false); });
     const auto [x, y, width, height] = blits.size();
-    bench::Count("frame " + name + " resting/floor", [&] { blits.Show({x, y, width, height}); });
+    bench::Count("frame-resting" + name + "/floor", [&] { blits.Show({x, y, width, height}); });
     Expect(window.picture().IsTrue(), "the resting screen looks wrong");
 }
 
@@ -196,8 +196,8 @@ int Run(int count, char **words) {
     const AutoreleasePool pool;
     Play(session, "wait 3\nhost enter \"7311\"\ntap \"弹\"\nwait 1\ntouch down at 205 160\ntouch move at 215 170\n");
     int way = 0;
-    Measure(session, "1x", 1, way);
-    Measure(session, "2x", 2, way);
+    Measure(session, "", 1, way);
+    Measure(session, "-2x", 2, way);
     return 0;
 }
 
