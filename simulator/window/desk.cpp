@@ -295,11 +295,28 @@ class Desk {
         cairo_clip(context.get());
         cairo_set_source_surface(context.get(), picture_.image(), 0, 0);
         cairo_paint(context.get());
-        DrawCorners(context.get());
+        if (TouchesCorner(changed.get())) {
+            DrawCorners(context.get());
+        }
         drawnComposed_ = composed_;
         if (!composed_.empty()) {
             DrawComposed(context.get());
         }
+    }
+
+    /// Whether any of the pixels lies near a round corner of the screen. Shapes as large as the screen take long to
+    /// draw.
+    bool TouchesCorner(const cairo_region_t *pixels) const {
+        const int radius = static_cast<int>(std::ceil(CornerRadius()));
+        const int right = static_cast<int>(phone_.size.width) - radius;
+        const int bottom = static_cast<int>(phone_.size.height) - radius;
+        const cairo_rectangle_int_t corners[] = {{0, 0, radius, radius},
+                                                 {right, 0, radius, radius},
+                                                 {0, bottom, radius, radius},
+                                                 {right, bottom, radius, radius}};
+        return std::ranges::any_of(corners, [pixels](const cairo_rectangle_int_t &corner) {
+            return cairo_region_contains_rectangle(pixels, &corner) != CAIRO_REGION_OVERLAP_OUT;
+        });
     }
 
     /// What is seen past the round corners of the screen: the case, and what it lies on.
