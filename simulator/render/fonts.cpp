@@ -16,9 +16,9 @@ namespace sim {
 namespace {
 
 // Only these files are looked at, and of the collections in them only these families and, of the many weights of Latin,
-// the two that are set: fonts are sorted anew for each size, by what each adds to those before it. Latin is Inter's: with the
-// phone's tracking its words are as wide as the system font's to about one part in a hundred. Its contextual forms,
-// which make arrows of "->", are not the phone's.
+// the two that are set: fonts are sorted anew for each size, by what each adds to those before it. Latin is Inter's:
+// with the phone's tracking its words are as wide as the system font's to about one part in a hundred. Its contextual
+// forms, which make arrows of "->", are not the phone's.
 constexpr const char *kConfiguration = R"(<?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "fonts.dtd">
 <fontconfig>
