@@ -32,7 +32,7 @@ void *ResolveImport(const std::string &symbol) {
 
 } // namespace
 
-void LoadDeviceLibrary(const std::string &path) {
+void MapDeviceLibrary(const std::string &path) {
     Loaded &loaded = TheLibrary();
     loaded.file = ReadMachoFile(path);
     CheckPageHashes(loaded.file);
@@ -43,10 +43,13 @@ void LoadDeviceLibrary(const std::string &path) {
     if (!image.SectionOf<std::uint8_t>("__mod_init_func").empty()) {
         throw Refusal("initialisers in pointer form");
     }
-    const auto initialisers = image.SectionOf<const std::uint32_t>("__init_offsets");
     image.Protect();
     ReportCrashes(image, path + ".dSYM/Contents/Resources/DWARF/Corvel.dylib");
-    for (const std::uint32_t offset : initialisers) {
+}
+
+void RunInitialisers() {
+    const MappedImage &image = *TheLibrary().image;
+    for (const std::uint32_t offset : image.SectionOf<const std::uint32_t>("__init_offsets")) {
         reinterpret_cast<void (*)()>(image.base() + offset)();
     }
 }

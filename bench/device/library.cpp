@@ -1,0 +1,54 @@
+// The driver's library, in the program that measures what a load takes: the process ends with the last initialiser.
+
+#include "driver/library.hpp"
+
+#include "device_library.hpp"
+#include "floor.hpp"
+#include "hosts/host.hpp"
+#include "marks.hpp"
+#include "refusal.hpp"
+
+#include <cstdlib>
+#include <string_view>
+#include <unistd.h>
+
+namespace sim::driver {
+namespace {
+
+/// The classes of every app that there is, beside those of the one that runs.
+void RegisterAllApps() {
+    for (const hosts::HostEntry &entry : hosts::Hosts()) {
+        if (std::string_view(entry.name) != "douyin") {
+            entry.make()->Register();
+        }
+    }
+}
+
+} // namespace
+
+std::string Library::Inject(const std::string &path) {
+    if (std::getenv("BENCH_ALL_APPS") != nullptr) {
+        RegisterAllApps();
+    }
+    try {
+        if (path == "floor") {
+            bench::PrepareFloor();
+            syscall(bench::kBegin);
+            bench::RunFloor();
+        } else {
+            device::MapDeviceLibrary(path);
+            syscall(bench::kBegin);
+            device::RunInitialisers();
+        }
+    } catch (const device::Refusal &refusal) {
+        return path + ": " + refusal.what();
+    }
+    syscall(bench::kEnd);
+    _exit(0);
+}
+
+void *Library::Function(const std::string &) const {
+    return nullptr;
+}
+
+} // namespace sim::driver
