@@ -1,7 +1,6 @@
 #include "device_library.hpp"
 
 #include "crash_report.hpp"
-#include "mapped_image.hpp"
 #include "objc_bridge.hpp"
 #include "refusal.hpp"
 #include "unwinding.hpp"
@@ -32,11 +31,14 @@ void *ResolveImport(const std::string &symbol) {
 
 } // namespace
 
-void MapDeviceLibrary(const std::string &path) {
+void MapDeviceLibrary(const std::string &path, const ImportResolver &ahead) {
     Loaded &loaded = TheLibrary();
     loaded.file = ReadMachoFile(path);
     CheckPageHashes(loaded.file);
-    loaded.image = std::make_unique<MappedImage>(loaded.file, &ResolveImport);
+    loaded.image = std::make_unique<MappedImage>(loaded.file, [&](const std::string &symbol) {
+        void *const address = ahead(symbol);
+        return address != nullptr ? address : ResolveImport(symbol);
+    });
     const MappedImage &image = *loaded.image;
     PrepareObjectiveC(image);
     RegisterUnwinding(image);

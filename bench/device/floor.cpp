@@ -1,5 +1,6 @@
 #include "floor.hpp"
 
+#include "class_changes.hpp"
 #include "objc_bridge.hpp"
 
 #include "apple/dispatch/queue.hpp"
@@ -120,20 +121,22 @@ id ClassNamed(const char *name) {
 }
 
 void Add(Class cls, const OwnMethod &method) {
-    class_addMethod(cls, method.selector.selector, &Nothing, method.types);
+    kAddMethod(cls, method.selector.selector, &Nothing, method.types);
 }
 
 void RegisterOwnClasses() {
-    const Class window = objc_allocateClassPair(objc_getClass("UIWindow"), "DanmuWindow", 0);
+    const Class window = kAllocateClass(objc_getClass("UIWindow"), "DanmuWindow", 0);
     Add(window, hitTest);
-    objc_registerClassPair(window);
+    kRegisterClass(window);
 
     const Class root = objc_getClass("NSObject");
-    const Class proxy = objc_allocateClassPair(root, "GestureProxy", 0);
+    const Class proxy = kAllocateClass(root, "GestureProxy", 0);
     Add(proxy, shouldReceiveTouch);
     Add(objc::object_getClass(objc::AsObject(proxy)), shared);
-    class_addProtocol(proxy, objc_getProtocol("UIGestureRecognizerDelegate"));
-    objc_registerClassPair(proxy);
+    if (const objc::Protocol role = objc_getProtocol("UIGestureRecognizerDelegate")) {
+        kAddProtocol(proxy, role); // not every runtime knows it
+    }
+    kRegisterClass(proxy);
 
     const Class rootsClass = objc::object_getClass(objc::AsObject(root));
     for (const OwnMethod &handler : handlers) {
@@ -174,10 +177,10 @@ template <std::size_t N> void Install(HookedClass<N> &hooked) {
                 }
                 const char *types = method_getTypeEncoding(methods[i]);
                 if (level == cls) {
-                    hook.previous = method_setImplementation(methods[i], &Nothing);
+                    hook.previous = kSetImplementation(methods[i], &Nothing);
                 } else {
                     hook.previous = method_getImplementation(methods[i]);
-                    class_addMethod(cls, hook.selector.selector, &Nothing, types);
+                    kAddMethod(cls, hook.selector.selector, &Nothing, types);
                 }
                 --wanted;
                 break;

@@ -4,6 +4,20 @@
 
 namespace bench {
 
-enum Mark : long { kBegin = 0x436f7201, kPause, kResume, kEnd };
+enum Mark : long {
+    kBegin = 0x436f7201,
+    kPause,
+    kResume,
+    kEnd,
+};
+
+#if defined(__aarch64__)
+/// Makes the call in as few instructions as there are, for they count.
+inline void Set(Mark mark) {
+    register long number asm("x8") = mark;
+    register long result asm("x0") = 0;
+    asm volatile("svc #0" : "+r"(result) : "r"(number) : "memory");
+}
+#endif
 
 } // namespace bench

@@ -9,6 +9,7 @@
 #include "preferences/preferences.hpp"
 
 #include <algorithm>
+#include <span>
 
 namespace corvel {
 namespace {
@@ -120,8 +121,10 @@ void ApplyLatencyHooks() {
 } // namespace
 
 void ScheduleLatencyHooks() {
-    const bool wanted =
-        std::ranges::any_of(kOptions, [](const LatencyOption &option) { return option.preference.Read(); });
+    // The first two rows share a switch; each is asked for once.
+    const bool wanted = std::ranges::any_of(std::span(kOptions).subspan<1>(), [](const LatencyOption &option) {
+        return option.preference.Read();
+    });
     if (wanted) {
         dispatch::AsyncInBackground([] {
             ns::Thread::sleepForTimeInterval(kApplyDelaySeconds);
