@@ -9,15 +9,17 @@
 #include "refusal.hpp"
 
 #include <cstdio>
-#include <cstdlib>
 #include <string_view>
 #include <unistd.h>
 
 namespace sim::driver {
 namespace {
 
-/// The classes of every app that there is, beside those of the one that runs.
-void RegisterAllApps() {
+/// Where there is one app, all are: the classes of the others too.
+void RegisterOtherApps() {
+    if (objc_getClass("HTSLiveCommentFragment") == nullptr) {
+        return;
+    }
     for (const hosts::HostEntry &entry : hosts::Hosts()) {
         if (std::string_view(entry.name) != "douyin") {
             entry.make()->Register();
@@ -28,9 +30,7 @@ void RegisterAllApps() {
 } // namespace
 
 std::string Library::Inject(const std::string &path) {
-    if (std::getenv("BENCH_ALL_APPS") != nullptr) {
-        RegisterAllApps();
-    }
+    RegisterOtherApps();
     try {
         if (path == "floor") {
             bench::PrepareFloor();
