@@ -44,12 +44,12 @@ inline constexpr auto kSetImplementation = &Change<&method_setImplementation>::M
 
 /// What an image's import of such a function is bound to; null for all other imports.
 inline void *ClassChange(const std::string &symbol) {
-    return symbol == "_objc_allocateClassPair"    ? reinterpret_cast<void *>(kAllocateClass)
-           : symbol == "_objc_registerClassPair"  ? reinterpret_cast<void *>(kRegisterClass)
-           : symbol == "_class_addMethod"         ? reinterpret_cast<void *>(kAddMethod)
-           : symbol == "_class_addProtocol"       ? reinterpret_cast<void *>(kAddProtocol)
+    return symbol == "_objc_allocateClassPair"     ? reinterpret_cast<void *>(kAllocateClass)
+           : symbol == "_objc_registerClassPair"   ? reinterpret_cast<void *>(kRegisterClass)
+           : symbol == "_class_addMethod"          ? reinterpret_cast<void *>(kAddMethod)
+           : symbol == "_class_addProtocol"        ? reinterpret_cast<void *>(kAddProtocol)
            : symbol == "_method_setImplementation" ? reinterpret_cast<void *>(kSetImplementation)
-                                                  : nullptr;
+                                                   : nullptr;
 }
 
 } // namespace bench

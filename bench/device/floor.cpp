@@ -50,21 +50,36 @@ OwnMethod shared{{"shared"}, "@@:"};
 
 /// The actions of all controls and recognisers, and what the delegates are asked for.
 OwnMethod handlers[] = {
-    {{"dm_ftap"}, "v@:"},    {{"dm_flp:"}, "v@:@"},
-    {{"dm_panF:"}, "v@:@"},  {{"dm_cap"}, "v@:"},
-    {{"dm_pM:"}, "v@:@"},    {{"dm_bM"}, "v@:"},
-    {{"dm_mT:"}, "v@:@"},    {{"dm_mL:"}, "v@:@"},
-    {{"dm_sv:"}, "v@:@"},    {{"dm_dv:"}, "v@:@"},
-    {{"dm_bm"}, "v@:"},      {{"dm_cm"}, "v@:"},
-    {{"dm_tog:"}, "v@:@"},   {{"dm_sw:"}, "v@:@"},
-    {{"dm_sl:"}, "v@:@"},    {{"dm_gc:"}, "v@:@"},
-    {{"dm_gb:"}, "v@:@"},    {{"dm_gi:"}, "v@:@"},
-    {{"dm_gd"}, "v@:"},      {{"dm_gt:"}, "v@:@"},
-    {{"dm_clr:"}, "v@:@"},   {{"dm_cdn:"}, "v@:@"},
-    {{"dm_exp"}, "v@:"},     {{"dm_imp"}, "v@:"},
-    {{"dm_clear"}, "v@:"},   {{"dm_log"}, "v@:"},
-    {{"dm_clearLog"}, "v@:"}, {{"dm_dlp:"}, "v@:@"},
-    {{"dm_edbg"}, "v@:"},    {{"colorPickerViewControllerDidFinish:"}, "v@:@"},
+    {{"dm_ftap"}, "v@:"},
+    {{"dm_flp:"}, "v@:@"},
+    {{"dm_panF:"}, "v@:@"},
+    {{"dm_cap"}, "v@:"},
+    {{"dm_pM:"}, "v@:@"},
+    {{"dm_bM"}, "v@:"},
+    {{"dm_mT:"}, "v@:@"},
+    {{"dm_mL:"}, "v@:@"},
+    {{"dm_sv:"}, "v@:@"},
+    {{"dm_dv:"}, "v@:@"},
+    {{"dm_bm"}, "v@:"},
+    {{"dm_cm"}, "v@:"},
+    {{"dm_tog:"}, "v@:@"},
+    {{"dm_sw:"}, "v@:@"},
+    {{"dm_sl:"}, "v@:@"},
+    {{"dm_gc:"}, "v@:@"},
+    {{"dm_gb:"}, "v@:@"},
+    {{"dm_gi:"}, "v@:@"},
+    {{"dm_gd"}, "v@:"},
+    {{"dm_gt:"}, "v@:@"},
+    {{"dm_clr:"}, "v@:@"},
+    {{"dm_cdn:"}, "v@:@"},
+    {{"dm_exp"}, "v@:"},
+    {{"dm_imp"}, "v@:"},
+    {{"dm_clear"}, "v@:"},
+    {{"dm_log"}, "v@:"},
+    {{"dm_clearLog"}, "v@:"},
+    {{"dm_dlp:"}, "v@:@"},
+    {{"dm_edbg"}, "v@:"},
+    {{"colorPickerViewControllerDidFinish:"}, "v@:@"},
     {{"presentationControllerDidDismiss:"}, "v@:@"},
 };
 
@@ -108,9 +123,9 @@ constexpr ConstantString Literal(std::string_view text) {
     return {nullptr, kAscii, text.data(), static_cast<long>(text.size())};
 }
 ConstantString serviceReady = Literal("DanmuServiceReady");
-ConstantString latencySwitches[] = {
-    Literal("Corvel.latency.strictDanmakuBuffer"), Literal("Corvel.latency.forceCachalot"),
-    Literal("Corvel.latency.streamDataFirst"), Literal("Corvel.latency.playerOptimization")};
+ConstantString latencySwitches[] = {Literal("Corvel.latency.strictDanmakuBuffer"),
+                                    Literal("Corvel.latency.forceCachalot"), Literal("Corvel.latency.streamDataFirst"),
+                                    Literal("Corvel.latency.playerOptimization")};
 
 template <class R, class... A> R Send(id receiver, const Named &named, A... arguments) {
     return reinterpret_cast<R (*)(id, SEL, A...)>(&DeviceMessageSend)(receiver, named.selector, arguments...);

@@ -15,7 +15,8 @@ struct qemu_info_t;
 /// What to do without a call whenever a block of instructions is run.
 enum qemu_plugin_op { QEMU_PLUGIN_INLINE_ADD_U64 = 0 };
 
-void qemu_plugin_register_vcpu_tb_trans_cb(std::uint64_t id, void (*translated)(std::uint64_t id, qemu_plugin_tb *block));
+void qemu_plugin_register_vcpu_tb_trans_cb(std::uint64_t id,
+                                           void (*translated)(std::uint64_t id, qemu_plugin_tb *block));
 void qemu_plugin_register_vcpu_syscall_cb(std::uint64_t id,
                                           void (*called)(std::uint64_t id, unsigned processor, std::int64_t number,
                                                          std::uint64_t a, std::uint64_t b, std::uint64_t c,
@@ -68,7 +69,7 @@ void Called(std::uint64_t, unsigned, std::int64_t number, std::uint64_t, std::ui
 } // namespace
 
 extern "C" __attribute__((visibility("default"))) int qemu_plugin_install(std::uint64_t id, const qemu_info_t *, int,
-                                                                         char **) {
+                                                                          char **) {
     qemu_plugin_register_vcpu_tb_trans_cb(id, &Translated);
     qemu_plugin_register_vcpu_syscall_cb(id, &Called);
     return 0;

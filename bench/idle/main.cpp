@@ -47,6 +47,15 @@ ns::Object Add(ns::NotificationCenter self, objc::SEL selector, ns::String name,
     return originalAdd(self, selector, name, object, queue, block);
 }
 
+void Play(driver::Session &session, const std::string &line) {
+    driver::Play(session, script::Lex(line, "idle").front());
+}
+
+/// Lets seconds pass, to the end of what is due then.
+void Wait(driver::Session &session, double seconds) {
+    Play(session, "wait " + std::to_string(seconds));
+}
+
 // What the desk's platform makes once for all, fonts and the like, an app on a phone has long since: the app makes what
 // the overlay is going to be made of, and takes it down again.
 
@@ -55,8 +64,8 @@ void MakeAndDrop(driver::Session &session) {
     objc::Ref<ui::Window> window;
     driver::AsHost([&] {
         const auto scene = ui::Application::sharedApplication().connectedScenes().allObjects().firstObject();
-        window = objc::Ref<ui::Window>::Adopt(
-            ns::Alloc<ui::Window>().initWithWindowScene(objc::As<ui::WindowScene>(scene)));
+        window =
+            objc::Ref<ui::Window>::Adopt(ns::Alloc<ui::Window>().initWithWindowScene(objc::As<ui::WindowScene>(scene)));
         window->setFrame({{0, 0}, {390, 844}});
         window->setRootViewController(ns::New<ui::ViewController>());
         window->rootViewController().view().setBackgroundColor(ui::Color::clearColor());
@@ -68,34 +77,33 @@ void MakeAndDrop(driver::Session &session) {
         button.titleLabel().setFont(ui::Font::boldSystemFontOfSize(18));
         button.layer().setShadowColor(ui::Color::blackColor().CGColor());
         button.addTarget(ns::Object{target}, objc::Selector<"self">(), UIControlEventTouchUpInside);
-        const auto press = ns::Alloc<ui::LongPressGestureRecognizer>().initWithTarget(ns::Object{target},
-                                                                                     objc::Selector<"self">());
+        const auto press =
+            ns::Alloc<ui::LongPressGestureRecognizer>().initWithTarget(ns::Object{target}, objc::Selector<"self">());
         button.addGestureRecognizer(objc::Ref<ui::GestureRecognizer>::Adopt(press));
         const auto pan =
             ns::Alloc<ui::PanGestureRecognizer>().initWithTarget(ns::Object{target}, objc::Selector<"self">());
         button.addGestureRecognizer(objc::Ref<ui::GestureRecognizer>::Adopt(pan));
         window->addSubview(button);
     });
-    driver::Play(session, script::Lex("wait 1", "idle").front());
+    Wait(session, 1);
     driver::AsHost([&] {
         window->setHidden(true);
         window = nullptr;
     });
-    driver::Play(session, script::Lex("wait 1", "idle").front());
+    Wait(session, 1);
 }
+
+std::ptrdiff_t heldByLoad = 0; // bytes
 
 } // namespace
 } // namespace bench
 
-std::ptrdiff_t beforeInjection = 0;
-std::ptrdiff_t afterInjection = 0;
-
 namespace sim::driver {
 
 std::string Library::Inject(const std::string &path) {
-    beforeInjection = bench::HeapBytes();
+    const std::ptrdiff_t before = bench::HeapBytes();
     handle_ = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    afterInjection = bench::HeapBytes();
+    bench::heldByLoad = bench::HeapBytes() - before;
     return handle_ != nullptr ? "" : dlerror();
 }
 
@@ -113,24 +121,24 @@ int main(int count, char **words) {
     }
     driver::Session session;
     session.options.host = words[1];
-    session.options.library = bench::library = words[2];
+    session.options.library = bench::library = std::filesystem::absolute(words[2]);
     driver::SwitchOn(session);
     const AutoreleasePool pool;
-    bench::originalAdd = ReplaceMethod(
-        "NSNotificationCenter", objc::Selector<"addObserverForName:object:queue:usingBlock:">(), &bench::Add);
+    bench::originalAdd = ReplaceMethod("NSNotificationCenter",
+                                       objc::Selector<"addObserverForName:object:queue:usingBlock:">(), &bench::Add);
 
-    const auto play = [&](const char *line) { driver::Play(session, script::Lex(line, "idle").front()); };
-    play("wait 0.5");
+    bench::Wait(session, 0.5);
     bench::MakeAndDrop(session);
     const std::ptrdiff_t beforeBuild = bench::HeapBytes();
-    play("wait 5.5");
-    const std::ptrdiff_t idle = bench::HeapBytes();
+    bench::Wait(session, 5.5); // the overlay is built in this time, three seconds after the load
+    const std::ptrdiff_t heldByBuild = bench::HeapBytes() - beforeBuild;
+    bench::Play(session, "expect objects DanmuWindow is 1");
     // A year: whatever waits for a time of its own has its turn.
     const std::uint64_t before = clock::WorkDone();
-    play("wait 31536000");
-    std::printf("work\t%lu\nobservers\t%d\nload\t%td\nbuild\t%td\n", clock::WorkDone() - before, bench::observers,
-                afterInjection - beforeInjection, idle - beforeBuild);
+    bench::Wait(session, 31'536'000);
+    std::printf("timers\t%lu\nobservers\t%d\nbytes\t%td\n", clock::WorkDone() - before, bench::observers,
+                bench::heldByLoad + heldByBuild);
     std::filesystem::remove_all(session.options.state);
     std::fflush(stdout);
-    _exit(0);
+    _exit(session.progress.failures);
 }

@@ -122,9 +122,8 @@ void ApplyLatencyHooks() {
 
 void ScheduleLatencyHooks() {
     // The first two rows share a switch; each is asked for once.
-    const bool wanted = std::ranges::any_of(std::span(kOptions).subspan<1>(), [](const LatencyOption &option) {
-        return option.preference.Read();
-    });
+    const bool wanted = std::ranges::any_of(std::span(kOptions).subspan<1>(),
+                                            [](const LatencyOption &option) { return option.preference.Read(); });
     if (wanted) {
         dispatch::AsyncInBackground([] {
             ns::Thread::sleepForTimeInterval(kApplyDelaySeconds);
