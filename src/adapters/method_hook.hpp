@@ -13,6 +13,7 @@
 #include "objc/class_builder.hpp"
 #include "objc/ref.hpp"
 
+#include <span>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -172,12 +173,11 @@ template <class View, objc::FixedString Name> MethodHook PassThrough() {
     return Around<View, Name, detail::kNothing>();
 }
 
-/// Installs the hooks in the order of the table, each in the class that goes by the row's name.
+/// Installs the hooks in the order of the table, each in the class that goes by the row's name. A class is looked up
+/// once for all of its rows that stand together.
+void InstallMethodHooks(std::span<const MethodHook> hooks);
 template <std::size_t N> void InstallMethodHooks(const MethodHook (&hooks)[N]) {
-    for (const MethodHook &hook : hooks) {
-        InstallMethodHook(objc_getClass(hook.className), hook.selector(), hook.replacement, hook.previousSlot,
-                          hook.usesFirstAsObject);
-    }
+    InstallMethodHooks(std::span(hooks));
 }
 
 } // namespace corvel
