@@ -238,7 +238,7 @@ void PrepareFloor() {
             LookUp(hook.selector);
         }
     });
-    const auto strings = reinterpret_cast<Class>(device::BridgedSymbol("___CFConstantStringClassReference"));
+    auto *const strings = reinterpret_cast<Class>(device::BridgedSymbol("___CFConstantStringClassReference"));
     serviceReady.isa = strings;
     for (ConstantString &key : latencySwitches) {
         key.isa = strings;

@@ -14,8 +14,8 @@ enum Mark : long {
 #if defined(__aarch64__)
 /// Makes the call in as few instructions as there are, for they count.
 inline void Set(Mark mark) {
-    register long number asm("x8") = mark;
-    register long result asm("x0") = 0;
+    register const long number asm("x8") = mark;
+    register long result asm("x0") = 0; // NOLINT(misc-const-correctness): the call writes it
     asm volatile("svc #0" : "+r"(result) : "r"(number) : "memory");
 }
 #endif

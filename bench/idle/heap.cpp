@@ -38,6 +38,7 @@ std::ptrdiff_t HeapBytes() {
 } // namespace bench
 
 extern "C" {
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the headers' are reserved names
 
 void *malloc(std::size_t size) {
     return bench::Counted(__libc_malloc(size));
@@ -74,4 +75,5 @@ void free(void *memory) {
     __libc_free(memory);
 }
 
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 } // extern "C"

@@ -60,7 +60,7 @@ void Wait(driver::Session &session, double seconds) {
 // the overlay is going to be made of, and takes it down again.
 
 void MakeAndDrop(driver::Session &session) {
-    const auto target = objc::AsObject(objc_getClass("NSObject"));
+    const ns::Object target{objc::AsObject(objc_getClass("NSObject"))};
     objc::Ref<ui::Window> window;
     driver::AsHost([&] {
         const auto scene = ui::Application::sharedApplication().connectedScenes().allObjects().firstObject();
@@ -76,12 +76,10 @@ void MakeAndDrop(driver::Session &session) {
         button.setTitleColor(ui::Color::whiteColor(), UIControlStateNormal);
         button.titleLabel().setFont(ui::Font::boldSystemFontOfSize(18));
         button.layer().setShadowColor(ui::Color::blackColor().CGColor());
-        button.addTarget(ns::Object{target}, objc::Selector<"self">(), UIControlEventTouchUpInside);
-        const auto press =
-            ns::Alloc<ui::LongPressGestureRecognizer>().initWithTarget(ns::Object{target}, objc::Selector<"self">());
+        button.addTarget(target, objc::Selector<"self">(), UIControlEventTouchUpInside);
+        const auto press = ns::Alloc<ui::LongPressGestureRecognizer>().initWithTarget(target, objc::Selector<"self">());
         button.addGestureRecognizer(objc::Ref<ui::GestureRecognizer>::Adopt(press));
-        const auto pan =
-            ns::Alloc<ui::PanGestureRecognizer>().initWithTarget(ns::Object{target}, objc::Selector<"self">());
+        const auto pan = ns::Alloc<ui::PanGestureRecognizer>().initWithTarget(target, objc::Selector<"self">());
         button.addGestureRecognizer(objc::Ref<ui::GestureRecognizer>::Adopt(pan));
         window->addSubview(button);
     });
