@@ -178,6 +178,28 @@ TEST_F(MethodHookTest, ATableIsInstalledInItsOrderAndSkipsWhatTheHostLacks) {
     EXPECT_EQ(objc::As<Host>(test::NewInstance(cls).get()).greet(), 1);
 }
 
+struct Heir : ns::Object {
+    using ns::Object::Object;
+    static constexpr const char *kClassName = "MethodHookTestHeir";
+};
+
+TEST_F(MethodHookTest, RowsOfOneClassSeeWhatTheRowsBeforeThemHaveAdded) {
+    constexpr auto kBefore = [](Heir) { calls.emplace_back("before"); };
+    constexpr auto kAfter = [](Heir) { calls.emplace_back("after"); };
+    const objc::MethodEntry methods[] = {MethodNamed<"greet", &RootGreet>()};
+    const objc::Class cls = test::RegisterClass(Heir::kClassName, class_getName(middle), methods);
+    InstallMethodHooks({
+        After<Heir, "ping", kAfter>(), // inherited, from two levels up
+        Before<Heir, "greet", kBefore>(),
+        Before<Heir, "ping", kBefore>(),
+    });
+    EXPECT_EQ(GreetingOf(cls), (Trace{"before", "Root greet"}));
+    calls.clear();
+    objc::As<Host>(test::NewInstance(cls).get()).ping();
+    EXPECT_EQ(calls, (Trace{"before", "Root ping", "after"}));
+    EXPECT_EQ(GreetingOf(middle), Trace{"Middle greet"});
+}
+
 /// What a method with arguments of several kinds received.
 struct Received {
     objc::id self;
