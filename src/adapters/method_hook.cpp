@@ -118,7 +118,7 @@ void InstallMethodHooks(std::span<const MethodHook> hooks) {
             className = hook.className;
             cls = objc_getClass(className);
         }
-        Install(methods, cls, hook.selector(), hook.replacement, hook.previousSlot, hook.usesFirstAsObject);
+        Install(methods, cls, hook.selector(), *hook.replacement, hook.previousSlot, hook.usesFirstAsObject);
     }
 }
 

@@ -28,15 +28,15 @@ constexpr PlayerClass kConfiguration{"VeLivePlayerConfiguration"_literal, "VeLiv
 enum class Kind : unsigned char { kInteger, kBool };
 
 struct ForcedGetter {
-    objc::SEL (*selector)();
+    objc::SelectorLiteral selector;
     Kind kind;
     std::int64_t value;
 };
 template <objc::FixedString Name> constexpr ForcedGetter Integer(std::int64_t value) {
-    return {&objc::Selector<Name>, Kind::kInteger, value};
+    return {objc::SelectorLiteral::Of<Name>(), Kind::kInteger, value};
 }
 template <objc::FixedString Name> constexpr ForcedGetter Bool(bool value) {
-    return {&objc::Selector<Name>, Kind::kBool, value ? 1 : 0};
+    return {objc::SelectorLiteral::Of<Name>(), Kind::kBool, value ? 1 : 0};
 }
 
 /// The getters of one class that a switch forces; counted as a feature when the class is there.
@@ -108,7 +108,7 @@ void ApplyLatencyHooks() {
             continue;
         }
         for (const ForcedGetter &forced : option.getters) {
-            if (forced.selector != nullptr) {
+            if (forced.selector) {
                 Force(cls, option.player.label, forced);
             }
         }
