@@ -4,14 +4,15 @@
 usage: measure.py
 
 After `./corvel build device` and `cmake --build --preset phone --target smallest-library`. A line for each figure:
-row, "work" or "floor", number, apart by tabs.
+row, "work", "floor" or "also", number, apart by tabs.
 
 load-all, load-none: instructions of the emulated processor from the call of the library's first initialiser to the
 return of the last, in a process that has the classes of all apps, and in one that has none; the floor is
 bench/device/floor.cpp. The calls that change classes are left out of both (bench/device/class_changes.hpp), and are the
 same in number: otherwise the status is 1.
 
-size: bytes of the library, and of the smallest one that the same linker makes with the same segments.
+size: bytes of the library, of the smallest one that the same linker makes with the same segments, and of the library's
+code.
 """
 
 import re
@@ -39,6 +40,12 @@ def load(host, library):
     return int(found["instructions"]), int(found["changes"])
 
 
+def code():
+    """Bytes of the library's machine code."""
+    sizes = subprocess.run(["llvm-size-19", "-A", LIBRARY], capture_output=True, text=True, check=True).stdout
+    return int(re.search(r"^__text +(\d+)", sizes, re.M)[1])
+
+
 def main():
     for row, host in HOSTS.items():
         (work, changes), (floor, fewest) = load(host, LIBRARY), load(host, "floor")
@@ -47,6 +54,7 @@ def main():
         print(f"{row}\twork\t{work}\n{row}\tfloor\t{floor}")
     print(f"size\twork\t{LIBRARY.stat().st_size}")
     print(f"size\tfloor\t{(ROOT / 'out/phone/bench/size/smallest.dylib').stat().st_size}")
+    print(f"size\talso\t{code()}")
 
 
 if __name__ == "__main__":

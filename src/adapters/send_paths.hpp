@@ -23,7 +23,9 @@ template <class Send> void RunSend(objc::id given, Send send) {
 /// Logs the line that opens every send. The finished line serves the log as a format once more, so a percent sign in
 /// the comment is expanded a second time; that is how these lines have always looked.
 template <class... A> void LogSendLine(ns::String format, const A &...arguments) {
-    DebugLog(FormatString(format, arguments...));
+    if (IsLogOn()) {
+        DebugLog(FormatString(format, arguments...));
+    }
 }
 
 /// How a send line shows whether a reference is held.

@@ -24,7 +24,8 @@ ns::String LogTail(ns::String text) {
     return length > kLargestLog ? text.substringFromIndex(length - kLargestLog) : text;
 }
 
-void DebugLogArguments(ns::String format, std::span<const FormatArgument> arguments) {
+bool IsLogOn() {
+    bool on = false;
     objc::Guard([&] {
         const auto store = ns::UserDefaults::standardUserDefaults();
         const ns::Object stored = store.objectForKey(kLogEnabled.key());
@@ -33,10 +34,15 @@ void DebugLogArguments(ns::String format, std::span<const FormatArgument> argume
             return;
         }
         // Not by the preference's Read: while the log is off a call is to cost two lookups.
-        if (IsScalar(stored) && store.boolForKey(kLogEnabled.key())) {
-            Append(FormatArguments(format, arguments));
-        }
+        on = IsScalar(stored) && store.boolForKey(kLogEnabled.key());
     });
+    return on;
+}
+
+void DebugLogArguments(ns::String format, std::span<const FormatArgument> arguments) {
+    if (IsLogOn()) {
+        objc::Guard([&] { Append(FormatArguments(format, arguments)); });
+    }
 }
 
 } // namespace corvel

@@ -9,6 +9,10 @@ namespace corvel {
 /// character: no boundary is looked for.
 ns::String LogTail(ns::String text);
 
+/// Whether a line would be written now, for whoever has to make more of it than a format and its arguments. Stores that
+/// the log is off while nothing is stored. Never raises.
+bool IsLogOn();
+
 /// Appends one line with the arguments packed; see DebugLog.
 void DebugLogArguments(ns::String format, std::span<const FormatArgument> arguments);
 

@@ -40,22 +40,30 @@ TitleFit Fit(ns::String text, cg::Size box, const CellStyle &style) {
     const unsigned long most = MostUnits(box, style.titleFont().pointSize());
     const bool isCut = text.length() > most;
     const ns::String front = isCut ? text.substringToIndex(most) : text;
-    const TitleFit fit = FitTitle(front, [&](unsigned long length) {
+    double height = 0;
+    const auto fits = [&](unsigned long length) {
         const ns::String prefix = length < front.length() ? front.substringToIndex(length) : front;
         constexpr double kUnlimited = std::numeric_limits<double>::max();
-        const cg::Rect bounds = ui::BoundingRect(prefix, {box.width, kUnlimited},
-                                                 NSStringDrawingUsesLineFragmentOrigin | NSStringDrawingUsesFontLeading,
-                                                 style.attributes());
-        return bounds.size.height <= box.height;
-    });
+        height =
+            ui::BoundingRect(prefix, {box.width, kUnlimited},
+                             NSStringDrawingUsesLineFragmentOrigin | NSStringDrawingUsesFontLeading, style.attributes())
+                .size.height;
+        return height <= box.height;
+    };
+    // As if all lines were full and equally high: as many lines as the box takes, of those that were measured.
+    const auto guess = [&](unsigned long length) {
+        const double lineHeight = style.titleFont().lineHeight();
+        const double room = std::max(__builtin_floor(box.height / lineHeight), 0.0);
+        const double units = static_cast<double>(length) * room / std::max(__builtin_round(height / lineHeight), 1.0);
+        return std::max(static_cast<unsigned long>(units), 1UL);
+    };
+    const TitleFit fit = FitTitle(front, fits, guess);
     return {fit.length, fit.shortened || isCut};
 }
 
-/// Whether the cell shows this text already, fitted to this size and font: measuring is what a layout costs.
-bool IsFitted(ui::Button cell, ns::String text, cg::Size size, ui::Font font) {
-    const auto shown = objc::GetAssociated<ns::String>(cell, kFullText);
-    return shown && cell.bounds().size == size && cell.titleLabel().font().pointSize() == font.pointSize() &&
-           shown.isEqualToString(text);
+/// Whether what the cell shows is fitted to this size and font: measuring is what a layout costs.
+bool IsFitted(ui::Button cell, cg::Size size, ui::Font font) {
+    return cell.bounds().size == size && cell.titleLabel().font().pointSize() == font.pointSize();
 }
 
 } // namespace
@@ -65,6 +73,11 @@ CellStyle::CellStyle(double scale)
       titleColor_(ColorFromHex(kButtonTextColor.Read(), 1.0)),
       titleFont_(ui::Font::systemFontOfSize(scale * kFontSize.Read())),
       attributes_(ns::Dictionary::dictionaryWithObject(titleFont_.get(), NSFontAttributeName)) {}
+
+bool operator==(const CellStyle &one, const CellStyle &other) {
+    return one.background_->isEqual(other.background_) && one.titleColor_->isEqual(other.titleColor_) &&
+           one.titleFont_->pointSize() == other.titleFont_->pointSize();
+}
 
 ui::Button AddCell(ui::View container, int index) {
     const auto cell = ui::Button::buttonWithType(UIButtonTypeCustom);
@@ -83,9 +96,14 @@ ui::Button AddCell(ui::View container, int index) {
     return cell;
 }
 
-void UpdateCell(ui::Button cell, int index, const GridGeometry &geometry, const CellStyle &style) {
+void UpdateCell(ui::Button cell, int index, const GridGeometry &geometry, const CellStyle &style, bool restyled) {
     const objc::Ref<ns::String> text = SlotDisplayText(index);
-    const bool fitted = IsFitted(cell, text, geometry.cellSize(), style.titleFont());
+    const auto shown = objc::GetAssociated<ns::String>(cell, kFullText);
+    const bool sameText = shown && shown.isEqualToString(text);
+    if (sameText && !restyled) {
+        return;
+    }
+    const bool fitted = sameText && IsFitted(cell, geometry.cellSize(), style.titleFont());
     cell.setHidden(false);
     cell.setFrame(geometry.CellFrame(index));
     cell.setBackgroundColor(style.background());

@@ -15,6 +15,8 @@ inline constexpr objc::AssociationKey kFullText{"full_text"};
 /// What all cells have in common in one layout pass.
 class CellStyle {
   public:
+    /// Of no layout yet.
+    constexpr CellStyle() = default;
     /// Reads the cell colours and the font size; the scale multiplies the latter.
     explicit CellStyle(double scale);
 
@@ -31,6 +33,8 @@ class CellStyle {
     ns::Dictionary attributes() const {
         return attributes_;
     }
+    /// Whether cells look the same in both.
+    friend bool operator==(const CellStyle &one, const CellStyle &other);
 
   private:
     objc::Ref<ui::Color> background_;
@@ -42,7 +46,8 @@ class CellStyle {
 /// Adds a new, empty cell for the slot of that index to the container and returns it.
 ui::Button AddCell(ui::View container, int index);
 
-/// Shows a cell of the grid with its slot's present text: frame, look, title, full text, marker.
-void UpdateCell(ui::Button cell, int index, const GridGeometry &geometry, const CellStyle &style);
+/// Shows a cell of the grid with its slot's present text: frame, look, title, full text, marker. `restyled` says that
+/// the geometry or the style may be another than when the cell was last updated; otherwise only another text counts.
+void UpdateCell(ui::Button cell, int index, const GridGeometry &geometry, const CellStyle &style, bool restyled);
 
 } // namespace corvel

@@ -60,20 +60,38 @@ void LayoutPanel(const GridGeometry &geometry, double scale) {
     title.setFont(ui::Font::boldSystemFontOfSize(13 * scale));
 }
 
-void LayoutCells(ui::View container, GridSize grid, const GridGeometry &geometry, double scale) {
-    const CellStyle style(scale);
-    for (int index = 0; index < grid.count(); ++index) {
-        const ui::View cell = container.viewWithTag(kCellTagBase + index);
-        UpdateCell(cell ? objc::As<ui::Button>(cell) : AddCell(container, index), index, geometry, style);
-    }
+/// The cell of that index among the content's views, nil when there is none yet. The title is the first view, and cells
+/// are added in the order of their tags; a search by tag would look through all of them for each.
+ui::View FindCell(ns::ArrayOf<ui::View> views, unsigned long count, int index) {
+    const unsigned long place = static_cast<unsigned long>(index) + 1;
+    return place < count ? objc::As<ui::View>(views.objectAtIndex(place)) : ui::View{};
 }
 
-/// Cells that the grid has no place for are kept for when it grows again.
-void HideCellsFrom(ui::View container, int count) {
-    for (const ui::View view : container.subviews()) {
-        if (view.tag() >= kCellTagBase + count && view.isKindOfClass(objc::ClassOf<ui::Button>())) {
-            view.setHidden(true);
-        }
+/// How the cells of the panel were laid out last.
+struct CellLayout {
+    ui::View container;
+    GridSize grid;
+    double scale;
+    CellStyle style;
+    friend bool operator==(const CellLayout &, const CellLayout &) = default;
+};
+[[clang::no_destroy]] constinit CellLayout lastLayout{};
+
+void LayoutCells(ui::View container, GridSize grid, const GridGeometry &geometry, double scale) {
+    const CellLayout layout{container, grid, scale, CellStyle(scale)};
+    const bool restyled = !(layout == lastLayout);
+    lastLayout = layout;
+    const objc::Ref<ns::Array> views = container.subviews();
+    const unsigned long count = views->count();
+    int index = 0;
+    for (; index < grid.count(); ++index) {
+        const ui::View cell = FindCell(views.get(), count, index);
+        UpdateCell(cell ? objc::As<ui::Button>(cell) : AddCell(container, index), index, geometry, layout.style,
+                   restyled);
+    }
+    // Cells that the grid has no place for are kept for when it grows again.
+    while (const ui::View cell = FindCell(views.get(), count, index++)) {
+        cell.setHidden(true);
     }
 }
 
@@ -101,7 +119,6 @@ void LayoutMatrix() {
     const GridGeometry geometry(grid, scale);
     LayoutPanel(geometry, scale);
     LayoutCells(panel.content(), grid, geometry, scale);
-    HideCellsFrom(panel.content(), grid.count());
 }
 
 void HandleFloatTap(objc::Class, objc::SEL) {

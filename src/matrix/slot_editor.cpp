@@ -46,7 +46,7 @@ void DismissSlotEditor(ns::Object sender) {
 }
 
 void StoreSlot(int index, ns::String text) {
-    StoreObject(SlotKey(index).get(), text.length() > 0 ? text : ns::String{});
+    StoreObject(SlotKey(index), text.length() > 0 ? text : ns::String{});
     SynchronizeDefaults();
 }
 

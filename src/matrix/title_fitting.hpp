@@ -26,15 +26,20 @@ struct TitleFit {
     bool shortened;
 };
 
+/// No idea of where the edge may be.
+inline constexpr auto kNoGuess = [](unsigned long) { return 0UL; };
+
 /// Searches one text; Fits is a function of a prefix's length in UTF-16 units, and each call of it is a measurement.
-template <class Fits> class TitleSearch {
+template <class Fits, class Guess> class TitleSearch {
   public:
-    TitleSearch(ns::String text, const Fits &fits) : text_(text), fits_(fits), whole_(text.length()) {}
+    TitleSearch(ns::String text, const Fits &fits, const Guess &guess)
+        : text_(text), fits_(fits), guess_(guess), whole_(text.length()) {}
 
     TitleFit Run() {
         if (whole_ == 0 || Gallop()) {
             return {whole_, false};
         }
+        TryGuess();
         do {
             Halve();
         } while (StepBeyondEdge());
@@ -117,6 +122,22 @@ template <class Fits> class TitleSearch {
         }
     }
 
+    /// Moves both ends to where the edge is guessed to be, as far as the guess is right: it costs two measurements, and
+    /// halving alone would take one for each doubling of the length.
+    void TryGuess() {
+        const unsigned long guess = guess_(high_);
+        for (unsigned long at = guess; at > low_ && at < high_; at = low_ + 1) {
+            const unsigned long end = EndFrom(at);
+            if (end == 0 || end >= high_) {
+                return;
+            }
+            (Measure(end) ? low_ : high_) = end;
+            if (at != guess) {
+                return;
+            }
+        }
+    }
+
     void Halve() {
         while (const unsigned long middle = EndBetween()) {
             (Measure(middle) ? low_ : high_) = middle;
@@ -171,6 +192,7 @@ template <class Fits> class TitleSearch {
 
     ns::String text_;
     const Fits &fits_;
+    const Guess &guess_;
     unsigned long whole_;
     unsigned long low_ = 0;   ///< fits
     unsigned long high_ = 0;  ///< does not
@@ -180,9 +202,11 @@ template <class Fits> class TitleSearch {
 
 /// The whole text when it fits (an empty one does), else the longest shorter prefix that fits, as if each were measured
 /// from the longest down; when none fits, the first unit. Measures at most 2 * log2(length) + 4 prefixes and those that
-/// end within one character.
-template <class Fits> TitleFit FitTitle(ns::String text, const Fits &fits) {
-    return TitleSearch<Fits>(text, fits).Run();
+/// end within one character. `guess` is asked once a prefix of that length did not fit, the last one measured: about
+/// how many units may, 0 for no idea. A good guess saves most measurements, a bad one changes nothing else.
+template <class Fits, class Guess = decltype(kNoGuess)>
+TitleFit FitTitle(ns::String text, const Fits &fits, const Guess &guess = kNoGuess) {
+    return TitleSearch<Fits, Guess>(text, fits, guess).Run();
 }
 
 } // namespace corvel

@@ -5,6 +5,7 @@
 #include "objc/encoding_compare.hpp"
 #include "objc/send.hpp"
 
+#include <atomic>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -69,11 +70,31 @@ Integers IntegersOf(const char *encoding) {
     return address >= foundation.begin && address < foundation.end ? Integers::kLoose : Integers::kExact;
 }
 
+/// One word for a site and a class that it has met: their addresses, mixed by an odd factor so that no two pairs share
+/// it.
+std::uintptr_t KeyOf(const SendSite &site, Class cls) {
+    constexpr std::uintptr_t kOdd = 0x9e3779b97f4a7c15;
+    return reinterpret_cast<std::uintptr_t>(&site) + (reinterpret_cast<std::uintptr_t>(cls) * kOdd);
+}
+
+/// Where the pairs that have been checked are remembered; one that another has taken the place of is checked again.
+std::atomic<std::uintptr_t> &EntryOf(const SendSite &site, Class cls) {
+    constexpr unsigned kBits = 13;
+    static std::atomic<std::uintptr_t> checked[std::size_t{1} << kBits];
+    return checked[(KeyOf(site, cls) * 0xff51afd7ed558ccd) >> (64 - kBits)];
+}
+
 void Check(SendSite &site, Class cls, SEL selector) {
     if (!site.traced) {
         Trace(site);
     }
     if (site.checkedClass == cls) {
+        return;
+    }
+    // One site may meet many classes in turn: a view's method those of all views.
+    std::atomic<std::uintptr_t> &entry = EntryOf(site, cls);
+    const std::uintptr_t key = KeyOf(site, cls);
+    if (entry.load(std::memory_order_relaxed) == key) {
         return;
     }
     // A class without the method forwards the message or raises; there is nothing to compare then.
@@ -86,6 +107,7 @@ void Check(SendSite &site, Class cls, SEL selector) {
         }
     }
     site.checkedClass = cls;
+    entry.store(key, std::memory_order_relaxed);
 }
 
 } // namespace

@@ -10,12 +10,13 @@ inline bool IsOwnKey(ns::String key) {
     return key.hasPrefix(kKeyPrefix);
 }
 
-/// Calls visit(key) for each of the store's present keys that is the library's; the visit may remove it.
+/// Calls visit(key, value) for each of the store's present keys that is the library's; the visit may remove it.
 template <class Visit> void VisitOwnKeys(ns::UserDefaults store, Visit visit) {
-    const objc::Ref<ns::Array> all = store.dictionaryRepresentation().allKeys();
-    for (const ns::String key : ns::ArrayOf<ns::String>(all)) {
+    const objc::Ref<ns::Dictionary> all = store.dictionaryRepresentation();
+    const objc::Ref<ns::Array> keys = all->allKeys();
+    for (const ns::String key : ns::ArrayOf<ns::String>(keys)) {
         if (IsOwnKey(key)) {
-            visit(key);
+            visit(key, all->objectForKey(key));
         }
     }
 }

@@ -18,7 +18,8 @@ void HandleReset(objc::Class, objc::SEL) {
 
 void ResetConfiguration() {
     RemovePanels(); // first: a field that is being edited stores its number as it goes
-    VisitOwnKeys(ns::UserDefaults::standardUserDefaults(), [](ns::String key) { StoreObject(key, nullptr); });
+    VisitOwnKeys(ns::UserDefaults::standardUserDefaults(),
+                 [](ns::String key, ns::Object) { StoreObject(key, nullptr); });
     SynchronizeDefaults();
     RebuildCaptureButton(); // which leaves none: its switch is off by default
     LayoutMatrix();

@@ -12,13 +12,9 @@ namespace corvel {
 namespace {
 
 objc::Ref<ns::MutableDictionary> StoredConfiguration() {
-    const auto store = ns::UserDefaults::standardUserDefaults();
     const auto configuration = ns::New<ns::MutableDictionary>();
-    VisitOwnKeys(store, [&](ns::String key) {
-        if (const ns::Object value = store.objectForKey(key)) {
-            configuration->setObject(value, key);
-        }
-    });
+    VisitOwnKeys(ns::UserDefaults::standardUserDefaults(),
+                 [&](ns::String key, ns::Object value) { configuration->setObject(value, key); });
     return configuration;
 }
 

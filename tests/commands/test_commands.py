@@ -69,6 +69,10 @@ class CommandsTest(unittest.TestCase):
         expect_line("soak", "19", says="the number of cycles is a whole number from 20 to 10000000, not '19'")
         self.expect_refusal("./corvel", "monkey", "xhs", "10", "1", "2", says="monkey takes no '2'")
         self.expect_refusal("./corvel", "soak", "100", "2", says="soak takes no '2'")
+        self.expect_refusal("./corvel", "bench", "--page", "log-on", says="bench --page measures all rows")
+        bench = subprocess.run(["./corvel", "bench", "frob"], cwd=ROOT, capture_output=True, text=True, timeout=60)
+        self.assertEqual((bench.returncode, bench.stdout), (2, ""))
+        self.assertRegex(bench.stderr, r"^corvel: no row named 'frob'; there are ([a-z0-9-]+ )+log-on [a-z0-9 -]+\n$")
 
     def test_play(self):
         for words in ([], [SMOKE], ["--", SMOKE]):

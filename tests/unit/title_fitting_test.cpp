@@ -73,6 +73,12 @@ class Measure {
 };
 
 using Fits = std::function<bool(unsigned long)>;
+/// How many units may fit once that many did not.
+using Guess = std::function<unsigned long(unsigned long)>;
+
+unsigned long NoIdea(unsigned long) {
+    return 0;
+}
 
 TitleFit FitOneByOne(unsigned long length, const Fits &fits) {
     if (length == 0 || fits(length)) {
@@ -97,13 +103,15 @@ unsigned long LongestCharacter(ns::String text) {
 }
 
 /// FitTitle's answer; the number of its measurements is held to the promised bound.
-TitleFit FitCounted(std::u16string_view text, const Fits &fits, unsigned long *used = nullptr) {
+TitleFit FitCounted(std::u16string_view text, const Fits &fits, unsigned long *used = nullptr,
+                    const Guess &guess = &NoIdea) {
     const test::Pool pool;
     unsigned long count = 0;
-    const TitleFit fit = FitTitle(StringOf(text), [&](unsigned long length) {
+    const Fits counted = [&](unsigned long length) {
         ++count;
         return fits(length);
-    });
+    };
+    const TitleFit fit = FitTitle(StringOf(text), counted, guess);
     if (!text.empty()) {
         const double bound = (2 * std::log2(static_cast<double>(text.size()))) + 4 +
                              static_cast<double>(text.size() <= 500 ? LongestCharacter(StringOf(text)) : 64);
@@ -115,14 +123,14 @@ TitleFit FitCounted(std::u16string_view text, const Fits &fits, unsigned long *u
     return fit;
 }
 
-void ExpectSame(std::u16string_view text, const Fits &fits) {
+void ExpectSame(std::u16string_view text, const Fits &fits, const Guess &guess = &NoIdea) {
     std::map<unsigned long, bool> known;
     const Fits remembered = [&](unsigned long n) {
         const auto found = known.find(n);
         return found != known.end() ? found->second : known[n] = fits(n);
     };
     const TitleFit expected = FitOneByOne(text.size(), remembered);
-    const TitleFit actual = FitCounted(text, remembered);
+    const TitleFit actual = FitCounted(text, remembered, nullptr, guess);
     EXPECT_EQ(actual.length, expected.length) << Escaped(text);
     EXPECT_EQ(actual.shortened, expected.shortened) << Escaped(text);
 }
@@ -169,9 +177,14 @@ TEST_P(TitleFitting, EqualsTheSearchOneByOne) {
             }
             const double width = 8 + static_cast<double>(upTo(1400)) / 10;
             const double height = static_cast<double>(upTo(1130)) / 10;
-            ExpectSame(text, [&](unsigned long n) {
+            const Fits fits = [&](unsigned long n) {
                 return measure.HeightOf(std::u16string_view(text).substr(0, n), width) <= height;
-            });
+            };
+            ExpectSame(text, fits);
+            // Guesses as bad as can be, and the right one.
+            for (const unsigned long any : {1UL, upTo(text.size() + 2), ~0UL, FitCounted(text, fits).length}) {
+                ExpectSame(text, fits, [any](unsigned long) { return any; });
+            }
         }
     }
 }
@@ -246,6 +259,19 @@ TEST(FitTitle, TextThatFitsIsMeasuredOnce) {
     EXPECT_EQ(fit.length, 2U);
     EXPECT_FALSE(fit.shortened);
     EXPECT_EQ(used, 1U);
+}
+
+TEST(FitTitle, ARightGuessSavesTheSearch) {
+    const std::u16string text(1000, u'弹');
+    unsigned long used = 0;
+    const TitleFit fit = FitCounted(
+        text, [](unsigned long n) { return n <= 20; }, &used,
+        [](unsigned long length) {
+            EXPECT_EQ(length, 256U);
+            return 20;
+        });
+    EXPECT_EQ(fit.length, 20U);
+    EXPECT_EQ(used, 3U);
 }
 
 TEST(FitTitle, OneUnitIsShownEvenIfItDoesNotFit) {

@@ -16,6 +16,10 @@ struct Font : ns::Object {
     double pointSize() const {
         return objc::Send<"pointSize", double>(*this);
     }
+    /// Of one line, in points.
+    double lineHeight() const {
+        return objc::Send<"lineHeight", double>(*this);
+    }
     static Font boldSystemFontOfSize(double size) {
         return objc::SendClass<Font, "boldSystemFontOfSize:", Font>(size);
     }
