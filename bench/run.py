@@ -5,7 +5,7 @@ usage: run.py [--page|--known] [ROW|GROUP ...]
 
 Everything must be built. All rows unless some are named. The status is 1 when a row misses its goal or cannot be
 measured, 2 when there is none of that name. --page measures how cost grows, too, and writes docs/performance.md's table
-and pictures anew. --known measures nothing: it looks at the names alone.
+and pictures anew. --known measures nothing: it looks at the names alone, and prints the groups of their rows.
 """
 
 import subprocess
@@ -22,6 +22,8 @@ from rows import ROWS  # noqa: E402
 COMMANDS = {
     "library": ["library/measure.py", "library"],
     "sends": ["library/measure.py", "sends"],
+    "idle": ["idle/measure.py"],
+    "phone": ["device/measure.py"],
     "simulator": ["simulator/measure.py"],
     "growth": ["library/measure.py", "growth"],
 }
@@ -84,9 +86,10 @@ def chosen(names):
 def main(arguments):
     option = arguments.pop(0) if arguments[:1] in (["--page"], ["--known"]) else ""
     rows = chosen(arguments)
-    if option == "--known":
-        return
     groups = sorted({row.group for row in rows})
+    if option == "--known":
+        print(" ".join(groups))
+        return
     counts = {}
     with ThreadPoolExecutor(2) as pool:  # each measures in a process of its own
         for found in pool.map(measure, groups + (["growth"] if option == "--page" else [])):

@@ -1,7 +1,6 @@
 #include "device_library.hpp"
 
 #include "crash_report.hpp"
-#include "mapped_image.hpp"
 #include "objc_bridge.hpp"
 #include "refusal.hpp"
 #include "unwinding.hpp"
@@ -32,21 +31,27 @@ void *ResolveImport(const std::string &symbol) {
 
 } // namespace
 
-void LoadDeviceLibrary(const std::string &path) {
+void MapDeviceLibrary(const std::string &path, const ImportResolver &ahead) {
     Loaded &loaded = TheLibrary();
     loaded.file = ReadMachoFile(path);
     CheckPageHashes(loaded.file);
-    loaded.image = std::make_unique<MappedImage>(loaded.file, &ResolveImport);
+    loaded.image = std::make_unique<MappedImage>(loaded.file, [&](const std::string &symbol) {
+        void *const address = ahead(symbol);
+        return address != nullptr ? address : ResolveImport(symbol);
+    });
     const MappedImage &image = *loaded.image;
     PrepareObjectiveC(image);
     RegisterUnwinding(image);
     if (!image.SectionOf<std::uint8_t>("__mod_init_func").empty()) {
         throw Refusal("initialisers in pointer form");
     }
-    const auto initialisers = image.SectionOf<const std::uint32_t>("__init_offsets");
     image.Protect();
     ReportCrashes(image, path + ".dSYM/Contents/Resources/DWARF/Corvel.dylib");
-    for (const std::uint32_t offset : initialisers) {
+}
+
+void RunInitialisers() {
+    const MappedImage &image = *TheLibrary().image;
+    for (const std::uint32_t offset : image.SectionOf<const std::uint32_t>("__init_offsets")) {
         reinterpret_cast<void (*)()>(image.base() + offset)();
     }
 }

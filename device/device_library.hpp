@@ -1,13 +1,17 @@
 #pragma once
 // The phone's library, loaded as its dynamic linker would.
 
-#include <string>
+#include "mapped_image.hpp"
 
 namespace device {
 
-/// Loads the library at `path`: reads, maps, fixes, binds, prepares and runs its initialiser. Crash reports
-/// use the dSYM beside it. Throws Refusal, with nothing of the image run, when anything is not as it should be.
-void LoadDeviceLibrary(const std::string &path);
+/// Maps the library at `path`: reads, fixes, binds and prepares it. What `ahead` knows of the imports comes before
+/// everything else. Crash reports use the dSYM beside the library. Throws Refusal when anything is not as it should be.
+void MapDeviceLibrary(
+    const std::string &path, const ImportResolver &ahead = [](const std::string &) -> void * { return nullptr; });
+
+/// Runs the initialisers of the mapped library: the first of its code that runs.
+void RunInitialisers();
 
 /// The address of an exported function of the loaded library, by its C name; null when it exports none such.
 void *DeviceSymbol(const std::string &name);

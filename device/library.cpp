@@ -9,7 +9,8 @@ namespace sim::driver {
 
 std::string Library::Inject(const std::string &path) {
     try {
-        device::LoadDeviceLibrary(path);
+        device::MapDeviceLibrary(path);
+        device::RunInitialisers();
     } catch (const device::Refusal &refusal) {
         return path + ": " + refusal.what();
     }

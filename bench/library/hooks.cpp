@@ -44,7 +44,8 @@ template <objc::Handle T> void Call(const T &object) {
 }
 
 template <objc::Handle HookedClass, objc::Handle PlainClass> void Measure(const char *name) {
-    corvel::InstallMethodHooks({corvel::PassThrough<HookedClass, "comment:">()});
+    constexpr corvel::MethodHook kHooks[] = {corvel::PassThrough<HookedClass, "comment:">()};
+    corvel::InstallMethodHooks(kHooks);
     const auto hooked = ns::New<HookedClass>();
     const auto plain = ns::New<PlainClass>();
     CountPair(name, [&] { Call(hooked.get()); }, [&] { Call(plain.get()); });

@@ -10,20 +10,38 @@
 namespace corvel {
 namespace {
 
-/// The method that the class itself defines for the selector, inherited ones left aside; nil when it defines none.
-objc::Method OwnMethod(objc::Class cls, objc::SEL selector) {
-    unsigned count = 0;
-    objc::Method *const methods = class_copyMethodList(cls, &count);
-    objc::Method found = nullptr;
-    for (unsigned i = 0; i < count && found == nullptr; ++i) {
-        // By name: a runtime may keep one selector for each set of types that a name is declared with.
-        if (static_cast<bool>(sel_isEqual(method_getName(methods[i]), selector))) {
-            found = methods[i];
-        }
+/// The methods of one class at a time, inherited ones left aside. Rows that hook the same class find the list copied
+/// already. A lookup through the runtime instead would send messages to classes of the host's before it has begun.
+class OwnMethods {
+  public:
+    OwnMethods() = default;
+    OwnMethods(const OwnMethods &) = delete;
+    OwnMethods &operator=(const OwnMethods &) = delete;
+    ~OwnMethods() {
+        std::free(static_cast<void *>(list_));
     }
-    std::free(static_cast<void *>(methods));
-    return found;
-}
+
+    /// The method that the class itself defines for the selector; nil when it defines none.
+    objc::Method Find(objc::Class cls, objc::SEL selector) {
+        if (cls != class_) {
+            std::free(static_cast<void *>(list_));
+            list_ = class_copyMethodList(cls, &count_);
+            class_ = cls;
+        }
+        for (unsigned i = 0; i < count_; ++i) {
+            // By name: a runtime may keep one selector for each set of types that a name is declared with.
+            if (static_cast<bool>(sel_isEqual(method_getName(list_[i]), selector))) {
+                return list_[i];
+            }
+        }
+        return nullptr;
+    }
+
+  private:
+    objc::Class class_ = nullptr;
+    objc::Method *list_ = nullptr;
+    unsigned count_ = 0;
+};
 
 /// Whether a replacement can stand for a method that is declared with these types.
 bool CanStandFor(const char *types, objc::SEL selector, bool usesFirstAsObject) {
@@ -32,6 +50,27 @@ bool CanStandFor(const char *types, objc::SEL selector, bool usesFirstAsObject) 
         arguments += *name == ':' ? 1 : 0;
     }
     return TravelsInGeneralRegisters(types, arguments) && (!usesFirstAsObject || TakesObjectFirst(types));
+}
+
+/// InstallMethodHook with the lists that it looks at.
+void Install(OwnMethods &methods, objc::Class cls, objc::SEL selector, objc::IMP replacement, objc::IMP *previousSlot,
+             bool usesFirstAsObject) {
+    for (objc::Class level = cls; level != nullptr; level = class_getSuperclass(level)) {
+        const objc::Method method = methods.Find(level, selector);
+        if (method == nullptr) {
+            continue;
+        }
+        if (!CanStandFor(method_getTypeEncoding(method), selector, usesFirstAsObject)) {
+            return;
+        }
+        if (level == cls) {
+            *previousSlot = method_setImplementation(method, replacement);
+        } else {
+            *previousSlot = method_getImplementation(method);
+            class_addMethod(cls, selector, replacement, method_getTypeEncoding(method));
+        }
+        return;
+    }
 }
 
 } // namespace
@@ -66,21 +105,20 @@ void Kept::RunOnMain(void (*bodies)(objc::id self, objc::id argument)) {
 
 void InstallMethodHook(objc::Class cls, objc::SEL selector, objc::IMP replacement, objc::IMP *previousSlot,
                        bool usesFirstAsObject) {
-    for (objc::Class level = cls; level != nullptr; level = class_getSuperclass(level)) {
-        const objc::Method method = OwnMethod(level, selector);
-        if (method == nullptr) {
-            continue;
+    OwnMethods methods;
+    Install(methods, cls, selector, replacement, previousSlot, usesFirstAsObject);
+}
+
+void InstallMethodHooks(std::span<const MethodHook> hooks) {
+    OwnMethods methods;
+    const char *className = nullptr;
+    objc::Class cls = nullptr;
+    for (const MethodHook &hook : hooks) {
+        if (hook.className != className) { // a view's one name, so that its address tells
+            className = hook.className;
+            cls = objc_getClass(className);
         }
-        if (!CanStandFor(method_getTypeEncoding(method), selector, usesFirstAsObject)) {
-            return;
-        }
-        if (level == cls) {
-            *previousSlot = method_setImplementation(method, replacement);
-        } else {
-            *previousSlot = method_getImplementation(method);
-            class_addMethod(cls, selector, replacement, method_getTypeEncoding(method));
-        }
-        return;
+        Install(methods, cls, hook.selector(), *hook.replacement, hook.previousSlot, hook.usesFirstAsObject);
     }
 }
 

@@ -13,6 +13,7 @@
 #include "objc/class_builder.hpp"
 #include "objc/ref.hpp"
 
+#include <span>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -34,8 +35,8 @@ void InstallMethodHook(objc::Class cls, objc::SEL selector, objc::IMP replacemen
 /// One row of an adapter's table of hooks.
 struct MethodHook {
     const char *className;
-    objc::SEL (*selector)();
-    objc::IMP replacement;
+    objc::SelectorLiteral selector;
+    const objc::IMP *replacement;
     /// Remembers the implementation in force before. It stays empty when the hook could not be installed; then the
     /// replacement is never reached either.
     objc::IMP *previousSlot;
@@ -150,34 +151,31 @@ template <class View, objc::FixedString Name, auto First, auto Then> struct Repl
 
 /// The row that calls First(view), then the method that was in force, then Then(view); either may take the method's
 /// first argument too, as an object. View stands for the hooked class.
-template <class View, objc::FixedString Name, auto First, auto Then = detail::kNothing> MethodHook Around() {
+template <class View, objc::FixedString Name, auto First, auto Then = detail::kNothing> constexpr MethodHook Around() {
     using Replacement = detail::Replacement<View, Name, First, Then>;
     constexpr auto kArguments = std::make_index_sequence<detail::ArgumentCount(Name)>{};
-    return {View::kClassName, &objc::Selector<Name>, reinterpret_cast<objc::IMP>(Replacement::Function(kArguments)),
-            &Replacement::previous, Replacement::kTakesFirstArgument};
+    return {View::kClassName, objc::SelectorLiteral::Of<Name>(),
+            &objc::kImplementation<Replacement::Function(kArguments)>, &Replacement::previous,
+            Replacement::kTakesFirstArgument};
 }
 
 /// The row whose method runs first.
-template <class View, objc::FixedString Name, auto Then> MethodHook After() {
+template <class View, objc::FixedString Name, auto Then> constexpr MethodHook After() {
     return Around<View, Name, detail::kNothing, Then>();
 }
 
 /// The row whose method runs last.
-template <class View, objc::FixedString Name, auto First> MethodHook Before() {
+template <class View, objc::FixedString Name, auto First> constexpr MethodHook Before() {
     return Around<View, Name, First>();
 }
 
 /// The row that wraps the method and changes nothing.
-template <class View, objc::FixedString Name> MethodHook PassThrough() {
+template <class View, objc::FixedString Name> constexpr MethodHook PassThrough() {
     return Around<View, Name, detail::kNothing>();
 }
 
-/// Installs the hooks in the order of the table, each in the class that goes by the row's name.
-template <std::size_t N> void InstallMethodHooks(const MethodHook (&hooks)[N]) {
-    for (const MethodHook &hook : hooks) {
-        InstallMethodHook(objc_getClass(hook.className), hook.selector(), hook.replacement, hook.previousSlot,
-                          hook.usesFirstAsObject);
-    }
-}
+/// Installs the hooks in the order of the table, each in the class that goes by the row's name. A class is looked up
+/// once for all of its rows that stand together.
+void InstallMethodHooks(std::span<const MethodHook> hooks);
 
 } // namespace corvel

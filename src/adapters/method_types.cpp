@@ -20,7 +20,7 @@ objc::EncodingReader TypeAt(const char *types, std::size_t place) {
 }
 
 /// Whether the types are those of a method without arguments whose result has one of the codes.
-bool IsGetter(const char *types, const char *codes) {
+bool IsGetter(const char *types, objc::CodeSet codes) {
     return types != nullptr && objc::IsOneOf(codes, *TypeAt(types, 0).at) && *TypeAt(types, 2).at == ':' &&
            *TypeAt(types, 3).at == '\0';
 }
@@ -28,7 +28,7 @@ bool IsGetter(const char *types, const char *codes) {
 } // namespace
 
 bool TravelsInGeneralRegisters(const char *types, std::size_t argumentCount) {
-    constexpr const char *kWords = "@#:*^?cCsSiIlLqQB";
+    constexpr objc::CodeSet kWords = "@#:*^?cCsSiIlLqQB";
     if (types == nullptr || argumentCount + 2 > kGeneralRegisters) {
         return false;
     }

@@ -6,6 +6,8 @@
 #include "objc/runtime.hpp"
 #include "objc/selector.hpp"
 
+#include <span>
+
 namespace objc {
 
 namespace detail {
@@ -15,23 +17,27 @@ template <class R, class Self, class... A> struct MethodFunction<R (*)(Self, SEL
 };
 } // namespace detail
 
+/// A function as a method's implementation. Tables hold its address, for no constant expression may cast a function:
+/// so they stand ready as data, and no code need build them.
+template <auto Function> inline const IMP kImplementation = reinterpret_cast<IMP>(Function);
+
 /// One method of a table: a selector, a function of the form R (Self, SEL, arguments...), its encoding.
 struct MethodEntry {
-    SEL (*selector)();
-    IMP implementation;
+    SelectorLiteral selector;
+    const IMP *implementation;
     const char *encoding;
 };
 
 /// The table entry of a function under a selector.
-template <FixedString Name, auto Function> MethodEntry MethodNamed() {
-    return {&Selector<Name>, reinterpret_cast<IMP>(Function),
+template <FixedString Name, auto Function> constexpr MethodEntry MethodNamed() {
+    return {SelectorLiteral::Of<Name>(), &kImplementation<Function>,
             detail::MethodFunction<decltype(Function)>::kEncoding.data};
 }
 
 /// Adds the methods to a class (or, given a metaclass, to the class object). Present ones of the class itself stay.
-template <std::size_t N> void AddMethods(Class cls, const MethodEntry (&methods)[N]) {
+inline void AddMethods(Class cls, std::span<const MethodEntry> methods) {
     for (const MethodEntry &method : methods) {
-        class_addMethod(cls, method.selector(), method.implementation, method.encoding);
+        class_addMethod(cls, method.selector(), *method.implementation, method.encoding);
     }
 }
 

@@ -2,18 +2,34 @@
 // Type encodings, read from the front a type at a time.
 // https://developer.apple.com/library/archive/documentation/Cocoa/Conceptual/ObjCRuntimeGuide/Articles/ocrtTypeEncodings.html
 
+#include <cstdint>
+
 // Without the C library's functions for strings: the phone's library imports none of them.
 
 namespace objc {
 
-/// Whether the code is among the codes; the end of a text is none.
-constexpr bool IsOneOf(const char *codes, char code) {
-    for (; *codes != '\0'; ++codes) {
-        if (*codes == code) {
-            return true;
+/// A set of type codes, made while compiling: every hook of a host's method asks for dozens of codes at load.
+class CodeSet {
+  public:
+    // NOLINTNEXTLINE(google-explicit-constructor): a set is written as the text of its codes
+    consteval CodeSet(const char *codes) {
+        for (; *codes != '\0'; ++codes) {
+            bits_[*codes / kBits] |= std::uint64_t{1} << *codes % kBits;
         }
     }
-    return false;
+    constexpr bool Has(char code) const {
+        const auto index = static_cast<unsigned char>(code);
+        return index < 2 * kBits && (bits_[index / kBits] >> index % kBits & 1) != 0;
+    }
+
+  private:
+    static constexpr unsigned kBits = 64;
+    std::uint64_t bits_[2]{};
+};
+
+/// Whether the code is among the codes; the end of a text is none.
+constexpr bool IsOneOf(CodeSet codes, char code) {
+    return codes.Has(code);
 }
 
 /// Where the reading has come to; a text that breaks off in the middle of a type ends it.

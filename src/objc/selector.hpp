@@ -35,4 +35,37 @@ template <FixedString Name> SEL Selector() {
 #endif
 }
 
+/// A selector for tables that stand before any code has run; calling it gives the selector.
+class SelectorLiteral {
+  public:
+    /// No selector: it must not be called.
+    constexpr SelectorLiteral() = default;
+    template <FixedString Name> static constexpr SelectorLiteral Of() {
+#if defined(__APPLE__)
+        return SelectorLiteral(&detail::SelectorReference<Name>::reference);
+#else
+        return SelectorLiteral(&Selector<Name>);
+#endif
+    }
+    constexpr explicit operator bool() const {
+        return source_ != nullptr;
+    }
+    SEL operator()() const {
+#if defined(__APPLE__)
+        return reinterpret_cast<SEL>(*source_);
+#else
+        return source_();
+#endif
+    }
+
+  private:
+#if defined(__APPLE__)
+    using Source = const char *const *;
+#else
+    using Source = SEL (*)();
+#endif
+    constexpr explicit SelectorLiteral(Source source) : source_(source) {}
+    Source source_ = nullptr;
+};
+
 } // namespace objc

@@ -20,8 +20,8 @@ ui::View HitTest(ui::Window self, objc::SEL, cg::Point point, ui::Event event) {
 void RegisterDanmuWindowClass() {
     danmuWindow = objc::AllocateOwnClass("DanmuWindow", "DanmuWindow_Corvel", ui::Window::kClassName);
     if (danmuWindow != nullptr) {
-        const objc::MethodEntry methods[] = {objc::MethodNamed<"hitTest:withEvent:", &HitTest>()};
-        objc::AddMethods(danmuWindow, methods);
+        static constexpr objc::MethodEntry kMethods[] = {objc::MethodNamed<"hitTest:withEvent:", &HitTest>()};
+        objc::AddMethods(danmuWindow, kMethods);
         objc_registerClassPair(danmuWindow);
     }
 }

@@ -27,11 +27,11 @@ void RegisterGestureProxyClass() {
     if (gestureProxy == nullptr) {
         return;
     }
-    const objc::MethodEntry methods[] = {
+    static constexpr objc::MethodEntry kMethods[] = {
         objc::MethodNamed<"gestureRecognizer:shouldReceiveTouch:", &ShouldReceiveTouch>()};
-    const objc::MethodEntry classMethods[] = {objc::MethodNamed<"shared", &Shared>()};
-    objc::AddMethods(gestureProxy, methods);
-    objc::AddMethods(objc::MetaclassOf(gestureProxy), classMethods);
+    static constexpr objc::MethodEntry kClassMethods[] = {objc::MethodNamed<"shared", &Shared>()};
+    objc::AddMethods(gestureProxy, kMethods);
+    objc::AddMethods(objc::MetaclassOf(gestureProxy), kClassMethods);
     if (objc::Protocol protocol = objc_getProtocol("UIGestureRecognizerDelegate")) {
         class_addProtocol(gestureProxy, protocol);
     }

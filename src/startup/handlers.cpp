@@ -22,7 +22,7 @@
 namespace corvel {
 
 void RegisterHandlers() {
-    const objc::MethodEntry handlers[] = {
+    static constexpr objc::MethodEntry kHandlers[] = {
         // The floating and the capture button.
         objc::MethodNamed<"dm_ftap", &HandleFloatTap>(),
         objc::MethodNamed<"dm_flp:", &HandleFloatLongPress>(),
@@ -65,7 +65,7 @@ void RegisterHandlers() {
         objc::MethodNamed<"dm_dlp:", &HandleDebugLongPress>(),
         objc::MethodNamed<"dm_edbg", &HandleEnableDebug>(),
     };
-    objc::AddMethods(objc::MetaclassOf(objc_getClass("NSObject")), handlers);
+    objc::AddMethods(objc::MetaclassOf(objc_getClass("NSObject")), kHandlers);
 }
 
 } // namespace corvel

@@ -82,7 +82,7 @@ void StoreGoes(CommentStore store) {
 
 void corvel::InstallDouyinHooks() {
     using namespace douyin;
-    InstallMethodHooks({
+    static constexpr MethodHook kHooks[] = {
         After<CommentFragment, "componentMount", &Mounted>(),
         Before<CommentFragment, "sendComment:enterSource:requestSource:trackParams:completion:",
                &SelfHeal<u"[DY] 🔄 self-heal (5p) fragment %p → %p">>(),
@@ -95,5 +95,6 @@ void corvel::InstallDouyinHooks() {
 
         After<CommentStore, "setup", &StoreSetUp>(),
         Before<CommentStore, "dealloc", &StoreGoes>(),
-    });
+    };
+    InstallMethodHooks(kHooks);
 }

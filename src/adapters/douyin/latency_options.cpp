@@ -9,6 +9,7 @@
 #include "preferences/preferences.hpp"
 
 #include <algorithm>
+#include <span>
 
 namespace corvel {
 namespace {
@@ -27,15 +28,15 @@ constexpr PlayerClass kConfiguration{"VeLivePlayerConfiguration"_literal, "VeLiv
 enum class Kind : unsigned char { kInteger, kBool };
 
 struct ForcedGetter {
-    objc::SEL (*selector)();
+    objc::SelectorLiteral selector;
     Kind kind;
     std::int64_t value;
 };
 template <objc::FixedString Name> constexpr ForcedGetter Integer(std::int64_t value) {
-    return {&objc::Selector<Name>, Kind::kInteger, value};
+    return {objc::SelectorLiteral::Of<Name>(), Kind::kInteger, value};
 }
 template <objc::FixedString Name> constexpr ForcedGetter Bool(bool value) {
-    return {&objc::Selector<Name>, Kind::kBool, value ? 1 : 0};
+    return {objc::SelectorLiteral::Of<Name>(), Kind::kBool, value ? 1 : 0};
 }
 
 /// The getters of one class that a switch forces; counted as a feature when the class is there.
@@ -107,7 +108,7 @@ void ApplyLatencyHooks() {
             continue;
         }
         for (const ForcedGetter &forced : option.getters) {
-            if (forced.selector != nullptr) {
+            if (forced.selector) {
                 Force(cls, option.player.label, forced);
             }
         }
@@ -120,8 +121,9 @@ void ApplyLatencyHooks() {
 } // namespace
 
 void ScheduleLatencyHooks() {
-    const bool wanted =
-        std::ranges::any_of(kOptions, [](const LatencyOption &option) { return option.preference.Read(); });
+    // The first two rows share a switch; each is asked for once.
+    const bool wanted = std::ranges::any_of(std::span(kOptions).subspan<1>(),
+                                            [](const LatencyOption &option) { return option.preference.Read(); });
     if (wanted) {
         dispatch::AsyncInBackground([] {
             ns::Thread::sleepForTimeInterval(kApplyDelaySeconds);

@@ -52,7 +52,7 @@ void PreviewLoaded(PreviewComponent preview) {
 
 void corvel::InstallKuaishouHooks() {
     using namespace kuaishou;
-    InstallMethodHooks({
+    static constexpr MethodHook kHooks[] = {
         After<BaseService, "onCreate", &ServiceCreated>(),
         After<CommentBarService, "bindTarget:", &BarBound>(),
         PassThrough<CommentBarService, "comment:">(),
@@ -60,5 +60,6 @@ void corvel::InstallKuaishouHooks() {
         After<PreviewComponent, "componentDidLoad", &PreviewLoaded>(),
         After<PreviewComponent, "componentDidAppear:", &PreviewShown>(),
         PassThrough<PreviewComponent, "sendComment:source:">(),
-    });
+    };
+    InstallMethodHooks(kHooks);
 }

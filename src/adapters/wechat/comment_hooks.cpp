@@ -28,8 +28,9 @@ void MovedToWindow(CommentView view) {
 
 void corvel::InstallWeChatHooks() {
     using namespace wechat;
-    InstallMethodHooks({
+    static constexpr MethodHook kHooks[] = {
         After<CommentView, "didMoveToWindow", &MovedToWindow>(),
         PassThrough<CommentView, "didCommitText:">(),
-    });
+    };
+    InstallMethodHooks(kHooks);
 }

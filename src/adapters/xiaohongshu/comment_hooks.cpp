@@ -54,7 +54,7 @@ void Joined(ImEngine engine, objc::Object groupId) {
 
 void corvel::InstallXiaohongshuHooks() {
     using namespace xiaohongshu;
-    InstallMethodHooks({
+    static constexpr MethodHook kHooks[] = {
         After<DecorateView, "didMoveToSuperview", &DecorateMoved>(),
         PassThrough<DecorateView, "sendFasterChatMsg:">(),
         After<CommentBar, "didMoveToWindow", &BarMoved>(),
@@ -63,5 +63,6 @@ void corvel::InstallXiaohongshuHooks() {
         PassThrough<CommentBar, "_commentBarWillSend">(),
         After<ImEngine, "joinWithGroupId:callback:", &Joined>(),
         After<ImEngine, "joinWithGroupId:role:callback:", &Joined>(),
-    });
+    };
+    InstallMethodHooks(kHooks);
 }
