@@ -4,6 +4,7 @@
 #include "hosts/host_class.hpp"
 #include "hosts/inventory.hpp"
 #include "hosts/invocation.hpp"
+#include "hosts/registered.hpp"
 #include "hosts/worker.hpp"
 #include "script/values.hpp"
 
@@ -75,6 +76,8 @@ Answer AskCalls(WordReader &words) {
     return answer;
 }
 
+constexpr const char *kQueries = "calls, alive, responds, call, taps, classes or replaced";
+
 bool IsView(ns::Object object) {
     return object.isKindOfClass(objc_getClass(ui::View::kClassName));
 }
@@ -135,8 +138,10 @@ Host::Host(LiveRoomLook look, std::span<const Kind> kinds) : kinds_(kinds), room
 }
 
 void Host::Register() {
+    BeforeRegistration();
     RegisterClasses();
     CheckSetUp();
+    AfterRegistration();
 }
 
 void Host::Launch(ui::WindowScene scene) {
@@ -222,7 +227,7 @@ Fact Host::Event(WordReader &words) {
 }
 
 Answer Host::Query(WordReader &words) {
-    const std::string name = words.Name("calls, alive, responds, call or taps");
+    const std::string name = words.Name(kQueries);
     if (name == "calls") {
         return AskCalls(words);
     }
@@ -239,7 +244,13 @@ Answer Host::Query(WordReader &words) {
     if (name == "taps") {
         return {{Bare(LiveRoom::Taps())}};
     }
-    words.Fail("expected calls, alive, responds, call or taps, not " + name);
+    if (name == "classes") {
+        return RegisteredClasses();
+    }
+    if (name == "replaced") {
+        return ReplacedMethods();
+    }
+    words.Fail("expected " + std::string(kQueries) + ", not " + name);
 }
 
 } // namespace sim::hosts
