@@ -16,6 +16,11 @@ if(CORVEL_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize=function,vptr -fno-sanitize-recover=undefined)
   add_link_options(-fsanitize=address,undefined)
 endif()
+# How the lines of the library, and of its headers in its unit tests, are counted: in a file while they are run, for the
+# simulator ends at once.
+if(CORVEL_COVERAGE)
+  set(CORVEL_COUNTED -fprofile-instr-generate -fcoverage-mapping -mllvm -runtime-counter-relocation)
+endif()
 # What sanitized builds are tested with; others take no notice.
 set(CORVEL_SANITIZER_ENVIRONMENT
     "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")

@@ -43,7 +43,7 @@ std::vector<void *> BindImports(std::span<const std::uint8_t> fixups, const Mach
 void FixChain(const MachoFile &file, std::uint8_t *base, std::uint64_t place, std::uint16_t format,
               const std::vector<void *> &imports) {
     for (;;) {
-        if (place + 8 > file.AddressSpace()) {
+        if (place > file.AddressSpace() || file.AddressSpace() - place < 8) {
             throw Refusal("fixup outside the image");
         }
         std::uint64_t raw = 0;

@@ -63,6 +63,11 @@ void ReadSegment(MachoFile &file, std::uint64_t command) {
                     .fileOffset = ReadAt<std::uint64_t>(bytes, command + 40, "segment"),
                     .fileSize = ReadAt<std::uint64_t>(bytes, command + 48, "segment"),
                     .protection = ReadAt<std::uint32_t>(bytes, command + 60, "segment")};
+    // Far more than any library has, and far from where sums of addresses overflow.
+    constexpr std::uint64_t kMostAddressSpace = 1ULL << 32;
+    if (segment.address > kMostAddressSpace || segment.size > kMostAddressSpace - segment.address) {
+        throw Refusal("segment " + segment.name + " beyond the address space");
+    }
     if (segment.fileOffset > bytes.size() || segment.fileSize > bytes.size() - segment.fileOffset ||
         segment.fileSize > segment.size) {
         throw Refusal("truncated segment " + segment.name);
@@ -149,8 +154,12 @@ MachoFile ReadMachoFile(const std::string &path) {
     if (!stream) {
         throw Refusal("cannot be read");
     }
+    return ParseMachoFile({std::istreambuf_iterator<char>(stream), {}});
+}
+
+MachoFile ParseMachoFile(std::vector<std::uint8_t> content) {
     MachoFile file;
-    file.bytes.assign(std::istreambuf_iterator<char>(stream), {});
+    file.bytes = std::move(content);
     const std::span<const std::uint8_t> bytes(file.bytes);
     if (ReadAt<std::uint32_t>(bytes, 0, "header") != kMagic64) {
         throw Refusal("not a 64-bit Mach-O file");
@@ -196,8 +205,13 @@ void CheckPageHashes(const MachoFile &file) {
         const auto codeLimit = ReadBigAt(signature, offset + 32ULL, "code directory");
         const auto hashSize = ReadAt<std::uint8_t>(signature, offset + 36ULL, "code directory");
         const auto pageBits = ReadAt<std::uint8_t>(signature, offset + 39ULL, "code directory");
+        constexpr std::uint8_t kMostPageBits = 32; // so that no product overflows
+        if (pageBits > kMostPageBits) {
+            throw Refusal("code directory that does not fit the file");
+        }
         const std::uint64_t pageSize = 1ULL << pageBits;
-        if (hashSize != 32 || codeLimit != file.codeSignature.offset || slots * pageSize < codeLimit) {
+        const std::uint64_t pages = (codeLimit + pageSize - 1) / pageSize;
+        if (hashSize != 32 || codeLimit != file.codeSignature.offset || slots != pages) {
             throw Refusal("code directory that does not fit the file");
         }
         for (std::uint64_t page = 0; page < slots; ++page) {

@@ -52,6 +52,9 @@ struct MachoFile {
 /// Throws Refusal otherwise.
 MachoFile ReadMachoFile(const std::string &path);
 
+/// The same for a file's bytes.
+MachoFile ParseMachoFile(std::vector<std::uint8_t> content);
+
 /// Compares every page of the file with the hash that its signature holds. Throws Refusal naming the first wrong page.
 void CheckPageHashes(const MachoFile &file);
 

@@ -75,6 +75,13 @@ int ListVariants() {
 
 } // namespace
 
+extern "C" {
+/// Asked by the sanitizers of such builds as they start; options of the environment count for more.
+const char *__asan_default_options() {
+    return kSanitizerOptions;
+}
+}
+
 int main(int count, char **words) {
     try {
         const Options options = ReadOptions(count, words);

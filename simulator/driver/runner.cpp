@@ -8,6 +8,7 @@
 #include "objc/guard.hpp"
 #include "runtime/autorelease.hpp"
 #include "runtime/clock.hpp"
+#include "runtime/library_deeds.hpp"
 #include "script/values.hpp"
 #include "uikit/application.hpp"
 
@@ -41,6 +42,7 @@ void Launch(Session &session, const script::Place &place) {
     session.launched = true;
     if (session.options.library != "none") {
         std::string error;
+        WatchLibrary(session.options.library);
         AsHost([&] { error = session.library.Inject(session.options.library); });
         if (!error.empty()) {
             throw ScriptError(place, error);

@@ -1,6 +1,7 @@
 #include "driver/view_properties.hpp"
 
 #include "apple/uikit/button.hpp"
+#include "objc/encoding_compare.hpp"
 #include "runtime/native_class.hpp"
 #include "script/values.hpp"
 #include "uikit/font.hpp"
@@ -46,9 +47,16 @@ Fact Joined(Fact fact, const Fact &more) {
     return fact;
 }
 
+/// Whether a view has the getter with that result. A view of the app's may have one of that name and another type.
+template <objc::FixedString Name, class R> bool Has(ui::View view) {
+    const objc::Method method = class_getInstanceMethod(objc::object_getClass(view.pointer), objc::Selector<Name>());
+    return method != nullptr &&
+           objc::SameEncoding(objc::kMethodEncoding<R>.data, method_getTypeEncoding(method), objc::Integers::kExact);
+}
+
 /// A getter that not every view has; empty for a view without it.
 template <objc::FixedString Name, class R> Fact Get(ui::View view) {
-    return view.respondsToSelector(objc::Selector<Name>()) ? Describe(objc::Send<Name, R>(view)) : Fact{};
+    return Has<Name, R>(view) ? Describe(objc::Send<Name, R>(view)) : Fact{};
 }
 
 /// The same for what a button has through the label of its title.
@@ -140,10 +148,11 @@ std::string TextShown(ui::View view) {
     if (IsKind(view, "UIButton")) {
         return script::TextOf(objc::As<ui::Button>(view).titleForState(UIControlStateNormal));
     }
-    if (view.respondsToSelector(objc::Selector<"text">())) {
-        return script::TextOf(objc::Send<"text", ns::String>(view));
+    if (!Has<"text", ns::String>(view)) {
+        return {};
     }
-    return {};
+    const auto text = objc::Send<"text", ns::Object>(view); // the app's own views may keep anything under that name
+    return text.Is<ns::String>() ? script::TextOf(objc::As<ns::String>(text)) : std::string();
 }
 
 Word DescribeClass(ui::View view) {

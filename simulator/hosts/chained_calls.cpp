@@ -1,15 +1,17 @@
 #include "hosts/chained_calls.hpp"
 
+#include "hosts/inventory.hpp"
 #include "runtime/lasting.hpp"
 
-#include <list>
+#include <memory>
+#include <vector>
 
 namespace sim::hosts {
 namespace {
 
 struct ChainedCall {
     std::string selector;
-    Invocation invocation;
+    std::function<void()> work;
     bool underWay = false;
 };
 
@@ -29,19 +31,32 @@ class UnderWay {
     ChainedCall &call_;
 };
 
-using ChainedCalls = std::list<ChainedCall>;
+using ChainedCalls = std::vector<std::shared_ptr<ChainedCall>>;
 
 } // namespace
 
+std::string ReadSelector(WordReader &words) {
+    const std::string selector = words.Name("a selector");
+    if (!TheInventory().selectors.contains(selector)) {
+        words.Fail("the app has no method " + selector);
+    }
+    return selector;
+}
+
+void ChainWork(const std::string &selector, std::function<void()> work) {
+    Lasting<ChainedCalls>().push_back(std::make_shared<ChainedCall>(ChainedCall{selector, std::move(work)}));
+}
+
 void ChainCall(const std::string &selector, Invocation invocation) {
-    Lasting<ChainedCalls>().push_back({selector, std::move(invocation)});
+    ChainWork(selector, [held = std::make_shared<Invocation>(std::move(invocation))] { held->Send(); });
 }
 
 void MakeChainedCalls(const std::string &selector) {
-    for (ChainedCall &call : Lasting<ChainedCalls>()) {
-        if (call.selector == selector && !call.underWay) {
-            const UnderWay now(call);
-            call.invocation.Send();
+    const ChainedCalls calls = Lasting<ChainedCalls>(); // what one of them does may begin others, or end all
+    for (const std::shared_ptr<ChainedCall> &call : calls) {
+        if (call->selector == selector && !call->underWay) {
+            const UnderWay now(*call);
+            call->work();
         }
     }
 }

@@ -4,8 +4,10 @@
 #include "hosts/host_class.hpp"
 #include "hosts/inventory.hpp"
 #include "hosts/invocation.hpp"
+#include "hosts/keyed.hpp"
 #include "hosts/registered.hpp"
 #include "hosts/worker.hpp"
+#include "hosts/wrapped_method.hpp"
 #include "script/values.hpp"
 
 #include <algorithm>
@@ -56,10 +58,7 @@ Fact CallMethod(WordReader &words) {
 
 /// let SELECTOR call OBJECT SELECTOR ARGUMENTS…
 Fact Let(WordReader &words) {
-    const std::string selector = words.Name("a selector");
-    if (!TheInventory().selectors.contains(selector)) {
-        words.Fail("the app has no method " + selector);
-    }
+    const std::string selector = ReadSelector(words);
     words.Expect("call");
     ChainCall(selector, ReadInvocation(words));
     return {};
@@ -76,10 +75,15 @@ Answer AskCalls(WordReader &words) {
     return answer;
 }
 
-constexpr const char *kQueries = "calls, alive, responds, call, taps, classes or replaced";
+constexpr const char *kQueries = "calls, alive, responds, call, methods, taps, classes or replaced";
 
+/// Not by asking the object, whose class may have an answer of its own.
 bool IsView(ns::Object object) {
-    return object.isKindOfClass(objc_getClass(ui::View::kClassName));
+    objc::Class cls = object ? objc::object_getClass(object.pointer) : nullptr;
+    while (cls != nullptr && cls != objc::ClassOf<ui::View>()) {
+        cls = class_getSuperclass(cls);
+    }
+    return cls != nullptr;
 }
 
 objc::Ref<ui::View> ReadView(WordReader &words) {
@@ -103,6 +107,10 @@ Host::Host(LiveRoomLook look, std::span<const Kind> kinds) : kinds_(kinds), room
     });
     On("call", &CallMethod);
     On("let", &Let);
+    On("wrap", [](WordReader &words) -> Fact {
+        WrapMethod(words);
+        return {};
+    });
     On("on", [](WordReader &words) {
         words.Expect("worker");
         return DoOnWorker(words);
@@ -128,6 +136,7 @@ Host::Host(LiveRoomLook look, std::span<const Kind> kinds) : kinds_(kinds), room
     On("overrelease", [](WordReader &words) -> Fact {
         // Not held here: the last release must be the one that takes the object apart.
         const ns::Object object = TheObjects().Read(words);
+        ForgetEverywhere(object);
         TheObjects().ReleaseToDeath(object);
         return {};
     });
@@ -140,6 +149,10 @@ Host::Host(LiveRoomLook look, std::span<const Kind> kinds) : kinds_(kinds), room
 void Host::Register() {
     BeforeRegistration();
     RegisterClasses();
+    for (const auto &[method, place] : ThePlan().wraps) {
+        WordReader words(place, method);
+        WrapMethod(words);
+    }
     CheckSetUp();
     AfterRegistration();
 }
@@ -150,7 +163,7 @@ void Host::Launch(ui::WindowScene scene) {
         [this](const Comment &comment, std::size_t) { room_.AddComment(script::PlainText(comment.text)); });
 }
 
-ns::Object Host::Make(const std::string &kind) {
+objc::Ref<ns::Object> Host::Make(const std::string &kind) {
     const objc::Ref<ns::Object> object = MakeObject(std::ranges::find(kinds_, kind, &Kind::name)->className);
     if (object) {
         TheObjects().Keep(kind, object);
@@ -191,6 +204,12 @@ void Host::Shape(WordReader &words) {
         Throw(words);
     } else if (words.Take("refuse")) {
         Refuse(words);
+    } else if (words.Take("wrap")) {
+        const Plan::Method method = ReadMethod(words);
+        plan.wraps.push_back({{Bare(method.first), Bare(method.second)}, words.place()});
+    } else if (words.Take("superclass")) {
+        const std::string name = words.Name("a class");
+        plan.superclasses[name] = {words.Name("its superclass"), words.place()};
     } else if (words.Take("types")) {
         const Plan::Method method = ReadMethod(words);
         plan.shapes[method] = {words.Name("a type encoding"), words.place()};
@@ -240,6 +259,16 @@ Answer Host::Query(WordReader &words) {
     }
     if (name == "call") {
         return {CallMethod(words)};
+    }
+    if (name == "methods") {
+        Answer answer;
+        for (const auto &[method, optional] : TheInventory().methods) {
+            answer.push_back({Bare(method.first), Bare(method.second)});
+            if (optional) {
+                answer.back().push_back(Bare("perhaps"));
+            }
+        }
+        return answer;
     }
     if (name == "taps") {
         return {{Bare(LiveRoom::Taps())}};

@@ -46,8 +46,9 @@ class Host {
     void On(const char *name, EventFunction event) {
         events_[name] = std::move(event);
     }
-    /// Makes and keeps an object of a kind; nil while its class is missing.
-    ns::Object Make(const std::string &kind);
+    /// Makes and keeps an object of a kind; nil while its class is missing. Held by the result as well: any method of
+    /// the app may have it let go of.
+    objc::Ref<ns::Object> Make(const std::string &kind);
     LiveRoom &room() {
         return room_;
     }

@@ -8,6 +8,11 @@
 #include "runtime/foreign_leaks.hpp"
 #include "script/values.hpp"
 
+extern "C" {
+/// The bytes of an object, instance variables of superclasses included.
+std::size_t class_getInstanceSize(objc::Class cls);
+}
+
 namespace sim::hosts {
 namespace {
 
@@ -44,11 +49,42 @@ bool Refuses(ns::Object self, const char *selector) {
     return true;
 }
 
+namespace {
+
+/// Whether the methods of a class find what they keep in their objects when those are of this class or below: it is the
+/// root or below it, unless objects of the root keep nothing.
+bool KeepsWhat(const char *root, objc::Class cls) {
+    const objc::Class rootClass = objc_getClass(root);
+    if (class_getInstanceSize(rootClass) == class_getInstanceSize(objc_getClass("NSObject"))) {
+        return true;
+    }
+    while (cls != nullptr && cls != rootClass) {
+        cls = class_getSuperclass(cls);
+    }
+    return cls != nullptr;
+}
+
+/// The superclass that the plan gives the class, else the usual one.
+const char *SuperclassOf(const char *name, const char *usual, const char *root) {
+    const auto planned = ThePlan().superclasses.find(name);
+    if (planned == ThePlan().superclasses.end()) {
+        return usual;
+    }
+    const auto &[superclass, place] = planned->second;
+    const objc::Class cls = objc_getClass(superclass.c_str());
+    if (cls == nullptr || !KeepsWhat(root, cls)) {
+        throw script::ScriptError(place, superclass + " cannot be the superclass of " + name);
+    }
+    return superclass.c_str();
+}
+
+} // namespace
+
 HostClass::HostClass(const char *root, const char *base, const char *name, const char *sibling)
     : name_(name), base_(base, root) {
     TheInventory().classes.insert(name);
     if (!ThePlan().lackedClasses.contains(name)) {
-        own_.emplace(MakePlannedClass(name, base));
+        own_.emplace(MakePlannedClass(name, SuperclassOf(name, base, root)));
     }
     Class(sibling, base);
 }

@@ -51,6 +51,11 @@ void CheckSetUp() {
             throw ScriptError(place, "the app has no class " + name);
         }
     }
+    for (const auto &[name, superclass] : plan.superclasses) {
+        if (!TheInventory().classes.contains(name)) {
+            throw ScriptError(superclass.second, "the app has no class " + name);
+        }
+    }
     CheckDeclared(plan.extraMethods, true, ": every build has that method");
     CheckDeclared(plan.lackedMethods, false, kLacking);
     for (const auto &[method, place] : plan.inheritedMethods) {

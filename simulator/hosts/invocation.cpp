@@ -87,7 +87,9 @@ Fact Invoke(Invocation &invocation) {
 }
 
 Fact InvokeIfAnswered(ns::Object receiver, const std::string &selector, std::vector<Word> arguments) {
-    if (!receiver.respondsToSelector(sel_registerName(selector.c_str()))) {
+    // Not by asking the object, whose class may have an answer of its own.
+    if (!receiver || class_getInstanceMethod(objc::object_getClass(receiver.pointer),
+                                             sel_registerName(selector.c_str())) == nullptr) {
         return {};
     }
     WordReader words({"host event", 0}, arguments);
@@ -96,6 +98,7 @@ Fact InvokeIfAnswered(ns::Object receiver, const std::string &selector, std::vec
 }
 
 Fact MoveView(ui::View view, ui::View parent) {
+    const objc::Ref<ui::View> keep = parent;
     return Watched(view, {"didMoveToSuperview", "didMoveToWindow"}, [&] {
         if (parent) {
             parent.addSubview(view);

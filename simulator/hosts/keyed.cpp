@@ -44,7 +44,19 @@ std::map<std::string, objc::Ref<ns::Object>> &ValuesOf(ns::Object object) {
     return StateOf<KeyedState>(object).values;
 }
 
+namespace {
+
+/// What an object without the property makes of a message for it.
+void CheckKeyed(ns::Object object, const std::string &key) {
+    if (!IsKeyed(objc::object_getClass(object.pointer))) {
+        objc::Send<"doesNotRecognizeSelector:", void>(object, sel_registerName(key.c_str()));
+    }
+}
+
+} // namespace
+
 void Keep(ns::Object object, const std::string &key, ns::Object value) {
+    CheckKeyed(object, key);
     const objc::Ref<ns::Object> before = std::exchange(ValuesOf(object)[key], value);
     RefreshPlannedVariable(object, key);
 }
@@ -54,7 +66,26 @@ void TakeAway(ns::Object object, const std::string &key) {
     RefreshPlannedVariable(object, key);
 }
 
+void ForgetEverywhere(ns::Object value) {
+    for (const objc::Ref<ns::Object> &object : TheObjects().Alive()) {
+        if (!IsKeyed(objc::object_getClass(object.get().pointer))) {
+            continue;
+        }
+        std::vector<std::string> keys;
+        for (auto &[key, kept] : ValuesOf(object)) {
+            if (kept.get() == value) {
+                kept.Abandon();
+                keys.push_back(key);
+            }
+        }
+        for (const std::string &key : keys) {
+            TakeAway(object, key);
+        }
+    }
+}
+
 ns::Object ValueUnder(ns::Object object, const std::string &key) {
+    CheckKeyed(object, key);
     const auto &values = ValuesOf(object);
     const auto found = values.find(key);
     return found != values.end() ? found->second.get() : ns::Object{};

@@ -21,7 +21,12 @@ std::map<std::string, objc::Ref<ns::Object>> &ValuesOf(ns::Object object);
 void Keep(ns::Object object, const std::string &key, ns::Object value);
 void TakeAway(ns::Object object, const std::string &key);
 
-/// The value under a key; nil when there is none.
+/// Takes a value out of all named objects that keep it, without releasing it: it is about to be released once too
+/// often.
+void ForgetEverywhere(ns::Object value);
+
+/// The value under a key; nil when there is none. Raises as for an unknown message, like Keep, when the object is of no
+/// keyed class: an app that is handed some other object sends it its own messages.
 ns::Object ValueUnder(ns::Object object, const std::string &key);
 
 /// A getter and a setter of one key.

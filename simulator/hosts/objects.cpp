@@ -75,6 +75,16 @@ Fact Objects::NameOf(ns::Object object) const {
     return {Bare(object ? "<" + script::ClassName(object) + ">" : "nil")};
 }
 
+std::vector<objc::Ref<ns::Object>> Objects::Alive() const {
+    std::vector<objc::Ref<ns::Object>> alive;
+    for (const Entry &entry : entries_) {
+        if (objc::Ref<ns::Object> object = entry.object.Lock()) {
+            alive.push_back(std::move(object));
+        }
+    }
+    return alive;
+}
+
 objc::Ref<ns::Object> Objects::Last(const std::string &kind) const {
     const auto newestFirst = entries_ | std::views::reverse;
     const auto found = std::ranges::find(newestFirst, kind, &Entry::kind);

@@ -30,6 +30,8 @@ class Objects {
     bool Knows(ns::Object object) const {
         return Find(object) != nullptr;
     }
+    /// All named objects that are alive.
+    std::vector<objc::Ref<ns::Object>> Alive() const;
     /// The last object of a kind; nil when there is none or it is gone.
     objc::Ref<ns::Object> Last(const std::string &kind) const;
 

@@ -44,6 +44,8 @@ struct Plan {
     std::map<Method, script::Place> inheritedMethods = {}; // stand in the base class instead
     std::map<Method, Shape> shapes = {};
     std::vector<Property> properties = {};
+    std::map<std::string, std::pair<std::string, script::Place>> superclasses = {}; // of classes that changed theirs
+    std::vector<std::pair<std::vector<script::Word>, script::Place>> wraps = {};    // class and selector of each
     // May begin and end at any time. Both hold for the class and its subclasses.
     std::map<Method, Throw> throwing = {};         // also key-value keys
     std::map<Method, script::Place> refusing = {}; // does nothing and answers nil, false or 0

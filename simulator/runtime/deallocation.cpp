@@ -3,6 +3,7 @@
 #include "apple/foundation/object.hpp"
 #include "runtime/associated_objects.hpp"
 #include "runtime/lasting.hpp"
+#include "runtime/live_objects.hpp"
 #include "runtime/native_class.hpp"
 #include "runtime/replace_method.hpp"
 #include "runtime/weak_references.hpp"
@@ -61,6 +62,7 @@ void Dealloc(objc::id self, objc::SEL selector) {
     if (class_isMetaClass(objc::object_getClass(self)) == 0) {
         ReleaseAssociatedObjects(self);
         ClearWeakReferences(self); // some classes count for themselves and send dealloc without NSObject's release
+        CountGone(objc::object_getClass(self));
     }
     Lasting<Going>().End(self);
     originalDealloc(self, selector);

@@ -8,6 +8,7 @@
 #include "runtime/exception_reasons.hpp"
 #include "runtime/foundation_differences.hpp"
 #include "runtime/json_serialization.hpp"
+#include "runtime/live_objects.hpp"
 #include "runtime/notification_queue.hpp"
 #include "runtime/string_differences.hpp"
 #include "runtime/user_defaults.hpp"
@@ -17,6 +18,7 @@ namespace sim {
 
 void InstallRuntime() {
     const AutoreleasePool pool;
+    InstallObjectCount();
     InstallDeallocationHooks();
     InstallStringDifferences();
     InstallFoundationDifferences();

@@ -5,8 +5,11 @@
 #include "apple/foundation/user_defaults.hpp"
 #include "objc/guard.hpp"
 #include "runtime/autorelease.hpp"
+#include "runtime/exception.hpp"
+#include "runtime/failures.hpp"
 #include "runtime/foreign_leaks.hpp"
 #include "runtime/lasting.hpp"
+#include "runtime/library_deeds.hpp"
 #include "runtime/replace_method.hpp"
 
 #include <cstdio>
@@ -129,7 +132,16 @@ void Post(ns::NotificationCenter self, objc::SEL selector, ns::String name, ns::
     }
 }
 
+/// Before each change: notes whose it is, and fails when it is to.
+[[clang::always_inline]] inline void BeginChange(ns::String key) {
+    NoteDeed("key", key.UTF8String(), __builtin_frame_address(0));
+    if (Fails(Failure::kDefaults)) {
+        RaiseException("NSInternalInconsistencyException", "the defaults cannot be written");
+    }
+}
+
 void SetObject(ns::UserDefaults self, objc::SEL selector, ns::Object value, ns::String key) {
+    BeginChange(key);
     {
         const Write write;
         originalSet(self, selector, value, key);
@@ -138,6 +150,7 @@ void SetObject(ns::UserDefaults self, objc::SEL selector, ns::Object value, ns::
 }
 
 void RemoveObject(ns::UserDefaults self, objc::SEL selector, ns::String key) {
+    BeginChange(key);
     {
         const Write write;
         originalRemove(self, selector, key);

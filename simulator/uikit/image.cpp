@@ -5,6 +5,8 @@
 #include "render/surface.hpp"
 #include "runtime/clock.hpp"
 #include "runtime/exception.hpp"
+#include "runtime/failures.hpp"
+#include "runtime/library_deeds.hpp"
 #include "runtime/native_class.hpp"
 #include "runtime/variants.hpp"
 #include "uikit/application.hpp"
@@ -83,11 +85,11 @@ bool DrawViewHierarchy(ui::View self, cg::Rect rect, bool) {
 
 /// Calls a completion of the form image:didFinishSavingWithError:contextInfo: in a later turn.
 void Complete(const objc::Ref<ns::Object> &target, objc::SEL completion, const objc::Ref<ui::Image> &image,
-              void *context) {
+              const objc::Ref<ns::Object> &error, void *context) {
     clock::Schedule(0, [=] {
         using Completion = void (*)(objc::id, objc::SEL, ui::Image, ns::Object, void *);
         const objc::id receiver = target.get().pointer;
-        reinterpret_cast<Completion>(objc_msg_lookup(receiver, completion))(receiver, completion, image, nullptr,
+        reinterpret_cast<Completion>(objc_msg_lookup(receiver, completion))(receiver, completion, image, error.get(),
                                                                             context);
     });
 }
@@ -103,11 +105,26 @@ void DefineImage() {
     view.Method<"drawViewHierarchyInRect:afterScreenUpdates:", &DrawViewHierarchy>();
 }
 
+std::size_t OpenImageContexts() {
+    return OpenContexts().size();
+}
+
 cairo_surface_t *PixelsOf(ui::Image image) {
     return image ? StateOf<ImageState>(image).pixels.get() : nullptr;
 }
 
 } // namespace sim
+
+namespace {
+
+/// What the platform says to an app that may not write to the album.
+struct AlbumError : objc::Object {
+    using Object::Object;
+    static constexpr const char *kClassName = "NSError";
+};
+constexpr long kAccessDenied = -3310;
+
+} // namespace
 
 extern "C" {
 
@@ -145,9 +162,17 @@ void UIImageWriteToSavedPhotosAlbum(ui::Image image, ns::Object target, objc::SE
     if (pixels == nullptr) {
         return;
     }
-    sim::SaveToAlbum(pixels, sim::StateOf<sim::ImageState>(image).scale);
+    sim::NoteDeed("album", "write", nullptr);
+    const objc::Ref<ns::Object> refusal =
+        sim::Fails(sim::Failure::kAlbum)
+            ? objc::Ref<ns::Object>(objc::SendClass<AlbumError, "errorWithDomain:code:userInfo:", ns::Object>(
+                  "ALAssetsLibraryErrorDomain"_ns, kAccessDenied, ns::Dictionary{}))
+            : objc::Ref<ns::Object>{};
+    if (!refusal) {
+        sim::SaveToAlbum(pixels, sim::StateOf<sim::ImageState>(image).scale);
+    }
     if (target && completion != nullptr) {
-        sim::Complete(target, completion, image, context);
+        sim::Complete(target, completion, image, refusal, context);
     }
 }
 }

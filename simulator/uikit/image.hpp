@@ -7,6 +7,9 @@ struct _cairo_surface;
 
 namespace sim {
 
+/// How many image contexts are open.
+std::size_t OpenImageContexts();
+
 /// The image's pixels (ARGB32 or RGB24), owned by the image; null for nil and for an image without any.
 _cairo_surface *PixelsOf(ui::Image image);
 

@@ -1,6 +1,8 @@
 #include "uikit/pasteboard.hpp"
 
+#include "runtime/failures.hpp"
 #include "runtime/lasting.hpp"
+#include "runtime/library_deeds.hpp"
 #include "runtime/native_class.hpp"
 #include "runtime/utf16.hpp"
 #include "uikit/classes.hpp"
@@ -52,10 +54,15 @@ void DefinePasteboard() {
     auto pasteboard = Class("UIPasteboard", "NSObject");
     pasteboard.ClassMethod<"generalPasteboard">([](Pasteboard) -> Pasteboard { return Shared().board; });
     pasteboard.Method<"string">([](Pasteboard) {
+        NoteDeed("pasteboard", "read", nullptr);
         const std::optional<std::u16string> &text = Shared().text;
-        return text ? StringOf(*text) : ns::String{};
+        return text && !Fails(Failure::kPasteboard) ? StringOf(*text) : ns::String{};
     });
     pasteboard.Method<"setString:">([](Pasteboard, ns::String text) {
+        NoteDeed("pasteboard", "write", nullptr);
+        if (Fails(Failure::kPasteboard)) {
+            return;
+        }
         Shared().text = text ? std::optional(UnitsOf(text)) : std::nullopt;
         ++Shared().changes;
         Write();

@@ -226,6 +226,12 @@ void Dismiss(ViewController self, bool animated, objc::Block<void()> completion)
 
 } // namespace
 
+ControllerState::~ControllerState() {
+    if (presented) {
+        StateOf<ControllerState>(presented).presenting = nullptr;
+    }
+}
+
 void DefinePresentation(Class<ControllerState> &controller) {
     Class(TransitionView::kClassName, "UIView");
     controller.Property<"modalPresentationStyle", &ControllerState::presentationStyle>();

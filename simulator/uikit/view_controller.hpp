@@ -10,6 +10,12 @@
 namespace sim {
 
 struct ControllerState {
+    ControllerState() = default;
+    ControllerState(const ControllerState &) = delete;
+    ControllerState &operator=(const ControllerState &) = delete;
+    /// Whom the controller presents may live on; nobody presents it then.
+    ~ControllerState();
+
     objc::Ref<ui::View> view;
     objc::Ref<ns::String> title;
     objc::Ref<ui::ViewController> presented;

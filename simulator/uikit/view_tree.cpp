@@ -47,7 +47,8 @@ void Reorder(ui::View parent, ui::View child, std::size_t index) {
 
 /// Takes the view from its parent, if any, and puts it into another, if any.
 void Reparent(ui::View child, ui::View parent, std::size_t index) {
-    const objc::Ref<ui::View> keep = child;
+    const objc::Ref<ui::View> keep = child; // whoever hears of the move may give up any of them
+    const objc::Ref<ui::View> keepParent = parent;
     const objc::Ref<ui::View> old = ViewStateOf(child).superview;
     const ui::Window oldWindow = WindowOf(old);
     const ui::Window newWindow = WindowOf(parent);

@@ -7,6 +7,7 @@
 #include "overlay/recognizers.hpp"
 #include "preferences/preferences.hpp"
 
+#include <algorithm>
 #include <limits>
 
 namespace corvel {
@@ -24,16 +25,30 @@ void AddMarker(ui::View cell) {
     cell.addSubview(marker);
 }
 
+/// How many UTF-16 units of a text are looked at for a title in a box. Units that take no room have no other end: marks
+/// on one letter, joiners. Laying out a hundred thousand of them, which nobody can tell apart, would hold the app up.
+unsigned long MostUnits(cg::Size box, double pointSize) {
+    constexpr unsigned long kAtLeast = 256;
+    // For each square of the font's size, where scripts write up to ten units and emoji of many parts a dozen.
+    constexpr double kUnitsPerSquare = 64;
+    const double squares = std::max(box.width, 0.0) * std::max(box.height, 0.0) / (pointSize * pointSize);
+    return kAtLeast + static_cast<unsigned long>(squares * kUnitsPerSquare);
+}
+
 /// Fits a text into a box of points: wrapped to its width, no higher than it.
-TitleFit Fit(ns::String text, cg::Size box, ns::Dictionary attributes) {
-    return FitTitle(text, [&](unsigned long length) {
-        const ns::String prefix = length < text.length() ? text.substringToIndex(length) : text;
+TitleFit Fit(ns::String text, cg::Size box, const CellStyle &style) {
+    const unsigned long most = MostUnits(box, style.titleFont().pointSize());
+    const bool isCut = text.length() > most;
+    const ns::String front = isCut ? text.substringToIndex(most) : text;
+    const TitleFit fit = FitTitle(front, [&](unsigned long length) {
+        const ns::String prefix = length < front.length() ? front.substringToIndex(length) : front;
         constexpr double kUnlimited = std::numeric_limits<double>::max();
-        const cg::Rect bounds =
-            ui::BoundingRect(prefix, {box.width, kUnlimited},
-                             NSStringDrawingUsesLineFragmentOrigin | NSStringDrawingUsesFontLeading, attributes);
+        const cg::Rect bounds = ui::BoundingRect(prefix, {box.width, kUnlimited},
+                                                 NSStringDrawingUsesLineFragmentOrigin | NSStringDrawingUsesFontLeading,
+                                                 style.attributes());
         return bounds.size.height <= box.height;
     });
+    return {fit.length, fit.shortened || isCut};
 }
 
 /// Whether the cell shows this text already, fitted to this size and font: measuring is what a layout costs.
@@ -81,7 +96,7 @@ void UpdateCell(ui::Button cell, int index, const GridGeometry &geometry, const 
     }
     objc::SetAssociated(cell, kFullText, text);
     // The title carries no mark of its own where it is cut: the dot alone tells it.
-    const TitleFit fit = Fit(text, geometry.TitleBox(), style.attributes());
+    const TitleFit fit = Fit(text, geometry.TitleBox(), style);
     cell.setTitle(fit.length < text->length() ? text->substringToIndex(fit.length) : text.get(), UIControlStateNormal);
     const ui::View marker = cell.viewWithTag(kMarkerTag);
     marker.setFrame(geometry.MarkerFrame());

@@ -3,7 +3,6 @@
 #include "apple/dispatch/queue.hpp"
 #include "apple/foundation/notifications.hpp"
 #include "apple/foundation/number.hpp"
-#include "apple/foundation/user_defaults.hpp"
 #include "matrix/cell.hpp"
 #include "matrix/keyboard_avoidance.hpp"
 #include "matrix/matrix_panel.hpp"
@@ -11,6 +10,7 @@
 #include "matrix/slots.hpp"
 #include "overlay/haptic.hpp"
 #include "overlay/presentation.hpp"
+#include "preferences/stores.hpp"
 
 namespace corvel {
 namespace {
@@ -46,14 +46,8 @@ void DismissSlotEditor(ns::Object sender) {
 }
 
 void StoreSlot(int index, ns::String text) {
-    const auto store = ns::UserDefaults::standardUserDefaults();
-    const objc::Ref<ns::String> key = SlotKey(index);
-    if (text.length() > 0) {
-        store.setObject(text, key);
-    } else {
-        store.removeObjectForKey(key);
-    }
-    store.synchronize();
+    StoreObject(SlotKey(index).get(), text.length() > 0 ? text : ns::String{});
+    SynchronizeDefaults();
 }
 
 } // namespace

@@ -14,7 +14,7 @@ constexpr double kDockInset = 30; // points from the side edge
 void StorePosition(cg::Point center) {
     kFloatButtonX.Store(center.x);
     kFloatButtonY.Store(center.y);
-    ns::UserDefaults::standardUserDefaults().synchronize();
+    SynchronizeDefaults();
 }
 
 /// Springs the pair to the side edge at x and stores the place it comes to.

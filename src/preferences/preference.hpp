@@ -4,6 +4,7 @@
 // Write stores and synchronises at once, as settings do. Store leaves the synchronising to the caller, who has more to
 // store, or to the store's own schedule.
 
+#include "preferences/stores.hpp"
 #include "preferences/typed_reads.hpp"
 
 #include <algorithm>
@@ -53,13 +54,13 @@ class BoolPreference : public Preference {
         return ReadBoolPreference(key());
     }
     void Write(bool value) const {
-        Defaults().setBool(value, key());
-        Defaults().synchronize();
+        StoreBool(key(), value);
+        SynchronizeDefaults();
     }
     /// Stores the initial value while there is none.
     void StoreInitial() const {
         if (!Defaults().objectForKey(key())) {
-            Defaults().setBool(initial_, key());
+            StoreBool(key(), initial_);
         }
     }
     constexpr bool initial() const {
@@ -84,8 +85,8 @@ class FloatPreference : public Preference {
         return ReadFloatPreference(key(), slider_.middle());
     }
     void Write(float value) const {
-        Defaults().setFloat(value, key());
-        Defaults().synchronize();
+        StoreFloat(key(), value);
+        SynchronizeDefaults();
     }
     constexpr double fallback() const {
         return fallback_;
@@ -114,7 +115,7 @@ class PlacePreference : public Preference {
         return kUsable.Clamped(ReadFloatPreference(key(), (screenLength * share_) + offset_));
     }
     void Store(double value) const {
-        Defaults().setFloat(static_cast<float>(value), key());
+        StoreFloat(key(), static_cast<float>(value));
     }
     constexpr double share() const {
         return share_;
@@ -137,8 +138,8 @@ class IntegerPreference : public Preference {
         return ReadIntegerPreference(key());
     }
     void Write(long value) const {
-        Defaults().setInteger(value, key());
-        Defaults().synchronize();
+        StoreInteger(key(), value);
+        SynchronizeDefaults();
     }
     /// The value moved into the range.
     constexpr long Clamped(long value) const {
@@ -166,14 +167,14 @@ class StringPreference : public Preference {
     }
     void Write(ns::String value) const {
         Store(value);
-        Defaults().synchronize();
+        SynchronizeDefaults();
     }
     void Store(ns::String value) const {
-        Defaults().setObject(value, key());
+        StoreObject(key(), value);
     }
     void Remove() const {
-        Defaults().removeObjectForKey(key());
-        Defaults().synchronize();
+        StoreObject(key(), nullptr);
+        SynchronizeDefaults();
     }
     ns::String fallback() const {
         return fallback_;

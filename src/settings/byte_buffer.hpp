@@ -14,11 +14,6 @@ class ByteBuffer {
     ByteBuffer() = default;
     ByteBuffer(ByteBuffer &&other) noexcept
         : bytes_(std::exchange(other.bytes_, nullptr)), length_(std::exchange(other.length_, 0)) {}
-    ByteBuffer &operator=(ByteBuffer &&other) noexcept {
-        std::swap(bytes_, other.bytes_);
-        std::swap(length_, other.length_);
-        return *this;
-    }
     ByteBuffer(const ByteBuffer &) = delete;
     ByteBuffer &operator=(const ByteBuffer &) = delete;
     ~ByteBuffer() {

@@ -18,9 +18,8 @@ void HandleReset(objc::Class, objc::SEL) {
 
 void ResetConfiguration() {
     RemovePanels(); // first: a field that is being edited stores its number as it goes
-    const auto store = ns::UserDefaults::standardUserDefaults();
-    VisitOwnKeys(store, [&](ns::String key) { store.removeObjectForKey(key); });
-    store.synchronize();
+    VisitOwnKeys(ns::UserDefaults::standardUserDefaults(), [](ns::String key) { StoreObject(key, nullptr); });
+    SynchronizeDefaults();
     RebuildCaptureButton(); // which leaves none: its switch is off by default
     LayoutMatrix();
     ShowToast(u"已清除"_ns);

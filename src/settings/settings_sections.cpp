@@ -110,7 +110,7 @@ void StoreMissingFoldStates() {
     kStyleSectionCollapsed.StoreInitial();
     kConfigSectionCollapsed.StoreInitial();
     kLatencySectionCollapsed.StoreInitial();
-    ns::UserDefaults::standardUserDefaults().synchronize();
+    SynchronizeDefaults();
 }
 
 void AddSettingsContent(ui::View panel, ui::ScrollView scrollView) {

@@ -2,7 +2,6 @@
 
 #include "apple/uikit/pasteboard.hpp"
 #include "matrix/matrix_panel.hpp"
-#include "objc/guard.hpp"
 #include "overlay/capture_button.hpp"
 #include "overlay/toast.hpp"
 #include "preferences/own_keys.hpp"
@@ -24,14 +23,13 @@ objc::Ref<ns::MutableDictionary> StoredConfiguration() {
 }
 
 void StoreConfiguration(ns::Dictionary configuration) {
-    const auto store = ns::UserDefaults::standardUserDefaults();
     for (const ns::String key : ns::ArrayOf<ns::String>(configuration.allKeys())) {
         const ns::Object value = configuration.objectForKey(key);
         if (IsOwnKey(key) && IsStorable(value)) {
-            objc::Guard([&] { store.setObject(value, key); });
+            StoreObject(key, value);
         }
     }
-    store.synchronize();
+    SynchronizeDefaults();
 }
 
 } // namespace

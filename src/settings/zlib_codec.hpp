@@ -8,8 +8,8 @@
 namespace corvel {
 
 /// The largest text of a configuration, in bytes. The bound is our own: 144 comments of 1,000 characters and a full log
-/// come to a quarter of it, and JSON of many small values takes nearly fifty times its size once it is read.
-inline constexpr std::size_t kLargestText = std::size_t{2} << 20;
+/// come to half of it, and JSON of many small values takes more than a hundred times its size once it is read.
+inline constexpr std::size_t kLargestText = std::size_t{1} << 20;
 
 /// The compressed form; nothing when zlib cannot start or finish, or memory runs out. The text must not be empty.
 std::optional<ByteBuffer> Deflate(std::span<const unsigned char> text);

@@ -33,7 +33,7 @@ class CommandsTest(unittest.TestCase):
         self.expect_refusal("./corvel", "demo", "--device", "xhs", says="demo takes no 'xhs'")
 
     def test_corvel_build_and_test(self):
-        presets = "release debug sanitize lint phone device"
+        presets = "release debug sanitize coverage lint phone device"
         self.expect_refusal("./corvel", "build", "frob", says=f"no preset named 'frob'; there are {presets}")
         self.expect_refusal("./corvel", "build", "release", "debug", says="build takes one preset")
         self.expect_refusal("./corvel", "test", "--preset", says="--preset needs a name")
@@ -41,8 +41,16 @@ class CommandsTest(unittest.TestCase):
         self.expect_refusal("./corvel", "test", "--frob", says="test takes no '--frob'")
         self.expect_refusal("./corvel", "test", "unit/color", "unit/label", says="test takes one filter")
         self.expect_refusal("./corvel", "gallery", "a", "b", says="gallery takes one folder")
-        for word in ("package", "pages"):
+        for word in ("package", "pages", "coverage"):
             self.expect_refusal("./corvel", word, "frob", says=f"{word} takes no 'frob'")
+
+    def test_corvel_fuzz_and_mutate(self):
+        fuzzers = "import loader log room_probe titles transfer values"
+        self.expect_refusal("./corvel", "fuzz", "frob", says=f"no fuzzer named 'frob'; there are {fuzzers}")
+        self.expect_refusal("./corvel", "fuzz", says=f"fuzz takes a name and perhaps seconds; there are {fuzzers}")
+        self.expect_refusal("./corvel", "fuzz", "log", "soon", says="'soon' are no seconds")
+        self.expect_refusal("./corvel", "mutate", "many", says="mutate takes numbers for count and seed")
+        self.expect_refusal("./corvel", "mutate", "1", "1", "docs", says="no file or folder below src: 'docs'")
 
     def test_play(self):
         for words in ([], [SMOKE], ["--", SMOKE]):
@@ -59,7 +67,7 @@ class CommandsTest(unittest.TestCase):
             self.expect_refusal(PLAY, "simulator", "--", scenario.name, says=reason)
 
     def test_setup(self):
-        presets = "name a preset: release debug sanitize lint phone device"
+        presets = "name a preset: release debug sanitize coverage lint phone device"
         for words, reason in (([], presets), (["frob"], "no preset named frob")):
             run = subprocess.run(["tools/setup", *words], cwd=ROOT, capture_output=True, text=True)
             self.assertEqual((run.returncode, run.stderr), (2, f"setup: {reason}\n"))

@@ -22,9 +22,11 @@ def main():
 class Played:
     """How a run ended: its status, what it printed, and the most memory it held, in bytes."""
 
-    def __init__(self, directory, host, lines):
+    def __init__(self, directory, host, lines, library=LIBRARY, state=None):
         (directory / "play.scn").write_text("\n".join(lines) + "\n", encoding="utf-8")
-        command = [SIMULATOR, "--library", LIBRARY, "--words", WORDS, "--host", host, "--pictures", ".", "run", "play.scn"]
+        command = [SIMULATOR, "--library", library, "--words", WORDS, "--host", host, "--pictures", ".", "run", "play.scn"]
+        if state is not None:
+            command[1:1] = ["--state", state]
         with open(directory / "printed.txt", "w+", encoding="utf-8") as printed:
             process = subprocess.Popen(command, cwd=directory, stdout=printed, stderr=subprocess.STDOUT)
             _, status, usage = os.wait4(process.pid, 0)

@@ -15,11 +15,12 @@ from pathlib import Path
 from player import SEED, Played, main
 
 MOST_SLOTS = 144
-LONGEST_TEXT = 2000  # UTF-16 units; a full grid of them is near the largest configuration
+LONGEST_TEXT = 1000  # UTF-16 units; a full grid of them is near the largest configuration
 LETTERS = "abc " "弹幕，主播好" "😀👨‍👩‍👧❤️" '\n\t"\\/\x00\x1f\x7f\u2028\ufeff' "éàüß日本語한국어"
 FLAGS = ("showCaptureButton", "autoCaptureAfterSend", "floatAutoSnap")
 FLOATS = ("matrixScale", "matrixAlpha", "fontSize", "floatButtonAlpha")
 MEBIBYTE = 1 << 20
+UNIT = MEBIBYTE // 2  # of a text that is packed small
 
 
 def units(text):
@@ -69,18 +70,18 @@ def noise(chance):
     }
 
 
-def bomb(mebibytes):
-    """A packed text of that length. One mebibyte is packed, so that it knows nothing of its neighbours, and repeated."""
+def bomb(units):
+    """A packed text of so many times 512 KiB. One is packed, so that it knows nothing of its neighbours, and repeated."""
     packer = zlib.compressobj(9, wbits=-zlib.MAX_WBITS)
 
     def packed(text):
         return packer.compress(text) + packer.flush(zlib.Z_FULL_FLUSH)
 
-    opening, unit, closing = b'{"Corvel.slots.0":"', b"x" * MEBIBYTE, b'"}'
-    stream = packed(opening) + packed(unit) * mebibytes + packer.compress(closing) + packer.flush()
+    opening, unit, closing = b'{"Corvel.slots.0":"', b"x" * UNIT, b'"}'
+    stream = packed(opening) + packed(unit) * units + packer.compress(closing) + packer.flush()
     # Adler-32 of the whole: two sums, which grow evenly while the byte stays the same.
     high, low = divmod(zlib.adler32(opening), 1 << 16)
-    count = mebibytes * MEBIBYTE
+    count = units * UNIT
     high = (high + count * low + unit[0] * count * (count + 1) // 2) % 65521
     low = (low + count * unit[0]) % 65521
     checksum = zlib.adler32(closing, high << 16 | low)
@@ -130,8 +131,8 @@ class Interchange(unittest.TestCase):
                 self.refuse(text)
 
     def test_a_bomb_is_refused_without_filling_memory(self):
-        self.assertEqual(list(unpack(bomb(1)).values()), ["x" * MEBIBYTE])
-        self.assertLess(self.refuse(bomb(4096)).most_memory, 256 * MEBIBYTE)
+        self.assertEqual(list(unpack(bomb(1)).values()), ["x" * UNIT])
+        self.assertLess(self.refuse(bomb(8192)).most_memory, 256 * MEBIBYTE)
 
 
 if __name__ == "__main__":

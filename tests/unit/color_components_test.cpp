@@ -1,6 +1,7 @@
 // A colour as the text that is stored.
 
 #include "drawing_support.hpp"
+#include "matrix/colors.hpp"
 #include "settings/color_components.hpp"
 
 #include <gtest/gtest.h>
@@ -22,6 +23,19 @@ TEST_F(ColorComponents, AreWrittenInUpperCaseAndRounded) {
     EXPECT_EQ(Hex(ui::Color::colorWithRed(1, 0.5, 0, 1)), "#FF8000");
     EXPECT_EQ(Hex(ui::Color::colorWithRed(0.04, 0.6666, 0.8, 0.2)), "#0AAACC");
     EXPECT_EQ(Hex(ui::Color::colorWithRed(1.4 / 255, 1.6 / 255, 254.4 / 255, 0)), "#0102FE");
+}
+
+TEST_F(ColorComponents, ComeBackFromTheText) {
+    const auto again = [](ns::String text) { return Hex(corvel::ColorFromHex(text, 0.5)); };
+    EXPECT_EQ(again("#FF8000"_ns), "#FF8000");
+    EXPECT_EQ(again("0aaacc"_ns), "#0AAACC");
+    EXPECT_EQ(again("red"_ns), "#000000");
+    for (const ns::String nothing : {ns::String{}, ""_ns}) {
+        const ui::Color black = corvel::ColorFromHex(nothing, 0.5);
+        EXPECT_EQ(Hex(black), "#000000");
+        const unsigned long last = CGColorGetNumberOfComponents(black.CGColor()) - 1;
+        EXPECT_EQ(CGColorGetComponents(black.CGColor())[last], 1) << "opaque, whatever alpha is asked for";
+    }
 }
 
 TEST_F(ColorComponents, OfAGreyAreAllTheSame) {

@@ -264,6 +264,18 @@ TEST(FitTitle, AShorterPrefixOfAnEmojiMayBeTheTallerOne) {
     EXPECT_TRUE(fit.shortened);
 }
 
+TEST(FitTitle, OneMoreLetterMayTakeLessRoomWhereLettersJoin) {
+    const std::u16string text(20, u'\u0633');
+    // Halving finds 10 to fit and 11 not to; from there on letter by letter.
+    for (const unsigned long beyond : {13UL, 14UL}) {
+        const TitleFit fit = FitCounted(text, [&](unsigned long n) { return n <= 10 || n == beyond; });
+        EXPECT_EQ(fit.length, beyond);
+        EXPECT_TRUE(fit.shortened);
+    }
+    const std::u16string latin(20, u'a');
+    EXPECT_EQ(FitCounted(latin, [](unsigned long n) { return n <= 10 || n == 13; }).length, 10U);
+}
+
 TEST(FitTitle, AnEmptyLastLineMayBeTallerThanWhatFollows) {
     const std::u16string text = u"ab\n\ncdefgh";
     const TitleFit fit = FitCounted(text, [](unsigned long n) { return n <= 3 || (n >= 5 && n <= 6); });

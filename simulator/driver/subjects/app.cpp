@@ -2,12 +2,32 @@
 
 #include "apple/foundation/user_defaults.hpp"
 #include "driver/subjects/subjects.hpp"
+#include "hosts/chained_calls.hpp"
 #include "hosts/plan.hpp"
 #include "hosts/record.hpp"
+#include "runtime/library_deeds.hpp"
 #include "script/values.hpp"
+
+#include <utility>
 
 namespace sim::driver {
 namespace {
+
+/// let SELECTOR do|once COMMAND…: the app's methods of the selector carry the command out, each time or the first time,
+/// before they do what they do themselves.
+void Let(Session &session, const std::string &selector, bool once, WordReader &words) {
+    const std::span<const Word> rest = words.Rest();
+    if (rest.empty()) {
+        words.Fail("expected a command");
+    }
+    const std::vector<Word> command(rest.begin(), rest.end());
+    hosts::ChainWork(selector, [&session, place = words.place(), command, once, done = false]() mutable {
+        if (!once || !std::exchange(done, true)) {
+            WordReader again(place, command);
+            Execute(session, again);
+        }
+    });
+}
 
 void DoHost(Session &session, WordReader &words) {
     if (!session.launched) {
@@ -15,6 +35,15 @@ void DoHost(Session &session, WordReader &words) {
         return;
     }
     WordReader whole = words;
+    if (words.Take("let")) {
+        const std::string selector = hosts::ReadSelector(words);
+        const bool once = words.Take("once");
+        if (once || words.Take("do")) {
+            Let(session, selector, once, words);
+            return;
+        }
+        words = whole;
+    }
     const Fact said = session.host->Event(words);
     if (!said.empty()) {
         Fact fact{Bare("host " + script::Render(whole.Rest()) + ":")};
@@ -108,6 +137,18 @@ void DoRelaunch(Session &session, WordReader &words) {
     words.Fail("cannot start again");
 }
 
+/// deeds [KIND]: what the library has done outside of itself.
+Answer AskDeeds(Session &, WordReader &words) {
+    const std::string kind = words.AtEnd() ? "" : words.Name("a kind of deeds");
+    Answer answer;
+    for (const Deed &deed : LibraryDeeds()) {
+        if (kind.empty() || kind == deed.kind) {
+            answer.push_back({Bare(deed.kind), script::Text(deed.what)});
+        }
+    }
+    return answer;
+}
+
 constexpr Command kCommands[] = {
     {"host", &DoHost, When::kBeforeLaunchToo},
     {"call", &DoCall},
@@ -117,6 +158,7 @@ constexpr Command kCommands[] = {
 constexpr Query kQueries[] = {
     {"host", [](Session &, WordReader &words) { return hosts::Host::Query(words); }},
     {"comments", &AskComments},
+    {"deeds", &AskDeeds},
     {"comment", &AskComment},
     {"call", [](Session &session, WordReader &words) -> Answer { return {{Bare(Call(session, words))}}; }},
 };

@@ -1,6 +1,7 @@
 // What scripts do with facts.
 
 #include "driver/subjects/subjects.hpp"
+#include "runtime/live_objects.hpp"
 
 #include <algorithm>
 #include <cstdio>
@@ -59,7 +60,18 @@ constexpr Command kCommands[] = {
      When::kBeforeLaunchToo},
 };
 
+/// objects CLASS
+Answer AskObjects(Session &, WordReader &words) {
+    const std::string name = words.Name("a class");
+    const objc::Class cls = objc_getClass(name.c_str());
+    if (cls == nullptr) {
+        words.Fail("there is no class " + name);
+    }
+    return {{Bare(LiveObjects(cls))}};
+}
+
 constexpr Query kQueries[] = {
+    {"objects", &AskObjects},
     {"count", [](Session &session, WordReader &words) -> Answer { return {{Bare(Ask(session, words).size())}}; }},
 };
 

@@ -6,9 +6,11 @@
 #include "driver/view_properties.hpp"
 #include "render/album.hpp"
 #include "runtime/clock.hpp"
+#include "runtime/failures.hpp"
 #include "script/values.hpp"
 #include "uikit/color.hpp"
 #include "uikit/haptics.hpp"
+#include "uikit/image.hpp"
 #include "uikit/screenshot.hpp"
 
 #include <filesystem>
@@ -29,6 +31,25 @@ void DoNotify(Session &, WordReader &words) {
     const ns::String name = script::MakeString(words.Next("the notification's name").text);
     words.End();
     ns::NotificationCenter::defaultCenter().postNotificationName(name, nullptr);
+}
+
+/// fail NAME|nothing
+void DoFail(Session &, WordReader &words) {
+    const bool nothing = words.Take("nothing");
+    bool known = nothing;
+    for (const FailureRow &row : Failures()) {
+        if (nothing || words.Take(row.name)) {
+            SetFailing(row.failure, !nothing);
+            known = true;
+        }
+    }
+    if (!known) {
+        std::string names = "nothing";
+        for (const FailureRow &row : Failures()) {
+            names += std::string(", ") + row.name;
+        }
+        words.Fail("expected what fails: " + names);
+    }
 }
 
 void DoAppearance(Session &, WordReader &words) {
@@ -97,12 +118,14 @@ Answer AskHaptics(Session &, WordReader &) {
 constexpr Command kCommands[] = {
     {"wait", &DoWait},
     {"notify", &DoNotify},
+    {"fail", &DoFail, When::kBeforeLaunchToo},
     {"appearance", &DoAppearance, When::kBeforeLaunchToo},
     {"picture", &DoPicture},
 };
 
 constexpr Query kQueries[] = {
     {"album", &AskAlbum},
+    {"contexts", [](Session &, WordReader &) -> Answer { return {{Bare(OpenImageContexts())}}; }},
     {"haptics", &AskHaptics},
     {"notifications",
      [](Session &, WordReader &words) -> Answer {

@@ -31,8 +31,8 @@ Fact DescribeContext(ns::Object context) {
 }
 
 void Receive(const char *path, ns::Object receiver, ns::Object text, ns::Object context) {
-    ReceiveComment(path, receiver, text, context ? ValueUnder(context, "roomId") : ns::Object{},
-                   DescribeContext(context));
+    const ns::Object room = context ? ValueUnder(context, "roomId") : ns::Object{};
+    ReceiveComment(path, receiver, text, room, DescribeContext(context));
 }
 
 // Starts above every class that may hold this method, its own or inherited.

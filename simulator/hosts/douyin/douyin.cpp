@@ -50,8 +50,8 @@ class Douyin final : public Host {
         const bool none = words.Take("none");
         const ns::Object id = none ? ns::Object{} : script::ReadValue(words);
         const std::string path = words.Take("at") ? words.Name("the path of the room id") : "roomModel.identifier";
-        const ns::Object store = Make("store");
-        const ns::Object fragment = Make("fragment");
+        const objc::Ref<ns::Object> store = Make("store");
+        const objc::Ref<ns::Object> fragment = Make("fragment");
         if (store && !none) {
             Put(store, path, words, id);
         }
@@ -89,7 +89,7 @@ class Douyin final : public Host {
     std::pair<ns::Object, std::string> Holder(ns::Object owner, std::string path, const WordReader &words) {
         for (std::size_t dot = path.find('.'); dot != std::string::npos; dot = path.find('.')) {
             const std::string key = path.substr(0, dot);
-            ns::Object next = ValueUnder(owner, key);
+            objc::Ref<ns::Object> next = ValueUnder(owner, key);
             if (!next) {
                 next = Make(KindUnder(key));
                 if (!next) {

@@ -84,7 +84,7 @@ class Kuaishou final : public Host {
     Fact StartServices() {
         Fact said;
         Append(said, InvokeIfAnswered(Make("gift-service"), "onCreate"));
-        const ns::Object bar = Make("bar");
+        const objc::Ref<ns::Object> bar = Make("bar");
         Append(said, InvokeIfAnswered(bar, "onCreate"));
         Append(said, InvokeIfAnswered(Make("service"), "onCreate"));
         Append(said, InvokeIfAnswered(bar, "bindTarget:", TheObjects().NameOf(Make("target"))));
@@ -94,7 +94,7 @@ class Kuaishou final : public Host {
     /// A room in preview has no services yet.
     Fact StartPreview() {
         Fact said;
-        const ns::Object preview = Make("preview");
+        const objc::Ref<ns::Object> preview = Make("preview");
         Append(said, InvokeIfAnswered(preview, "componentDidLoad"));
         Append(said, InvokeIfAnswered(preview, "componentDidAppear:", {Bare(true)}));
         return said;

@@ -50,6 +50,9 @@ class WeChat final : public Host {
                 page_.Close();
             } else {
                 words.Expect("open");
+                if (!room().window()) {
+                    words.Fail("the app has no screen to open the page on");
+                }
                 page_.Open(room().window().rootViewController().view());
             }
             return {};
@@ -65,7 +68,7 @@ class WeChat final : public Host {
     Fact Enter(const std::string &task) {
         page_.Close();
         room().Enter(task);
-        const auto view = objc::As<ui::View>(Make("view"));
+        const objc::Ref<ui::View> view = objc::As<ui::View>(Make("view").get());
         if (!view) {
             return {};
         }

@@ -136,15 +136,15 @@ class Xiaohongshu final : public Host {
     Fact Enter(const std::string &group) {
         room().Enter(group);
         Fact said;
-        const auto decorate = objc::As<ui::View>(Make("decorate"));
+        const objc::Ref<ui::View> decorate = objc::As<ui::View>(Make("decorate").get());
         if (decorate) {
-            decorate.setFrame({{0, 0}, ScreenSize()});
+            decorate->setFrame({{0, 0}, ScreenSize()});
             ViewStateOf(decorate).autoresizingMask = UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight;
             Append(said, MoveView(decorate, room().screen()));
         }
-        if (const auto bar = objc::As<ui::View>(Make("bar"))) {
+        if (const objc::Ref<ui::View> bar = objc::As<ui::View>(Make("bar").get())) {
             room().PlaceAtInput(bar);
-            InvokeIfAnswered(bar, "setDelegate:", TheObjects().NameOf(decorate));
+            InvokeIfAnswered(bar, "setDelegate:", TheObjects().NameOf(decorate.get()));
             Append(said, MoveView(bar, room().screen()));
         }
         Append(said, InvokeIfAnswered(Make("engine"), "joinWithGroupId:role:callback:",
