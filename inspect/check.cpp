@@ -25,6 +25,11 @@ bool CanBeCalledAs(const char *wanted, const std::string &found) {
     return objc::SameEncoding(wanted, ("v" + std::string(result.at)).c_str(), objc::Integers::kLoose);
 }
 
+/// Whether a way to send gets what it needs.
+bool Good(const Finding &finding) {
+    return finding.dispensable || finding.verdict == Verdict::kPresent || finding.verdict == Verdict::kInherited;
+}
+
 class HostCheck {
   public:
     HostCheck(const WantedHost &host, const Classes &classes, const std::set<std::string> &late)
@@ -38,8 +43,8 @@ class HostCheck {
         for (const SendPath &path : host_.paths) {
             result.paths.push_back(Path(path, result.hooks));
         }
-        const auto announced = std::ranges::any_of(result.paths, &PathFinding::announced);
-        result.works = announced && std::ranges::any_of(result.paths, &PathFinding::works);
+        ShutOff(result.paths);
+        result.works = std::ranges::any_of(result.paths, &PathFinding::works);
         return result;
     }
 
@@ -88,7 +93,7 @@ class HostCheck {
         return finding;
     }
 
-    Finding Step(const SendPath &path, const SendStep &step) const {
+    Finding Step(const SendStep &step) const {
         switch (step.kind) {
         case SendStep::Kind::kMethod:
         case SendStep::Kind::kOptional: {
@@ -103,8 +108,6 @@ class HostCheck {
         case SendStep::Kind::kClass: {
             Finding finding = Start(step.className, {});
             finding.verdict = finding.note.empty() ? Verdict::kPresent : Verdict::kMissing;
-            finding.dispensable =
-                finding.verdict == Verdict::kMissing && step.name != nullptr && Names(path.className, step.name);
             return finding;
         }
         case SendStep::Kind::kKey: {
@@ -130,8 +133,7 @@ class HostCheck {
     /// Whether the hook would bring us an object to send through.
     bool Holds(const Holder &holder, const SendPath &path, const std::vector<Finding> &hooks) const {
         const bool installed = std::ranges::any_of(hooks, [&](const Finding &hook) {
-            return hook.className == holder.className && hook.name == holder.selector &&
-                   (hook.verdict == Verdict::kPresent || hook.verdict == Verdict::kInherited);
+            return hook.className == holder.className && hook.name == holder.selector && Good(hook);
         });
         if (!installed || !classes_.Has(path.className)) {
             return false;
@@ -154,12 +156,22 @@ class HostCheck {
         return false;
     }
 
+    /// What stands behind a way that loses comments is never tried.
+    static void ShutOff(std::vector<PathFinding> &paths) {
+        const auto losing = std::ranges::find_if(paths, &PathFinding::loses);
+        for (auto path = losing; path != paths.end(); ++path) {
+            if (path != losing && path->works) {
+                path->works = false;
+                path->reason = "not tried, because " + losing->name + " takes the comment and loses it";
+            }
+        }
+    }
+
     PathFinding Path(const SendPath &path, const std::vector<Finding> &hooks) const {
         PathFinding result{.name = path.name, .steps = {}, .reason = {}};
         for (const Holder &holder : path.holders) {
             if (holder.className != nullptr && Holds(holder, path, hooks)) {
                 result.held = true;
-                result.announced |= holder.announces;
             }
         }
         result.reason = result.held ? "" : std::string("no hook would bring a ") + path.className;
@@ -167,16 +179,18 @@ class HostCheck {
             if (step.className == nullptr) {
                 continue;
             }
-            const Finding finding = Step(path, step);
-            const bool good =
-                finding.dispensable || finding.verdict == Verdict::kPresent || finding.verdict == Verdict::kInherited;
-            if (!good && result.reason.empty()) {
+            const Finding finding = Step(step);
+            if (!Good(finding) && result.reason.empty()) {
                 result.reason = finding.className + (finding.name.empty() ? "" : " " + finding.name) +
                                 (finding.verdict == Verdict::kUnfit ? " has other types" : " is missing");
             }
             result.steps.push_back(finding);
         }
         result.works = result.reason.empty();
+        // Without the class that carries the comment the way is gone all the same.
+        result.loses = result.held && !result.works && std::ranges::all_of(result.steps, [](const Finding &step) {
+                           return step.name.empty() || Good(step);
+                       });
         return result;
     }
 

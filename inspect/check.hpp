@@ -33,8 +33,8 @@ struct PathFinding {
     bool works = false;
     /// Whether an object to send through would be held.
     bool held = false;
-    /// Whether the button would appear when it is.
-    bool announced = false;
+    /// Whether it would take the comment and lose it, so that the ways behind it are not tried.
+    bool loses = false;
     std::vector<Finding> steps;
     /// Why it would not work; empty when it would.
     std::string reason;
@@ -44,7 +44,7 @@ struct HostFinding {
     std::string name;
     std::vector<Finding> hooks;
     std::vector<PathFinding> paths;
-    /// Whether a way to send would work and the button appear.
+    /// Whether a way to send would work.
     bool works = false;
 };
 

@@ -94,10 +94,7 @@ std::string Working(const HostFinding &host) {
             names += (names.empty() ? "" : ", ") + path.name;
         }
     }
-    if (names.empty()) {
-        return "no way to send would work";
-    }
-    return host.works ? "would send by " + names : "could send by " + names + ", but the button would not appear";
+    return names.empty() ? "no way to send would work" : "would send by " + names;
 }
 
 } // namespace
@@ -152,7 +149,7 @@ nlohmann::json AsJson(const Report &report) {
             nlohmann::json entry{{"name", path.name},
                                  {"works", path.works},
                                  {"held", path.held},
-                                 {"announced", path.announced},
+                                 {"loses", path.loses},
                                  {"steps", AsJson(path.steps)}};
             if (!path.reason.empty()) {
                 entry["reason"] = path.reason;

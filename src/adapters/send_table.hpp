@@ -29,7 +29,7 @@ struct SendStep {
     enum class Kind : unsigned char {
         kMethod,   // it is called, with these types
         kOptional, // it is called when it is there, then with these types
-        kClass,    // an object of the class is made, unless the object that is sent through names one by this method
+        kClass,    // an object of the class is made
         kKey,      // a value is set by key-value coding
     };
     Kind kind;
@@ -55,11 +55,6 @@ template <class View> constexpr SendStep Makes() {
     return {SendStep::Kind::kClass, View::kClassName};
 }
 
-/// The same, unless the object that is sent through names one by that method.
-template <class View, objc::FixedString Name> constexpr SendStep MakesUnlessNamed() {
-    return {SendStep::Kind::kClass, View::kClassName, kStaticText<Name>};
-}
-
 /// The step that sets the value under the key.
 template <class View, objc::FixedString Key> constexpr SendStep Sets() {
     return {SendStep::Kind::kKey, View::kClassName, kStaticText<Key>};
@@ -71,18 +66,11 @@ struct Holder {
     const char *selector = nullptr;
     /// Where the hooked object is not itself the one: by which of its methods it names it; the second may be nil.
     const char *getters[2] = {};
-    /// Whether the hook also announces that comments can be sent, so that the button appears.
-    bool announces = false;
 };
 
 /// The hook of that method, whose object is held.
 template <class View, objc::FixedString Name> constexpr Holder HeldBy() {
     return {View::kClassName, kStaticText<Name>};
-}
-
-/// The same for a hook that announces too.
-template <class View, objc::FixedString Name> constexpr Holder AnnouncedBy() {
-    return {View::kClassName, kStaticText<Name>, {}, true};
 }
 
 /// A way to send.

@@ -21,7 +21,7 @@ LAYOUTS = {
 
 
 def play(host, lines):
-    """What the simulator prints for a script, by the query."""
+    """What the simulator prints for a script, by the query; a query without a fact has the one that is `absent`."""
     words = Path(__file__).resolve().parents[1] / "scenarios" / "corvel.words"
     done = subprocess.run([*SIMULATOR, "--words", words, "--host", host, "run", "-"], input="\n".join(lines) + "\n",
                           capture_output=True, text=True, check=False)

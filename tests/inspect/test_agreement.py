@@ -1,5 +1,6 @@
 """The check of an executable says what the library does when the simulator registers the same classes."""
 
+import re
 import unittest
 
 from inspection import HOSTS, LAYOUTS, Inspection, classes_of, play
@@ -25,28 +26,27 @@ def has(classes, name, selector):
 
 class Agreement(Inspection):
     def agree(self, host, plan=()):
-        """Holds the check against the library for the app with this plan; what the check said."""
+        """Holds the check against the library for the app with this plan, in which comments can be sent unless its methods
+        have types that the app's own events do not fit; what the check said."""
         plan = list(plan)
         classes = classes_of(host, plan)
         found = self.host(self.made(classes), host)
 
         script = [f"setup host {line}" for line in plan] + ["print host replaced"]
-        unfit = [step for path in found["paths"] for step in path["steps"] if step["verdict"] == "types"]
-        if not unfit:  # the simulator ends a run whose call does not fit; a phone would go on to who knows where
+        sends = not any(line.startswith("types ") for line in plan)
+        if sends:
             script += EVENTS.get(host, [WHOLE.get(host, 'host enter "a"')])
             script += [f"host call {name} {selector} {words}" for name, cls, selector, words in USES.get(host, [])
                        if cls in classes.supers and has(classes, cls, selector)]
-            script += ["wait 4", 'print view "弹"', f'call {SENDERS[host]}_SendMessage "{PROBE}"', "print comments"]
+            script += [f'call {SENDERS[host]}_SendMessage "{PROBE}"', "print comments"]
         said = play(host, script)
 
         hooked = sorted(f'{hook["class"]} {hook["method"]}' for hook in found["hooks"]
                         if hook["verdict"] in ("present", "inherited"))
-        self.assertEqual(hooked, sorted(said.get("host replaced", [])), plan)
-        if not unfit:
-            arrived = [fact.split()[1] for fact in said.get("comments", []) if f'"{PROBE}"' in fact]
+        self.assertEqual(hooked, sorted(fact for fact in said["host replaced"] if fact != "absent"), plan)
+        if sends:
+            arrived = [re.search(r' path (\w+)', fact)[1] for fact in said.get("comments", []) if f'"{PROBE}"' in fact]
             self.assertEqual([path["name"] for path in found["paths"] if path["works"]][:1], arrived[:1], plan)
-            shown = 'view "弹"' in said
-            self.assertEqual(any(path["announced"] for path in found["paths"]), shown, plan)
         return found
 
     def every_change(self, host):

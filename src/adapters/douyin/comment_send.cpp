@@ -11,22 +11,22 @@ namespace corvel::douyin {
 namespace {
 
 /// The hook of a method of the fragment, which knows its store too.
-template <objc::FixedString Name> constexpr Holder StoreBehind(bool announces = false) {
-    return {CommentFragment::kClassName, kStaticText<Name>, {"store", "commentStore"}, announces};
+template <objc::FixedString Name> constexpr Holder StoreBehind() {
+    return {CommentFragment::kClassName, kStaticText<Name>, {"store", "commentStore"}};
 }
 
 constexpr SendPath kPaths[] = {
     {.name = "store",
      .className = CommentStore::kClassName,
-     .holders = {StoreBehind<"componentMount">(true),
+     .holders = {StoreBehind<"componentMount">(),
                  StoreBehind<"sendComment:enterSource:requestSource:trackParams:completion:">(),
                  StoreBehind<"sendComment:commentContext:completion:">(),
                  StoreBehind<"commentSucceedForComment:withFakeMessage:commentEnterSource:">(),
-                 StoreBehind<"commentBegan">(), AnnouncedBy<CommentStore, "setup">()},
-     .steps = {MakesUnlessNamed<CommentContext, "context">(), Calls(kSendByStore)}},
+                 StoreBehind<"commentBegan">(), HeldBy<CommentStore, "setup">()},
+     .steps = {Makes<CommentContext>(), Calls(kSendByStore)}},
     {.name = "fragment",
      .className = CommentFragment::kClassName,
-     .holders = {AnnouncedBy<CommentFragment, "componentMount">(),
+     .holders = {HeldBy<CommentFragment, "componentMount">(),
                  HeldBy<CommentFragment, "sendComment:enterSource:requestSource:trackParams:completion:">(),
                  HeldBy<CommentFragment, "sendComment:commentContext:completion:">(),
                  HeldBy<CommentFragment, "commentSucceedForComment:withFakeMessage:commentEnterSource:">(),

@@ -10,7 +10,7 @@ namespace {
 constexpr SendPath kPaths[] = {
     {.name = "bar",
      .className = CommentBarService::kClassName,
-     .holders = {AnnouncedBy<BaseService, "onCreate">(), AnnouncedBy<CommentBarService, "bindTarget:">()},
+     .holders = {HeldBy<BaseService, "onCreate">(), HeldBy<CommentBarService, "bindTarget:">()},
      .steps = {Calls(kCommentByBar)}},
     {.name = "service",
      .className = CommentService::kClassName,
@@ -18,8 +18,7 @@ constexpr SendPath kPaths[] = {
      .steps = {Calls(kCommentByService)}},
     {.name = "preview",
      .className = PreviewComponent::kClassName,
-     .holders = {AnnouncedBy<PreviewComponent, "componentDidLoad">(),
-                 HeldBy<PreviewComponent, "componentDidAppear:">()},
+     .holders = {HeldBy<PreviewComponent, "componentDidLoad">(), HeldBy<PreviewComponent, "componentDidAppear:">()},
      .steps = {Calls(kSendByPreview)}},
 };
 

@@ -10,7 +10,7 @@ namespace {
 constexpr SendPath kPaths[] = {
     {.name = "view",
      .className = CommentView::kClassName,
-     .holders = {AnnouncedBy<CommentView, "didMoveToWindow">()},
+     .holders = {HeldBy<CommentView, "didMoveToWindow">()},
      .steps = {Calls(kCommitText)}},
 };
 

@@ -12,11 +12,10 @@ namespace {
 constexpr SendPath kPaths[] = {
     {.name = "decorate",
      .className = DecorateView::kClassName,
-     .holders = {AnnouncedBy<DecorateView, "didMoveToSuperview">(),
+     .holders = {HeldBy<DecorateView, "didMoveToSuperview">(),
                  {.className = CommentBar::kClassName,
                   .selector = "attachToViewController:hideWhenNotFirstResponder:",
-                  .getters = {"delegate"},
-                  .announces = true}},
+                  .getters = {"delegate"}}},
      .steps = {Calls(kSendChat)}},
     {.name = "bar",
      .className = CommentBar::kClassName,
