@@ -10,7 +10,7 @@ from pathlib import Path
 from phone_build import Classes, build
 
 INSPECTOR = sys.argv.pop(1)
-SIMULATOR = sys.argv.pop(1).split(";")
+SIMULATOR = sys.argv.pop(1).split(",")
 HOSTS = {"douyin": "douyin", "xhs": "xhs", "kuaishou": "kuaishou", "wechat": "finder"}  # and what the library calls it
 LAYOUTS = {
     "chained": ["-fixup_chains"],
