@@ -23,7 +23,9 @@ std::string_view View(llvm::StringRef text) {
 Image::Image(std::string name, llvm::StringRef bytes)
     : name_(std::move(name)), bytes_(bytes), file_(OpenSlice(name_, bytes)) {
     ReadCommands();
-    ReadFixups();
+    if (!chained_) {
+        ReadBindings();
+    }
 }
 
 bool Image::isExecutable() const {
@@ -41,6 +43,8 @@ void Image::ReadCommands() {
             const MachO::segment_command_64 segment = file_->getSegment64LoadCommand(command);
             const llvm::StringRef bytes = file_->getData().substr(segment.fileoff, segment.filesize);
             segments_.push_back({segment.vmaddr, bytes.substr(0, segment.vmsize)});
+            // The image begins where the file does.
+            base_ = segment.fileoff == 0 && segment.filesize != 0 ? segment.vmaddr : base_;
             break;
         }
         case MachO::LC_LOAD_DYLIB:
@@ -52,69 +56,50 @@ void Image::ReadCommands() {
             libraries_.emplace_back(command.Ptr + library.dylib.name);
             break;
         }
-        case MachO::LC_DYLD_CHAINED_FIXUPS:
-            chained_ = true;
+        case MachO::LC_DYLD_CHAINED_FIXUPS: {
+            const MachO::linkedit_data_command data = file_->getLinkeditDataLoadCommand(command);
+            chained_.emplace(name_, file_->getData().substr(data.dataoff, data.datasize));
             break;
+        }
         default:
             break;
         }
     }
 }
 
-void Image::ReadFixups() {
+void Image::ReadBindings() {
     // No file has more pointers than bytes; opcodes that mean harm can ask for any number.
     std::size_t left = bytes_.size();
-    const auto keep = [&](std::uint64_t address, Pointer pointer) {
-        if (left-- == 0) {
-            Complain("more pointers to set at load than the file has bytes");
-        }
-        fixups_[address] = pointer;
-    };
-    const auto read = [&](const auto &table) {
+    using Table = llvm::iterator_range<llvm::object::bind_iterator> (MachOObjectFile::*)(llvm::Error &);
+    for (const Table table :
+         {static_cast<Table>(&MachOObjectFile::bindTable), static_cast<Table>(&MachOObjectFile::weakBindTable)}) {
         llvm::Error error = llvm::Error::success();
-        std::string complaint;
-        try {
-            table(error);
-        } catch (const BadInput &bad) {
-            complaint = bad.what();
+        for (const auto &entry : (file_.get()->*table)(error)) {
+            if (left-- == 0) {
+                llvm::consumeError(std::move(error));
+                Complain("more pointers to set at load than the file has bytes");
+            }
+            bound_[entry.address()] = {.address = 0, .symbol = View(entry.symbolName())};
         }
         if (error) {
             Complain(llvm::toString(std::move(error)));
         }
-        if (!complaint.empty()) {
-            throw BadInput(complaint);
-        }
-    };
-    if (chained_) {
-        read([&](llvm::Error &error) {
-            for (const auto &entry : file_->fixupTable(error)) {
-                keep(entry.address(), entry.isBind()
-                                          ? Pointer{.address = 0, .symbol = View(entry.symbolName())}
-                                          : Pointer{.address = entry.pointerValue() & kAddressBits, .symbol = {}});
-            }
-        });
-        return;
     }
-    const auto bound = [&](auto table) {
-        read([&](llvm::Error &error) {
-            for (const auto &entry : (file_.get()->*table)(error)) {
-                keep(entry.address(), {.address = 0, .symbol = View(entry.symbolName())});
-            }
-        });
-    };
-    using Table = llvm::iterator_range<llvm::object::bind_iterator> (MachOObjectFile::*)(llvm::Error &);
-    bound(static_cast<Table>(&MachOObjectFile::bindTable));
-    bound(static_cast<Table>(&MachOObjectFile::weakBindTable));
 }
 
-llvm::StringRef Image::BytesAt(std::uint64_t address, std::uint64_t size) const {
+const Image::Segment &Image::SegmentAt(std::uint64_t address, std::uint64_t size) const {
     for (const Segment &segment : segments_) {
         const std::uint64_t offset = address - segment.address;
         if (address >= segment.address && offset < segment.bytes.size() && size <= segment.bytes.size() - offset) {
-            return segment.bytes.substr(offset, size);
+            return segment;
         }
     }
     Complain("a pointer leads outside of the file, to 0x" + llvm::utohexstr(address));
+}
+
+llvm::StringRef Image::BytesAt(std::uint64_t address, std::uint64_t size) const {
+    const Segment &segment = SegmentAt(address, size);
+    return segment.bytes.substr(address - segment.address, size);
 }
 
 std::uint64_t Image::RoomAt(std::uint64_t address) const {
@@ -142,12 +127,17 @@ std::uint32_t Image::WordAt(std::uint64_t address) const {
 }
 
 Pointer Image::PointerAt(std::uint64_t address) const {
-    if (const auto found = fixups_.find(address); found != fixups_.end()) {
-        return found->second;
+    const Segment &segment = SegmentAt(address, 8);
+    const std::uint64_t raw = llvm::support::endian::read64le(segment.bytes.data() + (address - segment.address));
+    if (!chained_) {
+        const auto found = bound_.find(address);
+        return found != bound_.end() ? found->second : Pointer{.address = raw & kAddressBits, .symbol = {}};
     }
-    // Where opcodes set the pointers, what the file holds is the address already.
-    const std::uint64_t raw = llvm::support::endian::read64le(BytesAt(address, 8).data());
-    return {.address = chained_ ? 0 : raw & kAddressBits, .symbol = {}};
+    const auto target = chained_->Decode(raw, static_cast<std::size_t>(&segment - segments_.data()));
+    if (!target) {
+        return {};
+    }
+    return {.address = target->address + (target->fromBase ? base_ : 0), .symbol = target->symbol};
 }
 
 std::string_view Image::TextAt(std::uint64_t address) const {

@@ -1,6 +1,7 @@
 #pragma once
 // An executable or a library as it would lie in memory.
 
+#include "inspect/chained_fixups.hpp"
 #include "inspect/slice.hpp"
 
 #include <cstdint>
@@ -61,15 +62,19 @@ class Image {
 
     llvm::StringRef BytesAt(std::uint64_t address, std::uint64_t size) const;
     void ReadCommands();
-    void ReadFixups();
+    void ReadBindings();
+    const Segment &SegmentAt(std::uint64_t address, std::uint64_t size) const;
 
     std::string name_;
     llvm::StringRef bytes_;
     std::unique_ptr<llvm::object::MachOObjectFile> file_;
-    std::vector<Segment> segments_;
+    std::vector<Segment> segments_; // all of them, in their order
+    std::uint64_t base_ = 0;
     std::vector<std::string> libraries_;
-    bool chained_ = false;
-    std::unordered_map<std::uint64_t, Pointer> fixups_;
+    /// Of images whose pointers say themselves what they become.
+    std::optional<ChainedFixups> chained_;
+    /// Of others: the pointers into other images. What else they hold are addresses already.
+    std::unordered_map<std::uint64_t, Pointer> bound_;
 };
 
 } // namespace inspect
