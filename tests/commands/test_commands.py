@@ -44,8 +44,11 @@ class CommandsTest(unittest.TestCase):
         for word in ("package", "pages", "coverage"):
             self.expect_refusal("./corvel", word, "frob", says=f"{word} takes no 'frob'")
 
+    def test_corvel_inspect(self):
+        self.expect_refusal("./corvel", "inspect", says="inspect takes the path of an app")
+
     def test_corvel_fuzz_and_mutate(self):
-        fuzzers = "import loader log room_probe titles transfer values"
+        fuzzers = "import inspect loader log room_probe titles transfer values"
         self.expect_refusal("./corvel", "fuzz", "frob", says=f"no fuzzer named 'frob'; there are {fuzzers}")
         self.expect_refusal("./corvel", "fuzz", says=f"fuzz takes a name and perhaps seconds; there are {fuzzers}")
         self.expect_refusal("./corvel", "fuzz", "log", "soon", says="'soon' are no seconds")
