@@ -75,7 +75,7 @@ std::string_view ChainedFixups::Import(std::uint64_t ordinal) const {
     if (end == llvm::StringRef::npos) {
         Complain();
     }
-    return {rest.data(), end};
+    return std::string_view(rest.data(), rest.size()).substr(0, end);
 }
 
 std::optional<ChainedFixups::Target> ChainedFixups::Decode(std::uint64_t raw, std::size_t segment) const {

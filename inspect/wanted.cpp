@@ -6,6 +6,7 @@
 #include "adapters/wechat/wechat.hpp"
 #include "adapters/xiaohongshu/xiaohongshu.hpp"
 #include "runtime/autorelease.hpp"
+#include "runtime/foreign_leaks.hpp"
 
 namespace inspect {
 namespace {
@@ -31,6 +32,7 @@ std::vector<WantedHost> ReadTables() {
     const sim::AutoreleasePool pool;
     const std::span<const corvel::HostApp> apps = corvel::HostApps();
     std::vector<WantedHost> hosts;
+    hosts.reserve(apps.size());
     for (std::size_t i = 0; i < apps.size(); ++i) {
         hosts.push_back(
             {.name = ns::String(apps[i].name).UTF8String(), .hooks = HooksOf(apps[i]), .paths = kPaths[i]()});
@@ -47,6 +49,7 @@ const std::vector<WantedHost> &WantedHosts() {
 
 std::size_t HostWithIdentifier(const std::string &identifier) {
     const sim::AutoreleasePool pool;
+    const sim::ForeignLeaks search; // what GNUstep makes once, at its first search in a text, and keeps
     return static_cast<std::size_t>(corvel::HostOf(ns::String::stringWithUTF8String(identifier.c_str())));
 }
 
