@@ -6,8 +6,9 @@
 namespace sim::driver {
 namespace {
 
-constexpr const Subject *kSubjects[] = {&kApp,    &kFacts,  &kPasteboard, &kPhone,   &kPreferences, &kPresentations,
-                                        &kScenes, &kScreen, &kScrolling,  &kTouches, &kTyping,      &kViews};
+constexpr const Subject *kSubjects[] = {&kApp,           &kFacts,  &kPasteboard, &kPhone,     &kPreferences,
+                                        &kPresentations, &kScenes, &kScreen,     &kScrolling, &kTouches,
+                                        &kTyping,        &kViews,  &kWear};
 
 /// The row of that name in the tables of all subjects; null when there is none.
 template <class Row> const Row *Find(std::span<const Row> Subject::*table, const std::string &name) {

@@ -36,6 +36,9 @@ int PlayScript(const Options &options) {
         if (!options.words.empty()) {
             script::TheVocabulary().Load(options.words);
         }
+        if (!options.rules.empty()) {
+            session.rules.Load(options.rules);
+        }
         outcome = Run(session, script::LoadScript(options.script));
     } catch (const script::ScriptError &error) {
         std::fprintf(stderr, "%s\n", error.what());

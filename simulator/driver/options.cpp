@@ -18,10 +18,12 @@ struct Option {
 };
 
 constexpr Option kOptions[] = {
-    {"--host", &Options::host},         {"--bundle", &Options::bundle},     {"--library", &Options::library},
-    {"--words", &Options::words},       {"--state", &Options::state},       {"--pictures", &Options::pictures},
-    {"--variants", &Options::variants}, {"--continue", &Options::progress},
+    {"--host", &Options::host},         {"--bundle", &Options::bundle}, {"--library", &Options::library},
+    {"--words", &Options::words},       {"--state", &Options::state},   {"--pictures", &Options::pictures},
+    {"--variants", &Options::variants}, {"--rules", &Options::rules},   {"--continue", &Options::progress},
 };
+
+constexpr const char *kLenient = "--lenient";
 
 std::string KnownVariants() {
     std::string known;
@@ -49,6 +51,10 @@ Options ReadOptions(int count, char **words) {
     std::vector<std::string> plain;
     for (int i = 1; i < count; ++i) {
         const std::string word = words[i];
+        if (word == kLenient) {
+            options.isLenient = true;
+            continue;
+        }
         const auto *const option = std::ranges::find(kOptions, word, &Option::name);
         if (option == std::end(kOptions)) {
             if (word.starts_with("--")) {
@@ -95,7 +101,7 @@ Progress ReadProgress(const Options &options) {
 
 std::string Usage() {
     return "usage: corvel-sim --host NAME --library PATH|none [--words FILE] [--bundle ID|nil] [--state DIR] "
-           "[--pictures DIR] [--variants NAME,…] run FILE|-\n"
+           "[--pictures DIR] [--variants NAME,…] [--rules FILE] [--lenient] run FILE|-\n"
            "       corvel-sim api\n"
            "       corvel-sim variants\n";
 }
@@ -108,6 +114,9 @@ void Relaunch(Options options, const Progress &progress) {
         if (const std::string &value = options.*(option.value); !value.empty()) {
             words.insert(words.end(), {option.name, value});
         }
+    }
+    if (options.isLenient) {
+        words.emplace_back(kLenient);
     }
     words.insert(words.end(), {"run", options.script});
     std::vector<char *> pointers;

@@ -21,10 +21,12 @@ struct Options {
     std::string bundle;   // "nil" for a bundle without an identifier; empty: the host's own
     std::string library;  // "none": no library
     std::string words;    // the file of a script's own words; empty: none
+    std::string rules;    // the file of what must hold after every line; empty: nothing
     std::string variants; // names apart by commas: what the phone does the other way
     std::string state;    // empty: a fresh directory, removed at the end
     std::string pictures = ".";
-    std::string progress; // given by `relaunch` to the process that it starts
+    bool isLenient = false; // lines that make no sense are passed over
+    std::string progress;   // given by `relaunch` to the process that it starts
 };
 
 /// How far a run has come.

@@ -12,6 +12,7 @@
 #include "script/values.hpp"
 #include "uikit/application.hpp"
 
+#include <chrono>
 #include <cstdio>
 
 namespace sim::driver {
@@ -53,8 +54,40 @@ void Launch(Session &session, const script::Place &place) {
             session.host->Launch(MakeWindowScene(*session.firstSceneState));
         }
     });
+    session.rules.Begin(session.library, session.options.host);
     EndTurn();
     Say({Bare("launch"), Bare(session.options.host)});
+}
+
+/// The first line that does not set up finds the app running.
+void LaunchBefore(Session &session, const Line &line) {
+    if (!session.launched && line.words.front() != Bare("setup")) {
+        Launch(session, line.place);
+    }
+}
+
+/// Names a line that kept the app busy for so long that its user would take it for hung.
+void SayIfSlow(const script::Place &place, std::chrono::steady_clock::duration took) {
+    constexpr std::chrono::seconds kSlow(2);
+    if (took > kSlow) {
+        std::fprintf(stderr, "%s:%d: slow: %.1f s\n", place.file.c_str(), place.line,
+                     std::chrono::duration<double>(took).count());
+    }
+}
+
+/// Plays a line, or passes it over with a remark when it makes no sense.
+void PlayLeniently(Session &session, const Line &line) {
+    LaunchBefore(session, line); // without the library nothing makes sense
+    const auto begin = std::chrono::steady_clock::now();
+    try {
+        Play(session, line);
+    } catch (const ScriptError &error) {
+        std::fprintf(stderr, "passed over: %s\n", error.what());
+        if (session.launched) {
+            EndTurn(); // for what the line had done before
+        }
+    }
+    SayIfSlow(line.place, std::chrono::steady_clock::now() - begin);
 }
 
 } // namespace
@@ -73,13 +106,10 @@ void AsHost(const std::function<void()> &work) {
 }
 
 void Play(Session &session, const Line &line) {
+    LaunchBefore(session, line);
     WordReader words(line.place, line.words);
-    if (words.Take("setup")) {
-        if (session.launched) {
-            words.Fail("setup comes before everything else");
-        }
-    } else if (!session.launched) {
-        Launch(session, line.place);
+    if (words.Take("setup") && session.launched) {
+        words.Fail("setup comes before everything else");
     }
     AsHost([&] { Execute(session, words); });
     if (session.launched) {
@@ -97,7 +127,12 @@ Outcome Run(Session &session, const std::vector<Line> &lines) {
         while (session.progress.line < lines.size()) {
             const Line &line = lines[session.progress.line++];
             place = line.place;
-            Play(session, line);
+            if (session.options.isLenient) {
+                PlayLeniently(session, line);
+            } else {
+                Play(session, line);
+            }
+            session.rules.Check(line);
         }
         if (!session.launched) {
             Launch(session, place);
@@ -110,6 +145,9 @@ Outcome Run(Session &session, const std::vector<Line> &lines) {
     } catch (const hosts::ReachedHost &error) {
         std::printf("%s:%d: exception reached the host: %s\n", place.file.c_str(), place.line, error.what());
         return Outcome::kExceptionReachedHost;
+    } catch (const BrokenRule &error) {
+        std::printf("%s:%d: broken: %s\n", place.file.c_str(), place.line, error.what());
+        return Outcome::kRuleBroken;
     }
     const auto &[line, expectations, failures, ownsState] = session.progress;
     if (expectations > 0) {

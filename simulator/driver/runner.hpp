@@ -10,7 +10,7 @@
 namespace sim::driver {
 
 /// How a run ended, as the process's exit status.
-enum class Outcome { kHeld = 0, kFailed = 1, kError = 2, kExceptionReachedHost = 3 };
+enum class Outcome { kHeld = 0, kFailed = 1, kError = 2, kExceptionReachedHost = 3, kRuleBroken = 4 };
 
 /// Runs work that the host or the system would do, in an autorelease pool; throws hosts::ReachedHost for an exception
 /// of the platform's kind that comes out of it.

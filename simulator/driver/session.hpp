@@ -1,6 +1,7 @@
 #pragma once
 // What one run knows, for commands and queries.
 
+#include "driver/invariants/rules.hpp"
 #include "driver/library.hpp"
 #include "driver/options.hpp"
 #include "script/expectation.hpp"
@@ -15,6 +16,7 @@ struct Session {
     Progress progress;
     std::unique_ptr<hosts::Host> host;
     Library library;
+    Rules rules;
     bool launched = false;
     std::optional<UISceneActivationState> firstSceneState = UISceneActivationStateForegroundActive; // empty: no scene
     script::Pointers pointers;

@@ -4,6 +4,7 @@
 #include "script/values.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <ranges>
 
 namespace sim::hosts {
@@ -18,14 +19,10 @@ const Objects::Entry *Objects::Find(ns::Object object) const {
     return found != entries_.end() ? &*found : nullptr;
 }
 
-long Objects::Count(const std::string &kind) const {
-    return std::ranges::count(entries_, kind, &Entry::kind);
-}
-
 void Objects::Keep(const std::string &kind, ns::Object object) {
     objc::Retain(object.pointer);
     held_.insert(object.pointer);
-    entries_.push_back({kind, Count(kind) + 1, objc::WeakRef<ns::Object>(object)});
+    entries_.push_back({kind, ++made_[kind], objc::WeakRef<ns::Object>(object)});
 }
 
 void Objects::LetGo(ns::Object object) {
@@ -39,6 +36,13 @@ void Objects::ReleaseToDeath(ns::Object object) {
     while (Knows(object)) {
         objc::Release(object.pointer);
     }
+}
+
+void Objects::ForgetGone() {
+    std::vector<Entry> there;
+    std::ranges::copy_if(entries_, std::back_inserter(there),
+                         [](const Entry &entry) { return static_cast<bool>(entry.object.Lock()); });
+    entries_.swap(there);
 }
 
 const Objects::Entry &Objects::ReadEntry(WordReader &words) const {

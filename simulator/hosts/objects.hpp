@@ -5,6 +5,7 @@
 #include "objc/ref.hpp"
 #include "script/words.hpp"
 
+#include <map>
 #include <set>
 
 namespace sim::hosts {
@@ -17,6 +18,9 @@ class Objects {
     void LetGo(ns::Object object);
     /// Releases an object until it is deallocated, whoever holds it.
     void ReleaseToDeath(ns::Object object);
+
+    /// Drops the names of objects that are gone.
+    void ForgetGone();
 
     /// Reads "KIND N"; an unknown object and one that is gone are errors.
     objc::Ref<ns::Object> Read(WordReader &words) const;
@@ -44,11 +48,10 @@ class Objects {
     };
     const Entry &ReadEntry(WordReader &words) const;
     const Entry *Find(ns::Object object) const;
-    /// How many objects of the kind there have been.
-    long Count(const std::string &kind) const;
 
-    std::vector<Entry> entries_; // in the order of their making
-    std::set<objc::id> held_;    // by the host
+    std::vector<Entry> entries_;       // in the order of their making
+    std::map<std::string, long> made_; // how many objects of a kind there have been
+    std::set<objc::id> held_;          // by the host
 };
 
 /// The objects of this process's one host.

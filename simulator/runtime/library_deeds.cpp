@@ -113,6 +113,10 @@ const std::vector<Deed> &LibraryDeeds() {
     return Lasting<Watch>().deeds;
 }
 
+void ForgetLibraryDeeds() {
+    Lasting<Watch>().deeds.clear();
+}
+
 } // namespace sim
 
 // The system's functions that lead outside, in front of the real ones. Its headers have reserved names for arguments.

@@ -22,4 +22,7 @@ void NoteDeed(const char *kind, const char *what, const void *frame);
 /// All that have been noted.
 const std::vector<Deed> &LibraryDeeds();
 
+/// Drops them.
+void ForgetLibraryDeeds();
+
 } // namespace sim

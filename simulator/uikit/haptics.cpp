@@ -39,4 +39,8 @@ const std::vector<HapticImpact> &HapticImpacts() {
     return Impacts();
 }
 
+void ForgetHapticImpacts() {
+    Impacts().clear();
+}
+
 } // namespace sim

@@ -17,4 +17,7 @@ struct HapticImpact {
 /// Every impact since launch, the oldest first.
 const std::vector<HapticImpact> &HapticImpacts();
 
+/// Drops them.
+void ForgetHapticImpacts();
+
 } // namespace sim

@@ -55,6 +55,24 @@ class CommandsTest(unittest.TestCase):
         self.expect_refusal("./corvel", "mutate", "many", says="mutate takes numbers for count and seed")
         self.expect_refusal("./corvel", "mutate", "1", "1", "docs", says="no file or folder below src: 'docs'")
 
+    def test_corvel_monkey_and_soak(self):
+        def expect_line(*words, says):
+            with self.subTest(words):
+                run = subprocess.run(["./corvel", *words], cwd=ROOT, capture_output=True, text=True, timeout=60)
+                self.assertEqual((run.returncode, run.stdout, run.stderr), (2, "", f"corvel: {says}\n"))
+
+        hosts = "all douyin xhs kuaishou wechat"
+        for name in ("frob", "plain", ""):
+            expect_line("monkey", *([name] if name else ["--device", "12"]),
+                        says=f"no host named '{name or 12}' for a monkey; there are {hosts}")
+        for number in ("0", "-1", "1.5", "many", "9" * 30):
+            expect_line("monkey", "xhs", number,
+                        says=f"the number of steps is a whole number from 1 to 100000000, not '{number}'")
+        expect_line("monkey", "xhs", "10", "x", says="the seed is a whole number from 0 to 999999999, not 'x'")
+        expect_line("soak", "19", says="the number of cycles is a whole number from 20 to 10000000, not '19'")
+        self.expect_refusal("./corvel", "monkey", "xhs", "10", "1", "2", says="monkey takes no '2'")
+        self.expect_refusal("./corvel", "soak", "100", "2", says="soak takes no '2'")
+
     def test_play(self):
         for words in ([], [SMOKE], ["--", SMOKE]):
             self.expect_refusal(PLAY, *words, says="the simulator, or the -- before the scenario, is missing")

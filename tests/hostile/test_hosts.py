@@ -151,7 +151,7 @@ class HostileHosts(unittest.TestCase):
         course.attempt(well=True)
         for cls in app.asked:
             for selector in ASKED:
-                if selector.startswith("setValue"):
+                if selector.startswith("setValue") or cls.endswith("Context"):
                     # A key that a context refuses is skipped, the text's own too: all that counts is that nothing breaks.
                     for deed in (f'throw maybe {cls} {selector} "asked"', f"refuse {cls} {selector}"):
                         course.enter()

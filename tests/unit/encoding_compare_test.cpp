@@ -63,6 +63,7 @@ TEST(SameEncoding, StructuresCompareByTheirFields) {
     EXPECT_FALSE(SameEncoding("{CGPoint=dd}@:", "{CGVector=ddd}@:"));
     EXPECT_FALSE(SameEncoding("v@:{CGRect={CGPoint=dd}{CGSize=dd}}", "v@:{Quad=dddd}")) << "nesting is kept";
     EXPECT_FALSE(SameEncoding("v@:{CGPoint=dd}", "v@:dd"));
+    EXPECT_TRUE(SameEncoding("v@:{Vertex=dd}", "v@:{Point=dd}")) << "names do not count";
 }
 
 TEST(SameEncoding, ComparisonGoesOnAfterStructuresAndBlocks) {

@@ -17,5 +17,6 @@ extern const Subject kScrolling;
 extern const Subject kTouches;
 extern const Subject kTyping;
 extern const Subject kViews;
+extern const Subject kWear;
 
 } // namespace sim::driver
