@@ -25,15 +25,6 @@ objc::Method OwnMethod(objc::Class cls, objc::SEL selector) {
     return found;
 }
 
-/// Whether a replacement can stand for a method that is declared with these types.
-bool CanStandFor(const char *types, objc::SEL selector, bool usesFirstAsObject) {
-    std::size_t arguments = 0;
-    for (const char *name = sel_getName(selector); *name != '\0'; ++name) {
-        arguments += *name == ':' ? 1 : 0;
-    }
-    return TravelsInGeneralRegisters(types, arguments) && (!usesFirstAsObject || TakesObjectFirst(types));
-}
-
 } // namespace
 
 namespace detail {
@@ -71,7 +62,7 @@ void InstallMethodHook(objc::Class cls, objc::SEL selector, objc::IMP replacemen
         if (method == nullptr) {
             continue;
         }
-        if (!CanStandFor(method_getTypeEncoding(method), selector, usesFirstAsObject)) {
+        if (!CanStandFor(method_getTypeEncoding(method), sel_getName(selector), usesFirstAsObject)) {
             return;
         }
         if (level == cls) {

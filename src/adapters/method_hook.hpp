@@ -172,11 +172,19 @@ template <class View, objc::FixedString Name> MethodHook PassThrough() {
     return Around<View, Name, detail::kNothing>();
 }
 
-/// Installs the hooks in the order of the table, each in the class that goes by the row's name.
-template <std::size_t N> void InstallMethodHooks(const MethodHook (&hooks)[N]) {
+/// What is done with each row of a table of hooks. On the phone it is installed; the check of an app only reads it.
+using HookVisitor = void (*)(const MethodHook &hook);
+
+/// Installs the hook in the class that goes by the row's name.
+inline void InstallHook(const MethodHook &hook) {
+    InstallMethodHook(objc_getClass(hook.className), hook.selector(), hook.replacement, hook.previousSlot,
+                      hook.usesFirstAsObject);
+}
+
+/// Visits the rows in the order of the table.
+template <std::size_t N> void ForEachHook(HookVisitor visit, const MethodHook (&hooks)[N]) {
     for (const MethodHook &hook : hooks) {
-        InstallMethodHook(objc_getClass(hook.className), hook.selector(), hook.replacement, hook.previousSlot,
-                          hook.usesFirstAsObject);
+        visit(hook);
     }
 }
 

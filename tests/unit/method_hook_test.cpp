@@ -168,12 +168,12 @@ TEST_F(MethodHookTest, ATableIsInstalledInItsOrderAndSkipsWhatTheHostLacks) {
     constexpr auto kNever = [](ns::Object) { calls.emplace_back("never"); };
     const objc::MethodEntry methods[] = {MethodNamed<"greet", &RootGreet>()};
     const objc::Class cls = test::RegisterClass(Hooked::kClassName, "NSObject", methods);
-    InstallMethodHooks({
-        After<Missing, "greet", kNever>(),
-        After<Hooked, "missing", kNever>(),
-        After<Hooked, "greet", kAfter>(),
-        Before<Hooked, "greet", kBefore>(),
-    });
+    ForEachHook(&InstallHook, {
+                                  After<Missing, "greet", kNever>(),
+                                  After<Hooked, "missing", kNever>(),
+                                  After<Hooked, "greet", kAfter>(),
+                                  Before<Hooked, "greet", kBefore>(),
+                              });
     EXPECT_EQ(GreetingOf(cls), (Trace{"before", "Root greet", "after"}));
     EXPECT_EQ(objc::As<Host>(test::NewInstance(cls).get()).greet(), 1);
 }
@@ -213,8 +213,8 @@ TEST_F(MethodHookTest, EveryArgumentAndTheResultPassUntouched) {
     const objc::MethodEntry methods[] = {MethodNamed<"take:count:flag:block:mask:", &TakeAll>()};
     const objc::Class cls = test::RegisterClass(Taker::kClassName, "NSObject", methods);
     constexpr auto kTaken = [](Taker, objc::Object first) { firstArgument = first.pointer; };
-    InstallMethodHooks(
-        {PassThrough<Taker, "take:count:flag:block:mask:">(), After<Taker, "take:count:flag:block:mask:", kTaken>()});
+    ForEachHook(&InstallHook, {PassThrough<Taker, "take:count:flag:block:mask:">(),
+                               After<Taker, "take:count:flag:block:mask:", kTaken>()});
 
     const objc::Ref<ns::Object> taker = test::NewInstance(cls);
     auto twice = objc::MakeBlock<long(long)>([](long n) { return 2 * n; });
@@ -250,7 +250,7 @@ TEST_F(MethodHookTest, WhatTheHostRaisesReachesTheHostsCaller) {
     const objc::MethodEntry methods[] = {MethodNamed<"explode", &Explode>()};
     const objc::Class cls = test::RegisterClass(Raiser::kClassName, "NSObject", methods);
     constexpr auto kNever = [](Raiser) { calls.emplace_back("never"); };
-    InstallMethodHooks({After<Raiser, "explode", kNever>()});
+    ForEachHook(&InstallHook, {After<Raiser, "explode", kNever>()});
 
     const objc::Ref<ns::Object> raiser = test::NewInstance(cls);
     std::string reason;
@@ -279,7 +279,7 @@ TEST_F(MethodHookTest, WhatAMethodGivesUpLivesUntilTheHookIsDone) {
         calls.emplace_back(objc::As<ns::String>(ns::Object{first}.description()).UTF8String() != nullptr ? "first"
                                                                                                          : "");
     };
-    InstallMethodHooks({After<Giver, "giveUp:", kDescribe>()});
+    ForEachHook(&InstallHook, {After<Giver, "giveUp:", kDescribe>()});
     lastReferences = {test::NewInstance(cls), test::NewInstance(root)};
     objc::Send<"giveUp:", void>(lastReferences[0].get(), lastReferences[1].get());
     EXPECT_EQ(calls, (Trace{"self", "first"})); // the sanitizers tell whether it was still there
@@ -303,7 +303,7 @@ TEST_F(MethodHookTest, WhatIsBeingDeallocatedIsNotHeld) {
     const objc::MethodEntry methods[] = {MethodNamed<"setUp", &SetUpGoer>(), MethodNamed<"dealloc", &DeallocGoer>()};
     const objc::Class cls = test::RegisterClass(Goer::kClassName, "NSObject", methods);
     constexpr auto kHold = [](Goer goer) { Hold(heldGoer, goer); };
-    InstallMethodHooks({After<Goer, "setUp", kHold>()});
+    ForEachHook(&InstallHook, {After<Goer, "setUp", kHold>()});
     test::NewInstance(cls) = nullptr;
     EXPECT_EQ(calls, Trace{"set up"});
     EXPECT_FALSE(heldGoer);
@@ -329,7 +329,7 @@ TEST_F(MethodHookTest, MethodsOfOtherTypesAreLeftAlone) {
     const objc::Class cls = test::RegisterClass(Scale::kClassName, "NSObject", methods);
     constexpr auto kNever = [](Scale) { calls.emplace_back("never"); };
     constexpr auto kNeverWithObject = [](Scale, objc::Object) { calls.emplace_back("never"); };
-    InstallMethodHooks({After<Scale, "weigh:", kNever>(), After<Scale, "number:", kNeverWithObject>()});
+    ForEachHook(&InstallHook, {After<Scale, "weigh:", kNever>(), After<Scale, "number:", kNeverWithObject>()});
     const auto scale = test::NewInstance(cls);
     EXPECT_EQ((objc::Send<"weigh:", double>(scale.get(), 2.5)), 2.5);
     EXPECT_EQ((objc::Send<"number:", long>(scale.get(), 7L)), 7);

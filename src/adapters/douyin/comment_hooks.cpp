@@ -80,20 +80,21 @@ void StoreGoes(CommentStore store) {
 } // namespace
 } // namespace corvel::douyin
 
-void corvel::InstallDouyinHooks() {
+void corvel::ForEachDouyinHook(HookVisitor visit) {
     using namespace douyin;
-    InstallMethodHooks({
-        After<CommentFragment, "componentMount", &Mounted>(),
-        Before<CommentFragment, "sendComment:enterSource:requestSource:trackParams:completion:",
-               &SelfHeal<u"[DY] 🔄 self-heal (5p) fragment %p → %p">>(),
-        Before<CommentFragment,
-               "sendComment:commentContext:completion:", &SelfHeal<u"[DY] 🔄 self-heal (3p) fragment %p → %p">>(),
-        Before<CommentFragment, "commentSucceedForComment:withFakeMessage:commentEnterSource:",
-               &SelfHeal<u"[DY] 🔄 self-heal (succeed) fragment %p → %p">>(),
-        Before<CommentFragment, "commentBegan", &SelfHeal<u"[DY] 🔄 self-heal (began) fragment %p → %p">>(),
-        Before<CommentFragment, "dealloc", &FragmentGoes>(),
+    ForEachHook(visit,
+                {
+                    After<CommentFragment, "componentMount", &Mounted>(),
+                    Before<CommentFragment, "sendComment:enterSource:requestSource:trackParams:completion:",
+                           &SelfHeal<u"[DY] 🔄 self-heal (5p) fragment %p → %p">>(),
+                    Before<CommentFragment, "sendComment:commentContext:completion:",
+                           &SelfHeal<u"[DY] 🔄 self-heal (3p) fragment %p → %p">>(),
+                    Before<CommentFragment, "commentSucceedForComment:withFakeMessage:commentEnterSource:",
+                           &SelfHeal<u"[DY] 🔄 self-heal (succeed) fragment %p → %p">>(),
+                    Before<CommentFragment, "commentBegan", &SelfHeal<u"[DY] 🔄 self-heal (began) fragment %p → %p">>(),
+                    Before<CommentFragment, "dealloc", &FragmentGoes>(),
 
-        After<CommentStore, "setup", &StoreSetUp>(),
-        Before<CommentStore, "dealloc", &StoreGoes>(),
-    });
+                    After<CommentStore, "setup", &StoreSetUp>(),
+                    Before<CommentStore, "dealloc", &StoreGoes>(),
+                });
 }

@@ -50,15 +50,15 @@ void PreviewLoaded(PreviewComponent preview) {
 } // namespace
 } // namespace corvel::kuaishou
 
-void corvel::InstallKuaishouHooks() {
+void corvel::ForEachKuaishouHook(HookVisitor visit) {
     using namespace kuaishou;
-    InstallMethodHooks({
-        After<BaseService, "onCreate", &ServiceCreated>(),
-        After<CommentBarService, "bindTarget:", &BarBound>(),
-        PassThrough<CommentBarService, "comment:">(),
-        After<CommentService, "comment:completion:", &ServiceUsed>(),
-        After<PreviewComponent, "componentDidLoad", &PreviewLoaded>(),
-        After<PreviewComponent, "componentDidAppear:", &PreviewShown>(),
-        PassThrough<PreviewComponent, "sendComment:source:">(),
-    });
+    ForEachHook(visit, {
+                           After<BaseService, "onCreate", &ServiceCreated>(),
+                           After<CommentBarService, "bindTarget:", &BarBound>(),
+                           PassThrough<CommentBarService, "comment:">(),
+                           After<CommentService, "comment:completion:", &ServiceUsed>(),
+                           After<PreviewComponent, "componentDidLoad", &PreviewLoaded>(),
+                           After<PreviewComponent, "componentDidAppear:", &PreviewShown>(),
+                           PassThrough<PreviewComponent, "sendComment:source:">(),
+                       });
 }

@@ -26,10 +26,10 @@ void MovedToWindow(CommentView view) {
 } // namespace
 } // namespace corvel::wechat
 
-void corvel::InstallWeChatHooks() {
+void corvel::ForEachWeChatHook(HookVisitor visit) {
     using namespace wechat;
-    InstallMethodHooks({
-        After<CommentView, "didMoveToWindow", &MovedToWindow>(),
-        PassThrough<CommentView, "didCommitText:">(),
-    });
+    ForEachHook(visit, {
+                           After<CommentView, "didMoveToWindow", &MovedToWindow>(),
+                           PassThrough<CommentView, "didCommitText:">(),
+                       });
 }

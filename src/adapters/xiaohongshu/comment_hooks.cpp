@@ -52,16 +52,16 @@ void Joined(ImEngine engine, objc::Object groupId) {
 } // namespace
 } // namespace corvel::xiaohongshu
 
-void corvel::InstallXiaohongshuHooks() {
+void corvel::ForEachXiaohongshuHook(HookVisitor visit) {
     using namespace xiaohongshu;
-    InstallMethodHooks({
-        After<DecorateView, "didMoveToSuperview", &DecorateMoved>(),
-        PassThrough<DecorateView, "sendFasterChatMsg:">(),
-        After<CommentBar, "didMoveToWindow", &BarMoved>(),
-        After<CommentBar, "attachToViewController:hideWhenNotFirstResponder:", &BarAttached>(),
-        PassThrough<CommentBar, "sendButtonTapped:">(),
-        PassThrough<CommentBar, "_commentBarWillSend">(),
-        After<ImEngine, "joinWithGroupId:callback:", &Joined>(),
-        After<ImEngine, "joinWithGroupId:role:callback:", &Joined>(),
-    });
+    ForEachHook(visit, {
+                           After<DecorateView, "didMoveToSuperview", &DecorateMoved>(),
+                           PassThrough<DecorateView, "sendFasterChatMsg:">(),
+                           After<CommentBar, "didMoveToWindow", &BarMoved>(),
+                           After<CommentBar, "attachToViewController:hideWhenNotFirstResponder:", &BarAttached>(),
+                           PassThrough<CommentBar, "sendButtonTapped:">(),
+                           PassThrough<CommentBar, "_commentBarWillSend">(),
+                           After<ImEngine, "joinWithGroupId:callback:", &Joined>(),
+                           After<ImEngine, "joinWithGroupId:role:callback:", &Joined>(),
+                       });
 }

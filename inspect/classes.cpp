@@ -1,0 +1,123 @@
+#include "inspect/classes.hpp"
+
+#include "inspect/bad_input.hpp"
+#include "inspect/platform_classes.hpp"
+
+#include <algorithm>
+#include <cctype>
+
+namespace inspect {
+namespace {
+
+/// How deep classes are ever nested; far more than any app's.
+constexpr std::size_t kDeepest = 1000;
+
+std::optional<FoundMethod> Among(const std::vector<Method> &methods, std::string_view selector,
+                                 const std::string &className) {
+    const auto found = std::ranges::find(methods, selector, &Method::selector);
+    if (found == methods.end()) {
+        return std::nullopt;
+    }
+    return FoundMethod{.className = className, .types = std::string(found->types)};
+}
+
+} // namespace
+
+Classes::Classes(const std::vector<Image> &images) {
+    for (const Image &image : images) {
+        for (const ClassEntry &entry : ReadClasses(image)) {
+            classes_.try_emplace(std::string(entry.name), Entry{.image = &image, .entry = entry});
+            if (entry.name.starts_with("_Tt")) {
+                swiftNames_.emplace_back(entry.name);
+            }
+        }
+        for (CategoryEntry &category : ReadCategories(image)) {
+            additions_.emplace(std::move(category.className), Addition{.image = &image, .methods = category.methods});
+        }
+    }
+}
+
+bool Classes::Has(const std::string &className) const {
+    return classes_.contains(className);
+}
+
+std::string Classes::ImageOf(const std::string &className) const {
+    const auto found = classes_.find(className);
+    return found != classes_.end() ? found->second.image->name() : std::string{};
+}
+
+std::string Classes::SwiftOnly(const std::string &className) const {
+    const std::string ending = std::to_string(className.size()) + className;
+    const auto found =
+        std::ranges::find_if(swiftNames_, [&](const std::string &name) { return name.ends_with(ending); });
+    return found != swiftNames_.end() ? *found : std::string{};
+}
+
+std::vector<std::string> Classes::Lineage(const std::string &className) const {
+    std::vector<std::string> lineage;
+    for (std::string name = className; !name.empty();) {
+        lineage.push_back(name);
+        if (lineage.size() > kDeepest) {
+            throw BadInput(ImageOf(className) + ": the class " + className + " descends from itself");
+        }
+        const auto found = classes_.find(name);
+        name = found != classes_.end() ? SuperclassName(*found->second.image, found->second.entry)
+                                       : std::string(PlatformSuperclass(name));
+    }
+    return lineage;
+}
+
+std::optional<FoundMethod> Classes::FindOwn(const std::string &className, std::string_view selector) const {
+    // A category's method hides the class's own.
+    for (auto [at, end] = additions_.equal_range(className); at != end; ++at) {
+        if (auto found = Among(ReadMethodList(*at->second.image, at->second.methods), selector, className)) {
+            return found;
+        }
+    }
+    if (const auto found = classes_.find(className); found != classes_.end()) {
+        return Among(ReadMethods(*found->second.image, found->second.entry), selector, className);
+    }
+    for (const PlatformMethod &method : PlatformMethods()) {
+        if (method.className == className && method.selector == selector) {
+            return FoundMethod{.className = className, .types = std::string(method.types)};
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<FoundMethod> Classes::Find(const std::string &className, std::string_view selector) const {
+    for (const std::string &level : Lineage(className)) {
+        if (auto found = FindOwn(level, selector)) {
+            return found;
+        }
+    }
+    return std::nullopt;
+}
+
+bool Classes::CanSet(const std::string &className, const std::string &key) const {
+    std::string upper = key;
+    upper[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(upper[0])));
+    if (Find(className, "set" + upper + ":") || Find(className, "_set" + upper + ":")) {
+        return true;
+    }
+    const std::string variables[] = {"_" + key, "_is" + upper, key, "is" + upper};
+    for (const std::string &level : Lineage(className)) {
+        const auto found = classes_.find(level);
+        if (found == classes_.end()) {
+            continue;
+        }
+        for (const std::string_view name : ReadVariables(*found->second.image, found->second.entry)) {
+            if (std::ranges::find(variables, name) != std::end(variables)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+std::string Classes::UnknownAncestor(const std::string &className) const {
+    const std::string oldest = Lineage(className).back();
+    return Has(oldest) || IsPlatformClass(oldest) ? std::string{} : oldest;
+}
+
+} // namespace inspect

@@ -1,0 +1,53 @@
+#pragma once
+// The classes of all images of an app together, as they would be registered on the phone.
+
+#include "inspect/objc_metadata.hpp"
+
+#include <map>
+
+namespace inspect {
+
+/// Where a method was found.
+struct FoundMethod {
+    std::string className; // the class that defines it
+    std::string types;
+};
+
+class Classes {
+  public:
+    /// Of the images, which must outlive it. The first of two classes of one name counts, as on the phone.
+    explicit Classes(const std::vector<Image> &images);
+
+    bool Has(const std::string &className) const;
+    /// The name of the image that holds the class; empty for a class of the system.
+    std::string ImageOf(const std::string &className) const;
+    /// The name, as Swift writes it, of a class of that name which only Swift knows by it; empty when there is none.
+    std::string SwiftOnly(const std::string &className) const;
+
+    /// The class and its ancestors. Throws BadInput for a class that is its own ancestor.
+    std::vector<std::string> Lineage(const std::string &className) const;
+    /// The instance method that an object of the class answers with.
+    std::optional<FoundMethod> Find(const std::string &className, std::string_view selector) const;
+    /// The instance method that the class itself defines.
+    std::optional<FoundMethod> FindOwn(const std::string &className, std::string_view selector) const;
+    /// Whether key-value coding sets a value of the class's objects under the key.
+    bool CanSet(const std::string &className, const std::string &key) const;
+    /// An ancestor that the system has and we know nothing of; empty when all are known.
+    std::string UnknownAncestor(const std::string &className) const;
+
+  private:
+    struct Entry {
+        const Image *image;
+        ClassEntry entry;
+    };
+    struct Addition {
+        const Image *image;
+        std::uint64_t methods;
+    };
+
+    std::map<std::string, Entry, std::less<>> classes_;
+    std::multimap<std::string, Addition, std::less<>> additions_;
+    std::vector<std::string> swiftNames_;
+};
+
+} // namespace inspect

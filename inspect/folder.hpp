@@ -1,0 +1,29 @@
+#pragma once
+// A folder of files, on a disk or in a zip file.
+
+#include <llvm/Support/MemoryBuffer.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace inspect {
+
+class Folder {
+  public:
+    virtual ~Folder() = default;
+
+    /// The file by its name within the folder; empty when there is none. Throws BadInput for one that cannot be read.
+    virtual std::optional<std::string> Read(const std::string &name) = 0;
+    /// The names of all files.
+    virtual std::vector<std::string> Names() = 0;
+};
+
+/// The folder at the path. Links are not followed.
+std::unique_ptr<Folder> FolderOnDisk(const std::string &path);
+
+/// The content of the zip file whose bytes these are, which must outlive it. Throws BadInput.
+std::unique_ptr<Folder> FolderInZip(const std::string &name, llvm::StringRef bytes);
+
+} // namespace inspect

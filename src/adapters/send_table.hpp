@@ -1,0 +1,87 @@
+#pragma once
+// The ways in which comments are sent, as tables: what each needs of the host's classes. A send function names its
+// table beside what it does, and takes the methods that it calls from the rows' own declarations. `inspect` reads the
+// tables to tell whether an app still has all of that; on the phone nothing reads them, and the linker drops them.
+
+#include "objc/send.hpp"
+
+#include <span>
+
+namespace corvel {
+
+/// The literal as a text that lasts.
+template <objc::FixedString Text> inline constexpr const char *kStaticText = Text.data;
+
+/// A method of the host's class that View stands for, with the types that it is called with. Calling it sends it.
+template <class View, objc::FixedString Name, class Signature> struct HostMethod;
+
+template <class View, objc::FixedString Name, class R, class... A> struct HostMethod<View, Name, R(A...)> {
+    R operator()(View receiver, A... arguments) const {
+        return objc::Send<Name, R>(receiver, arguments...);
+    }
+    static objc::SEL Selector() {
+        return objc::Selector<Name>();
+    }
+};
+
+/// Something that a way to send needs of a class of the host's.
+struct SendStep {
+    enum class Kind : unsigned char {
+        kMethod,   // it is called, with these types
+        kOptional, // it is called when it is there, then with these types
+        kClass,    // an object of the class is made
+        kKey,      // a value is set by key-value coding
+    };
+    Kind kind;
+    const char *className = nullptr; // nil: no step
+    const char *name = nullptr;      // of the method or the key
+    const char *types = nullptr;     // as method encodings have them, without offsets
+};
+
+/// The step that calls the method.
+template <class View, objc::FixedString Name, class R, class... A>
+constexpr SendStep Calls(HostMethod<View, Name, R(A...)>) {
+    return {SendStep::Kind::kMethod, View::kClassName, kStaticText<Name>, objc::kMethodEncoding<R, A...>.data};
+}
+
+/// The step that calls the method when the object has it.
+template <class View, objc::FixedString Name, class R, class... A>
+constexpr SendStep MayCall(HostMethod<View, Name, R(A...)>) {
+    return {SendStep::Kind::kOptional, View::kClassName, kStaticText<Name>, objc::kMethodEncoding<R, A...>.data};
+}
+
+/// The step that makes an object of the class.
+template <class View> constexpr SendStep Makes() {
+    return {SendStep::Kind::kClass, View::kClassName};
+}
+
+/// The step that sets the value under the key.
+template <class View, objc::FixedString Key> constexpr SendStep Sets() {
+    return {SendStep::Kind::kKey, View::kClassName, kStaticText<Key>};
+}
+
+/// A hook that brings us the object which a way to send goes through.
+struct Holder {
+    const char *className = nullptr; // nil: no holder
+    const char *selector = nullptr;
+    /// Where the hooked object is not itself the one: by which of its methods it names it; the second may be nil.
+    const char *getters[2] = {};
+};
+
+/// The hook of that method, whose object is held.
+template <class View, objc::FixedString Name> constexpr Holder HeldBy() {
+    return {View::kClassName, kStaticText<Name>};
+}
+
+/// A way to send.
+struct SendPath {
+    const char *name;
+    /// The class of the object that it goes through.
+    const char *className;
+    /// Any one of them is enough.
+    Holder holders[8];
+    /// Each of them is wanted.
+    SendStep steps[4];
+};
+
+} // namespace corvel

@@ -1,0 +1,141 @@
+"""The check of an executable says what the library does when the simulator registers the same classes."""
+
+import re
+import unittest
+
+from inspection import HOSTS, LAYOUTS, Inspection, classes_of, play
+
+PROBE = "probe"
+SENDERS = {"douyin": "DY", "xhs": "XHS", "kuaishou": "KS", "wechat": "FC"}
+EVENTS = {"kuaishou": ['host enter "a"', 'host preview "a"']}
+# What else the app does that a hook waits for: object, class, method, arguments.
+USES = {
+    "douyin": [("fragment 1", "HTSLiveCommentFragment", "commentBegan", "")],
+    "kuaishou": [("service 1", "KSLiveCommentService", "comment:completion:", '"by hand" block 1')],
+}
+WHOLE = {"douyin": 'host enter "7311" at roomModel.identifier'}
+
+
+def has(classes, name, selector):
+    while name in classes.supers:
+        if selector in classes.methods[name]:
+            return True
+        name = classes.supers[name]
+    return False
+
+
+class Agreement(Inspection):
+    def agree(self, host, plan=()):
+        """Holds the check against the library for the app with this plan, in which comments can be sent unless its methods
+        have types that the app's own events do not fit; what the check said."""
+        plan = list(plan)
+        classes = classes_of(host, plan)
+        found = self.host(self.made(classes), host)
+
+        script = [f"setup host {line}" for line in plan] + ["print host replaced"]
+        sends = not any(line.startswith("types ") for line in plan)
+        if sends:
+            script += EVENTS.get(host, [WHOLE.get(host, 'host enter "a"')])
+            script += [f"host call {name} {selector} {words}" for name, cls, selector, words in USES.get(host, [])
+                       if cls in classes.supers and has(classes, cls, selector)]
+            script += [f'call {SENDERS[host]}_SendMessage "{PROBE}"', "print comments"]
+        said = play(host, script)
+
+        hooked = sorted(f'{hook["class"]} {hook["method"]}' for hook in found["hooks"]
+                        if hook["verdict"] in ("present", "inherited"))
+        self.assertEqual(hooked, sorted(fact for fact in said["host replaced"] if fact != "absent"), plan)
+        if sends:
+            arrived = [re.search(r' path (\w+)', fact)[1] for fact in said.get("comments", []) if f'"{PROBE}"' in fact]
+            self.assertEqual([path["name"] for path in found["paths"] if path["works"]][:1], arrived[:1], plan)
+        return found
+
+    def every_change(self, host):
+        """The whole app, then the app without each of the things that are wanted, and with each method in its base."""
+        whole = self.agree(host)
+        self.assertTrue(whole["works"])
+        self.assertTrue(all(path["works"] for path in whole["paths"]))
+        steps = [step for path in whole["paths"] for step in path["steps"]]
+        methods = {(entry["class"], entry["method"]) for entry in whole["hooks"] + steps if "method" in entry}
+        own = classes_of(host)
+        for name, selector in sorted(methods):
+            if selector in own.methods.get(name, {}):
+                lacking = self.agree(host, [f"without method {name} {selector}"])
+                for entry in lacking["hooks"]:
+                    if (entry["class"], entry["method"]) == (name, selector):
+                        self.assertIn(entry["verdict"], ("missing", "inherited"))
+        for name in sorted({name for name, _ in methods} | {step["class"] for step in steps}):
+            lacking = self.agree(host, [f"without class {name}"])
+            verdicts = {entry["verdict"] for entry in lacking["hooks"] if entry["class"] == name}
+            self.assertLessEqual(verdicts, {"missing"})
+        return whole
+
+    def test_douyin(self):
+        self.every_change("douyin")
+        self.agree("douyin", ["without method HTSLiveCommentStore sendCommentWithCommentContext:completion:",
+                              "without method HTSLiveCommentFragment sendComment:commentContext:completion:"])
+        self.agree("douyin", ["without method HTSLiveCommentStore setup",
+                              "without method HTSLiveCommentFragment componentMount"])
+        self.agree("douyin", ["without class IESLiveCommentContext", "without method HTSLiveCommentStore context"])
+
+    def test_xhs(self):
+        self.every_change("xhs")
+        first = "without method XYLivePlayDecorateView sendFasterChatMsg:"
+        self.agree("xhs", [first, "without method XYCommentBar sendButtonTapped:"])
+        self.agree("xhs", [first, "without method XYCommentBar setText:"])
+        self.agree("xhs", [first, "without method XYCommentBar sendButtonTapped:", "without class XYLiveIMMessage"])
+        self.agree("xhs", ["without method XYLivePlayDecorateView didMoveToSuperview",
+                           "without method XYCommentBar attachToViewController:hideWhenNotFirstResponder:"])
+
+    def test_kuaishou(self):
+        self.every_change("kuaishou")
+        bar = "without method KSSLiveCommentBarService"
+        self.agree("kuaishou", [f"{bar} comment:", "without method KSLiveCommentService comment:completion:"])
+        self.agree("kuaishou", ["with method KSSLiveCommentBarService onCreate", f"{bar} bindTarget:"])
+        self.agree("kuaishou", ["without class KSSLiveCommentBarService", "without class KSLiveCommentService"])
+        self.agree("kuaishou", ["without class KSSLiveCommentBarService", "without class KSLiveCommentService",
+                                "without method KSLivePreviewSendCommentComponent componentDidLoad"])
+
+    def test_wechat(self):
+        self.every_change("wechat")
+
+    def test_inherited(self):
+        for host in HOSTS:
+            own = classes_of(host)
+            found = self.agree(host)
+            plan = sorted({f'inherits {hook["class"]} {hook["method"]}' for hook in found["hooks"]
+                           if hook["method"] in own.methods[hook["class"]]})
+            inherited = self.agree(host, plan)
+            for hook in inherited["hooks"]:
+                self.assertEqual((hook["verdict"], hook.get("from")), ("inherited", own.supers[hook["class"]]), hook)
+            self.assertTrue(inherited["works"])
+
+    def test_other_types(self):
+        for host, method, types, verdict in (
+            ("kuaishou", "KSLiveCommentService comment:completion:", "v@:dq", "types"),
+            ("kuaishou", "KSSLiveCommentBarService bindTarget:", "@@:{CGPoint=dd}", "types"),
+            ("kuaishou", "KSSLiveCommentBarService bindTarget:", "q@:q", "present"),
+            ("xhs", "XYLiveImEngine joinWithGroupId:callback:", "v@:q@?", "types"),
+            ("xhs", "XYLivePlayDecorateView sendFasterChatMsg:", "d@:d", "types"),
+            ("wechat", "MMLiveCommentView didMoveToWindow", "f@:", "types"),
+            ("douyin", "HTSLiveCommentFragment componentMount", "{CGRect=dddd}@:", "types"),
+        ):
+            found = self.agree(host, [f"types {method} {types}"])
+            name, selector = method.split()
+            hook = next(hook for hook in found["hooks"] if (hook["class"], hook["method"]) == (name, selector))
+            self.assertEqual(hook["verdict"], verdict, method)
+
+    def test_layouts(self):
+        for host in HOSTS:
+            classes = classes_of(host)
+            plain = None
+            for layout, arguments in LAYOUTS.items():
+                for categories in ((), classes.supers):
+                    path = self.made(classes, layout.replace(", ", "-"), arguments, categories=categories)
+                    found = self.host(path, host)
+                    plain = plain or found
+                    self.assertEqual(found, plain, layout)
+            self.assertTrue(plain["works"])
+
+
+if __name__ == "__main__":
+    unittest.main()
