@@ -31,16 +31,14 @@ Json Pair(Range range) {
     return {range.least, range.most};
 }
 
-/// The row of one of the panel's tables that edits the preference; null when none does.
-template <class Row, std::size_t N> const Row *RowFor(const Row (&rows)[N], const Preference &preference) {
-    const auto *const found =
-        std::find_if(rows, rows + N, [&](const Row &row) { return row.preference.Is(preference.key()); });
-    return found != rows + N ? found : nullptr;
-}
-
-template <class Row> void AddRow(Json &entry, const char *group, const Row *row) {
-    if (row != nullptr) {
+/// Says which row of a table edits the preference, if one does.
+template <class Row, std::size_t N>
+void AddRow(Json &entry, const char *group, const Row (&rows)[N], const Preference &preference) {
+    const auto *const row =
+        std::find_if(rows, rows + N, [&](const Row &each) { return each.preference.Is(preference.key()); });
+    if (row != rows + N) {
         entry["group"] = group;
+        entry["position"] = row - rows;
         entry["row"]["zh"] = Text(row->title);
     }
 }
@@ -48,15 +46,15 @@ template <class Row> void AddRow(Json &entry, const char *group, const Row *row)
 void Describe(Json &entry, const BoolPreference &preference) {
     entry["type"] = "bool";
     entry["default"] = false; // an absent one reads NO, whatever the panel stores first
-    AddRow(entry, "switches", RowFor(kFixedSwitches, preference));
-    AddRow(entry, "latency", RowFor(kLatencySwitches, preference));
+    AddRow(entry, "switches", kFixedSwitches, preference);
+    AddRow(entry, "latency", kLatencySwitches, preference);
 }
 void Describe(Json &entry, const FloatPreference &preference) {
     entry["type"] = "float";
     entry["default"] = preference.fallback();
     entry["slider"] = Pair(preference.slider());
     entry["usable"] = Pair(preference.usable());
-    AddRow(entry, "sliders", RowFor(kSliders, preference));
+    AddRow(entry, "sliders", kSliders, preference);
 }
 void Describe(Json &entry, const PlacePreference & /*preference*/) {
     entry["type"] = "float";
@@ -69,7 +67,7 @@ void Describe(Json &entry, const IntegerPreference &preference) {
 void Describe(Json &entry, const StringPreference &preference) {
     entry["type"] = "string";
     entry["default"] = Text(preference.fallback());
-    AddRow(entry, "colors", RowFor(kColors, preference));
+    AddRow(entry, "colors", kColors, preference);
 }
 
 template <class Entry, std::size_t N> const Entry *EntryOf(const Entry (&entries)[N], const std::string &key) {
