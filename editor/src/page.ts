@@ -111,7 +111,10 @@ export class Page {
     if (this.keptSize < keptAtOnce) {
       this.keepNow();
     } else {
-      this.timer = window.setTimeout(() => this.keepNow(), keepLater);
+      this.timer = window.setTimeout(() => {
+        this.keepNow();
+        this.tell();
+      }, keepLater);
     }
     this.tell();
   }

@@ -88,7 +88,7 @@ function mended(text: string): string | undefined {
   const found = /(DM1|CV1):([A-Za-z0-9+/_\-\s]*)/.exec(text);
   if (!found) {
     const start = text.indexOf("{");
-    return start >= 0 ? text.slice(start, text.lastIndexOf("}") + 1) : undefined;
+    return start >= 0 && !text.trimStart().startsWith("[") ? text.slice(start, text.lastIndexOf("}") + 1) : undefined;
   }
   const body = (found[2] ?? "").replace(/\s/g, "").replace(/-/g, "+").replace(/_/g, "/");
   return `${found[1]}:${body}${"=".repeat((4 - (body.length % 4)) % 4)}`;
