@@ -43,7 +43,7 @@ for (const [host, room] of Object.entries(hosts)) {
     await part(page, "Size").getByRole("radiogroup").getByText("12", { exact: true }).click();
     const script = ["wait 3", `host enter "${room}"`, 'pasteboard from "in.txt"', ...importing, 'tap "弹"', "wait 1"];
     wanted.forEach((text, index) => {
-      script.push(`tap cell ${index}`, "wait 0.5", `expect comment last is ${JSON.stringify(text)}`);
+      script.push(`tap cell ${index}`, "wait 0.5", `expect comment last text is ${JSON.stringify(text)}`);
     });
     script.push(`expect count comments is ${wanted.length}`);
     await play(host, script, { "in.txt": await given(page) });

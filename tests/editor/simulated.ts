@@ -25,7 +25,9 @@ export async function play(
       paths.simulator,
       ["--library", paths.library, "--words", words, "--host", host, "--pictures", ".", "run", "play.scn"],
       { cwd: folder, maxBuffer: 1 << 26 },
-    );
+    ).catch((fault: { stdout?: string; stderr?: string }) => {
+      throw new Error(`the script failed in ${host}: ${fault.stdout?.slice(-1500)}${fault.stderr?.slice(-1500)}`);
+    });
     const out = await readFile(path.join(folder, "out.txt"), "utf8").catch(() => undefined);
     return { printed: stdout, out };
   } finally {
