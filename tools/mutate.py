@@ -29,7 +29,7 @@ KNOWN = ROOT / "tests" / "known-survivors.txt"
 # The simulator has these rooms in common with the library. A fault is to be the library's alone, so the simulator stays
 # as it is, and so do the unit tests, which contain all of it, where the fault is in a header.
 SHARED = re.compile(r"src/(objc|apple)/.*\.hpp")
-PLAYED = re.compile(r"^(unit|scenario|demo|transfer|pages)/")
+PLAYED = re.compile(r"^(unit|scenario|demo|transfer|pages|soak)/")
 LONGEST = 60  # seconds; what takes longer hangs, and so is caught
 
 TOKEN = re.compile(

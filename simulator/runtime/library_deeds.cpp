@@ -76,6 +76,11 @@ _Unwind_Reason_Code Step(_Unwind_Context *context, void *argument) {
     return found ? _URC_END_OF_STACK : _URC_NO_REASON;
 }
 
+/// Whether a file may be made, so that its mode is passed as well. O_TMPFILE shares a bit with O_DIRECTORY.
+bool HasMode(int flags) {
+    return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
+}
+
 template <class Function> Function *Next(const char *name, Function *) {
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
 }
@@ -127,7 +132,7 @@ extern "C" {
 int open(const char *path, int flags, ...) {
     std::va_list rest;
     va_start(rest, flags);
-    const auto mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : mode_t{0};
+    const auto mode = sim::HasMode(flags) ? va_arg(rest, mode_t) : mode_t{0};
     va_end(rest);
     sim::NoteDeed("file", path, __builtin_frame_address(0));
     return sim::Next("open", &open)(path, flags, mode);
@@ -136,7 +141,7 @@ int open(const char *path, int flags, ...) {
 int open64(const char *path, int flags, ...) {
     std::va_list rest;
     va_start(rest, flags);
-    const auto mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : mode_t{0};
+    const auto mode = sim::HasMode(flags) ? va_arg(rest, mode_t) : mode_t{0};
     va_end(rest);
     sim::NoteDeed("file", path, __builtin_frame_address(0));
     return sim::Next("open64", &open64)(path, flags, mode);

@@ -15,7 +15,7 @@ using driver::UsageError;
 constexpr double kLeastScale = 0.25;
 constexpr double kMostScale = 4;
 
-/// Where the phones of windows keep what lasts: https://specifications.freedesktop.org/basedir-spec/latest
+/// Where the phones of windows keep what lasts: below XDG_DATA_HOME, as desktop programs do.
 std::filesystem::path DataDirectory() {
     const char *const data = std::getenv("XDG_DATA_HOME");
     if (data != nullptr && *data == '/') {
