@@ -27,8 +27,8 @@ void AddImage(App &app, const std::string &name, std::string bytes) {
     app.images.emplace_back(name, app.files.back());
 }
 
-/// Finds the images that the first does not load, directly or through others. Libraries are told by their last names,
-/// which are theirs alone within an app.
+/// Finds the images that the first does not load, directly or through others, and puts them behind those that are
+/// loaded with it. Libraries are told by their last names, which are theirs alone within an app.
 void FindLate(App &app) {
     std::set<std::string_view> reached{Leaf(app.images.front().name())};
     for (bool more = true; more;) {
@@ -47,6 +47,9 @@ void FindLate(App &app) {
             app.late.insert(image.name());
         }
     }
+    std::ranges::sort(std::next(app.images.begin()), app.images.end(), {}, [&](const Image &image) {
+        return std::pair(app.late.contains(image.name()), std::string_view(image.name()));
+    });
 }
 
 /// The app in the folder, below the prefix.

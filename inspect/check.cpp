@@ -13,16 +13,18 @@ using corvel::Holder;
 using corvel::SendPath;
 using corvel::SendStep;
 
-/// Whether a method with these types can be called as one with those that are wanted. A result that nobody looks at may
-/// be anything that comes in a register.
+/// Whether a method with these types can be called as one with those that are wanted. Only a result that is an object
+/// is used; another one decides no more than a line in the log, and may be anything that comes in a register.
 bool CanBeCalledAs(const char *wanted, const std::string &found) {
     objc::EncodingReader result{found.c_str()};
     result.SkipNoise();
-    if (*wanted != 'v' || objc::IsOneOf("{([", *result.at)) {
+    if (*wanted == '@' || objc::IsOneOf("{([", *result.at)) {
         return objc::SameEncoding(wanted, found.c_str(), objc::Integers::kLoose);
     }
     result.SkipType();
-    return objc::SameEncoding(wanted, ("v" + std::string(result.at)).c_str(), objc::Integers::kLoose);
+    objc::EncodingReader wantedResult{wanted};
+    wantedResult.SkipType();
+    return objc::SameEncoding(wantedResult.at, result.at, objc::Integers::kLoose);
 }
 
 /// Whether a way to send gets what it needs.
@@ -86,9 +88,15 @@ class HostCheck {
         }
         if (!corvel::CanStandFor(finding.types.c_str(), hook.selector.c_str(), hook.usesFirstAsObject)) {
             finding.verdict = Verdict::kUnfit;
-        } else if (late_.contains(classes_.ImageOf(hook.className))) {
-            finding.verdict = Verdict::kMissing;
-            finding.note = "its library " + classes_.ImageOf(hook.className) + " is not loaded with the app";
+            return finding;
+        }
+        // The class may come late, or the method that another library adds to it.
+        for (const std::string &image :
+             {classes_.ImageOf(hook.className), classes_.Find(hook.className, hook.selector)->image}) {
+            if (late_.contains(image)) {
+                finding.verdict = Verdict::kMissing;
+                finding.note = "its library " + image + " is not loaded with the app";
+            }
         }
         return finding;
     }
@@ -96,32 +104,46 @@ class HostCheck {
     Finding Step(const SendStep &step) const {
         switch (step.kind) {
         case SendStep::Kind::kMethod:
-        case SendStep::Kind::kOptional: {
+        case SendStep::Kind::kFill: {
             Finding finding = Look(step.className, step.name);
-            finding.dispensable = step.kind == SendStep::Kind::kOptional && finding.verdict == Verdict::kMissing;
             if (finding.verdict != Verdict::kMissing && !CanBeCalledAs(step.types, finding.types)) {
                 finding.verdict = Verdict::kUnfit;
                 finding.note = std::string("called as ") + step.types;
             }
             return finding;
         }
-        case SendStep::Kind::kClass: {
+        case SendStep::Kind::kCarrier: {
             Finding finding = Start(step.className, {});
             finding.verdict = finding.note.empty() ? Verdict::kPresent : Verdict::kMissing;
             return finding;
         }
-        case SendStep::Kind::kKey: {
-            Finding finding = Start(step.className, step.name);
-            finding.isKey = true;
-            if (finding.note.empty()) {
-                const bool can = classes_.CanSet(step.className, step.name);
-                finding.verdict = can ? Verdict::kPresent : Verdict::kMissing;
-                finding.note = can ? "" : "nothing by that key";
-            }
-            return finding;
-        }
+        case SendStep::Kind::kKey:
+        case SendStep::Kind::kCarrierKey:
+            return Key(step.className, step.name);
         }
         return {};
+    }
+
+    /// Whether a text can be set under the key.
+    Finding Key(const std::string &className, const std::string &key) const {
+        Finding finding = Start(className, key);
+        finding.isKey = true;
+        if (!finding.note.empty()) {
+            return finding;
+        }
+        const auto found = classes_.FindSetter(className, key);
+        if (!found) {
+            finding.note = "nothing by that key";
+            return finding;
+        }
+        finding.verdict = found->className == className ? Verdict::kPresent : Verdict::kInherited;
+        finding.from = found->className == className ? std::string{} : found->className;
+        finding.types = found->types;
+        if (!found->isObject) {
+            finding.verdict = Verdict::kUnfit;
+            finding.note = "takes no text";
+        }
+        return finding;
     }
 
     /// Whether objects of the class answer the message with an object.
@@ -142,6 +164,10 @@ class HostCheck {
             return std::ranges::any_of(holder.getters, [&](const char *getter) {
                 return getter != nullptr && Names(holder.className, getter);
             });
+        }
+        if (holder.key != nullptr) {
+            const auto found = classes_.FindGetter(holder.className, holder.key);
+            return found && found->isObject;
         }
         // The hook sees objects of a subclass too, unless that has a method of its own, which need not call the hooked
         // one.
@@ -175,22 +201,27 @@ class HostCheck {
             }
         }
         result.reason = result.held ? "" : std::string("no hook would bring a ") + path.className;
+        // What is there in another form is called or set all the same.
+        bool taken = result.held;
+        bool filled = false;
         for (const SendStep &step : path.steps) {
-            if (step.className == nullptr) {
-                continue;
+            if (step.className != nullptr) {
+                result.steps.push_back(Step(step));
+                const bool hasIt = result.steps.back().verdict != Verdict::kMissing;
+                taken &= hasIt || (step.kind != SendStep::Kind::kMethod && step.kind != SendStep::Kind::kKey);
+                filled |= step.kind == SendStep::Kind::kCarrierKey && Good(result.steps.back());
             }
-            const Finding finding = Step(step);
+        }
+        for (std::size_t i = 0; i < result.steps.size(); ++i) {
+            Finding &finding = result.steps[i];
+            finding.dispensable = filled && path.steps[i].kind == SendStep::Kind::kCarrierKey && !Good(finding);
             if (!Good(finding) && result.reason.empty()) {
                 result.reason = finding.className + (finding.name.empty() ? "" : " " + finding.name) +
                                 (finding.verdict == Verdict::kUnfit ? " has other types" : " is missing");
             }
-            result.steps.push_back(finding);
         }
         result.works = result.reason.empty();
-        // Without the class that carries the comment the way is gone all the same.
-        result.loses = result.held && !result.works && std::ranges::all_of(result.steps, [](const Finding &step) {
-                           return step.name.empty() || Good(step);
-                       });
+        result.loses = taken && !result.works;
         return result;
     }
 

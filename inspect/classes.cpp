@@ -1,5 +1,6 @@
 #include "inspect/classes.hpp"
 
+#include "adapters/method_types.hpp"
 #include "inspect/bad_input.hpp"
 #include "inspect/platform_classes.hpp"
 
@@ -13,12 +14,18 @@ namespace {
 constexpr std::size_t kDeepest = 1000;
 
 std::optional<FoundMethod> Among(const std::vector<Method> &methods, std::string_view selector,
-                                 const std::string &className) {
+                                 const std::string &className, const Image &image) {
     const auto found = std::ranges::find(methods, selector, &Method::selector);
     if (found == methods.end()) {
         return std::nullopt;
     }
-    return FoundMethod{.className = className, .types = std::string(found->types)};
+    return FoundMethod{.className = className, .types = std::string(found->types), .image = image.name()};
+}
+
+/// The key as it stands behind another word.
+std::string WithCapital(std::string key) {
+    key[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(key[0])));
+    return key;
 }
 
 } // namespace
@@ -68,18 +75,21 @@ std::vector<std::string> Classes::Lineage(const std::string &className) const {
 }
 
 std::optional<FoundMethod> Classes::FindOwn(const std::string &className, std::string_view selector) const {
-    // A category's method hides the class's own.
-    for (auto [at, end] = additions_.equal_range(className); at != end; ++at) {
-        if (auto found = Among(ReadMethodList(*at->second.image, at->second.methods), selector, className)) {
+    // A category's method hides the class's own, and those of categories that were added before.
+    for (auto [first, at] = additions_.equal_range(className); at != first;) {
+        const Addition &addition = (--at)->second;
+        if (auto found =
+                Among(ReadMethodList(*addition.image, addition.methods), selector, className, *addition.image)) {
             return found;
         }
     }
     if (const auto found = classes_.find(className); found != classes_.end()) {
-        return Among(ReadMethods(*found->second.image, found->second.entry), selector, className);
+        const Image &image = *found->second.image;
+        return Among(ReadMethods(image, found->second.entry), selector, className, image);
     }
     for (const PlatformMethod &method : PlatformMethods()) {
         if (method.className == className && method.selector == selector) {
-            return FoundMethod{.className = className, .types = std::string(method.types)};
+            return FoundMethod{.className = className, .types = std::string(method.types), .image = {}};
         }
     }
     return std::nullopt;
@@ -94,25 +104,47 @@ std::optional<FoundMethod> Classes::Find(const std::string &className, std::stri
     return std::nullopt;
 }
 
-bool Classes::CanSet(const std::string &className, const std::string &key) const {
-    std::string upper = key;
-    upper[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(upper[0])));
-    if (Find(className, "set" + upper + ":") || Find(className, "_set" + upper + ":")) {
-        return true;
-    }
-    const std::string variables[] = {"_" + key, "_is" + upper, key, "is" + upper};
+std::optional<FoundKey> Classes::FindVariable(const std::string &className, const std::string &key) const {
+    const std::string upper = WithCapital(key);
+    const std::string names[] = {"_" + key, "_is" + upper, key, "is" + upper};
     for (const std::string &level : Lineage(className)) {
         const auto found = classes_.find(level);
         if (found == classes_.end()) {
             continue;
         }
-        for (const std::string_view name : ReadVariables(*found->second.image, found->second.entry)) {
-            if (std::ranges::find(variables, name) != std::end(variables)) {
-                return true;
+        for (const Variable &variable : ReadVariables(*found->second.image, found->second.entry)) {
+            if (std::ranges::find(names, variable.name) != std::end(names)) {
+                return FoundKey{.className = level,
+                                .types = std::string(variable.type),
+                                .isObject = variable.type.starts_with('@') && !variable.type.starts_with("@?")};
             }
         }
     }
-    return false;
+    return std::nullopt;
+}
+
+std::optional<FoundKey> Classes::FindSetter(const std::string &className, const std::string &key) const {
+    const std::string upper = WithCapital(key);
+    for (const std::string &name : {"set" + upper + ":", "_set" + upper + ":"}) {
+        if (const auto found = Find(className, name)) {
+            return FoundKey{.className = found->className,
+                            .types = found->types,
+                            .isObject = corvel::TakesObjectFirst(found->types.c_str())};
+        }
+    }
+    return FindVariable(className, key);
+}
+
+std::optional<FoundKey> Classes::FindGetter(const std::string &className, const std::string &key) const {
+    const std::string upper = WithCapital(key);
+    for (const std::string &name : {"get" + upper, key, "is" + upper, "_" + key}) {
+        if (const auto found = Find(className, name)) {
+            return FoundKey{.className = found->className,
+                            .types = found->types,
+                            .isObject = corvel::IsObjectGetter(found->types.c_str())};
+        }
+    }
+    return FindVariable(className, key);
 }
 
 std::string Classes::UnknownAncestor(const std::string &className) const {

@@ -11,6 +11,14 @@ namespace inspect {
 struct FoundMethod {
     std::string className; // the class that defines it
     std::string types;
+    std::string image; // the name of the image that it stands in; empty for the system's
+};
+
+/// By what key-value coding reaches the value under a key: a method, or an instance variable.
+struct FoundKey {
+    std::string className; // the class that defines it
+    std::string types;     // the method's or the variable's
+    bool isObject = false; // whether it takes, or gives, any object
 };
 
 class Classes {
@@ -30,12 +38,16 @@ class Classes {
     std::optional<FoundMethod> Find(const std::string &className, std::string_view selector) const;
     /// The instance method that the class itself defines.
     std::optional<FoundMethod> FindOwn(const std::string &className, std::string_view selector) const;
-    /// Whether key-value coding sets a value of the class's objects under the key.
-    bool CanSet(const std::string &className, const std::string &key) const;
+    /// By what key-value coding sets a value of the class's objects under the key.
+    std::optional<FoundKey> FindSetter(const std::string &className, const std::string &key) const;
+    /// By what it reads the value.
+    std::optional<FoundKey> FindGetter(const std::string &className, const std::string &key) const;
     /// An ancestor that the system has and we know nothing of; empty when all are known.
     std::string UnknownAncestor(const std::string &className) const;
 
   private:
+    std::optional<FoundKey> FindVariable(const std::string &className, const std::string &key) const;
+
     struct Entry {
         const Image *image;
         ClassEntry entry;

@@ -28,10 +28,6 @@ Image::Image(std::string name, llvm::StringRef bytes)
     }
 }
 
-bool Image::isExecutable() const {
-    return file_->getHeader().filetype == MachO::MH_EXECUTE;
-}
-
 void Image::Complain(const std::string &what) const {
     throw BadInput(name_ + ": " + what);
 }

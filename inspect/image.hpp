@@ -36,7 +36,6 @@ class Image {
     const std::string &name() const {
         return name_;
     }
-    bool isExecutable() const;
     /// The names of the libraries that are loaded with it, as it writes them.
     const std::vector<std::string> &libraries() const {
         return libraries_;

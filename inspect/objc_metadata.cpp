@@ -17,6 +17,10 @@ constexpr std::uint64_t kVariables = 48;
 constexpr std::uint64_t kCategoryClass = 8;
 constexpr std::uint64_t kCategoryMethods = 16;
 
+// Of a variable.
+constexpr std::uint64_t kVariableName = 8;
+constexpr std::uint64_t kVariableType = 16;
+
 // A list begins with the size of its entries, which shares its word with flags, and their number.
 constexpr std::uint64_t kListHead = 8;
 constexpr std::uint32_t kRelative = 0x80000000;
@@ -140,21 +144,22 @@ std::vector<Method> ReadMethodList(const Image &image, std::uint64_t address) {
     return methods;
 }
 
-std::vector<std::string_view> ReadVariables(const Image &image, const ClassEntry &entry) {
-    std::vector<std::string_view> names;
+std::vector<Variable> ReadVariables(const Image &image, const ClassEntry &entry) {
+    std::vector<Variable> variables;
     const std::uint64_t address = image.PointerAt(ConstantPart(image, entry.address) + kVariables).address;
     if (address == 0) {
-        return names;
+        return variables;
     }
     const List list = ListAt(image, address, 32, 32);
     for (std::uint32_t i = 0; i < list.count; ++i) {
         // An anonymous bit field has no name.
-        const Pointer name = image.PointerAt(list.first + std::uint64_t{i} * list.entrySize + kPointerSize);
-        if (name) {
-            names.push_back(image.TextAt(name.address));
+        const std::uint64_t at = list.first + std::uint64_t{i} * list.entrySize;
+        if (const Pointer name = image.PointerAt(at + kVariableName)) {
+            variables.push_back({.name = image.TextAt(name.address),
+                                 .type = image.TextAt(image.PointerAt(at + kVariableType).address)});
         }
     }
-    return names;
+    return variables;
 }
 
 } // namespace inspect

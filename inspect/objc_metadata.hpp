@@ -12,6 +12,12 @@ struct Method {
     std::string_view types;
 };
 
+/// An instance variable as it is declared.
+struct Variable {
+    std::string_view name;
+    std::string_view type;
+};
+
 /// A class of the image.
 struct ClassEntry {
     std::string_view name;
@@ -35,7 +41,7 @@ std::vector<Method> ReadMethods(const Image &image, const ClassEntry &entry);
 /// The methods of the list at the address; none for 0.
 std::vector<Method> ReadMethodList(const Image &image, std::uint64_t address);
 
-/// The names of the instance variables of the class itself.
-std::vector<std::string_view> ReadVariables(const Image &image, const ClassEntry &entry);
+/// The instance variables of the class itself that have a name.
+std::vector<Variable> ReadVariables(const Image &image, const ClassEntry &entry);
 
 } // namespace inspect

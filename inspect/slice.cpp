@@ -19,7 +19,12 @@ template <class T> T Taken(const std::string &name, llvm::Expected<T> expected) 
     return std::move(*expected);
 }
 
-/// The slice for 64-bit ARM; one that is built for pointer authentication only when there is no other.
+/// Whether the code authenticates its pointers, which has them laid out otherwise.
+bool IsArm64e(std::uint32_t subtype) {
+    return (subtype & ~MachO::CPU_SUBTYPE_MASK) == MachO::CPU_SUBTYPE_ARM64E;
+}
+
+/// The slice for 64-bit ARM; one that authenticates its pointers only when there is no other.
 std::unique_ptr<MachOObjectFile> SliceOf(const std::string &name, llvm::MemoryBufferRef buffer) {
     const auto fat = Taken(name, MachOUniversalBinary::create(buffer));
     std::string others;
@@ -29,8 +34,7 @@ std::unique_ptr<MachOObjectFile> SliceOf(const std::string &name, llvm::MemoryBu
             others += (others.empty() ? "" : ", ") + slice.getArchFlagName();
             continue;
         }
-        const bool plain = (slice.getCPUSubType() & ~MachO::CPU_SUBTYPE_MASK) != MachO::CPU_SUBTYPE_ARM64E;
-        if (best == nullptr || plain) {
+        if (best == nullptr || !IsArm64e(slice.getCPUSubType())) {
             best = Taken(name, slice.getAsObjectFile());
         }
     }
@@ -43,6 +47,9 @@ std::unique_ptr<MachOObjectFile> SliceOf(const std::string &name, llvm::MemoryBu
 /// Throws for what holds no code that could be looked into.
 void Refuse(const std::string &name, const MachOObjectFile &file) {
     const MachO::mach_header_64 &header = file.getHeader64();
+    if (IsArm64e(header.cpusubtype)) {
+        throw BadInput(name + ": for processors with pointer authentication (arm64e) alone, as no app in the store is");
+    }
     if (header.filetype == MachO::MH_DYLIB_STUB) {
         throw BadInput(name + ": a stub to link against, which holds no classes");
     }
@@ -60,8 +67,10 @@ void Refuse(const std::string &name, const MachOObjectFile &file) {
             const MachO::segment_command_64 segment = file.getSegment64LoadCommand(command);
             const llvm::StringRef segmentName(segment.segname, strnlen(segment.segname, sizeof(segment.segname)));
             bitcode |= segmentName == "__LLVM" && segment.filesize != 0;
-            code |= segmentName == "__TEXT" && segment.filesize != 0;
         }
+    }
+    for (const auto &section : file.sections()) {
+        code |= section.isText() && section.getSize() != 0;
     }
     if (bitcode && !code) {
         throw BadInput(name + ": bitcode in place of machine code");

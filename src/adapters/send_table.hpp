@@ -19,18 +19,23 @@ template <class View, objc::FixedString Name, class R, class... A> struct HostMe
     R operator()(View receiver, A... arguments) const {
         return objc::Send<Name, R>(receiver, arguments...);
     }
-    static objc::SEL Selector() {
-        return objc::Selector<Name>();
-    }
 };
 
-/// Something that a way to send needs of a class of the host's.
+template <class View, objc::FixedString Name, class Signature>
+objc::SEL SelectorOf(HostMethod<View, Name, Signature> /*method*/) {
+    return objc::Selector<Name>();
+}
+
+/// Something that a way to send needs of a class of the host's. Without some of them the next way is tried; without
+/// the others the host is given a comment that has lost its text.
 struct SendStep {
     enum class Kind : unsigned char {
-        kMethod,   // it is called, with these types
-        kOptional, // it is called when it is there, then with these types
-        kClass,    // an object of the class is made
-        kKey,      // a value is set by key-value coding
+        kMethod,     // it is called, with these types; else the next way is tried
+        kKey,        // the text is set under it by key-value coding; else the next way is tried
+        kCarrier,    // an object of the class carries the text; else it is lost
+        kFill,       // it puts the text into the carrier, called with these types; else it is lost
+        kCarrierKey, // the text is set in the carrier under it by key-value coding; one of several is enough, else it
+                     // is lost
     };
     Kind kind;
     const char *className = nullptr; // nil: no step
@@ -44,20 +49,25 @@ constexpr SendStep Calls(HostMethod<View, Name, R(A...)>) {
     return {SendStep::Kind::kMethod, View::kClassName, kStaticText<Name>, objc::kMethodEncoding<R, A...>.data};
 }
 
-/// The step that calls the method when the object has it.
-template <class View, objc::FixedString Name, class R, class... A>
-constexpr SendStep MayCall(HostMethod<View, Name, R(A...)>) {
-    return {SendStep::Kind::kOptional, View::kClassName, kStaticText<Name>, objc::kMethodEncoding<R, A...>.data};
-}
-
-/// The step that makes an object of the class.
-template <class View> constexpr SendStep Makes() {
-    return {SendStep::Kind::kClass, View::kClassName};
-}
-
-/// The step that sets the value under the key.
+/// The step that sets the text under the key.
 template <class View, objc::FixedString Key> constexpr SendStep Sets() {
     return {SendStep::Kind::kKey, View::kClassName, kStaticText<Key>};
+}
+
+/// The step that makes an object of the class to carry the text.
+template <class View> constexpr SendStep CarriedBy() {
+    return {SendStep::Kind::kCarrier, View::kClassName};
+}
+
+/// The step that puts the text into its carrier by the method.
+template <class View, objc::FixedString Name, class R, class... A>
+constexpr SendStep FilledBy(HostMethod<View, Name, R(A...)>) {
+    return {SendStep::Kind::kFill, View::kClassName, kStaticText<Name>, objc::kMethodEncoding<R, A...>.data};
+}
+
+/// The step that puts the text into its carrier under the key.
+template <class View, objc::FixedString Key> constexpr SendStep FilledUnder() {
+    return {SendStep::Kind::kCarrierKey, View::kClassName, kStaticText<Key>};
 }
 
 /// A hook that brings us the object which a way to send goes through.
@@ -66,6 +76,8 @@ struct Holder {
     const char *selector = nullptr;
     /// Where the hooked object is not itself the one: by which of its methods it names it; the second may be nil.
     const char *getters[2] = {};
+    /// Or under which key.
+    const char *key = nullptr;
 };
 
 /// The hook of that method, whose object is held.

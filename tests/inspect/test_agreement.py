@@ -25,15 +25,14 @@ def has(classes, name, selector):
 
 
 class Agreement(Inspection):
-    def agree(self, host, plan=()):
-        """Holds the check against the library for the app with this plan, in which comments can be sent unless its methods
-        have types that the app's own events do not fit; what the check said."""
+    def agree(self, host, plan=(), sends=True):
+        """Holds the check against the library for the app with this plan, in which comments can be sent unless the app's own
+        events do not fit the types of its methods; what the check said."""
         plan = list(plan)
         classes = classes_of(host, plan)
         found = self.host(self.made(classes), host)
 
         script = [f"setup host {line}" for line in plan] + ["print host replaced"]
-        sends = not any(line.startswith("types ") for line in plan)
         if sends:
             script += EVENTS.get(host, [WHOLE.get(host, 'host enter "a"')])
             script += [f"host call {name} {selector} {words}" for name, cls, selector, words in USES.get(host, [])
@@ -76,13 +75,23 @@ class Agreement(Inspection):
         self.agree("douyin", ["without method HTSLiveCommentStore setup",
                               "without method HTSLiveCommentFragment componentMount"])
         self.agree("douyin", ["without class IESLiveCommentContext", "without method HTSLiveCommentStore context"])
+        # A store that takes something else in the context's place leaves the fragment nothing to send.
+        found = self.agree("douyin", ["types HTSLiveCommentStore sendCommentWithCommentContext:completion: v@:q@?"])
+        self.assertTrue(found["paths"][0]["loses"])
+        # One of two names for the text is enough; without either the store gets a comment that has none.
+        keys = [f"without method IESLiveCommentContext {setter}" for setter in ("setContent:", "setPlainText:")]
+        for key in keys:
+            self.assertTrue(self.agree("douyin", [key])["works"])
+        self.assertFalse(self.agree("douyin", keys)["works"])
 
     def test_xhs(self):
         self.every_change("xhs")
         first = "without method XYLivePlayDecorateView sendFasterChatMsg:"
         self.agree("xhs", [first, "without method XYCommentBar sendButtonTapped:"])
         self.agree("xhs", [first, "without method XYCommentBar setText:"])
-        self.agree("xhs", [first, "without method XYCommentBar sendButtonTapped:", "without class XYLiveIMMessage"])
+        bar = "without method XYCommentBar sendButtonTapped:"
+        self.agree("xhs", [first, bar, "without class XYLiveIMMessage"])
+        self.agree("xhs", [first, bar, "without method XYLiveIMMessage initWithType:groupID:priority:dict:"])
         self.agree("xhs", ["without method XYLivePlayDecorateView didMoveToSuperview",
                            "without method XYCommentBar attachToViewController:hideWhenNotFirstResponder:"])
 
@@ -119,7 +128,7 @@ class Agreement(Inspection):
             ("wechat", "MMLiveCommentView didMoveToWindow", "f@:", "types"),
             ("douyin", "HTSLiveCommentFragment componentMount", "{CGRect=dddd}@:", "types"),
         ):
-            found = self.agree(host, [f"types {method} {types}"])
+            found = self.agree(host, [f"types {method} {types}"], sends=False)
             name, selector = method.split()
             hook = next(hook for hook in found["hooks"] if (hook["class"], hook["method"]) == (name, selector))
             self.assertEqual(hook["verdict"], verdict, method)

@@ -46,11 +46,14 @@ class Forms(Inspection):
         return path
 
     def test_folder_and_ipa(self):
+        """Whatever holds an app's classes, the same is said of them."""
         for host in HOSTS:
+            plain = self.answer(self.made(classes_of(host)))[1]["hosts"]
             folder = self.app(host)
             for path in (folder, self.packed(folder)):
                 status, entry = self.answer(path)
                 self.assertEqual((status, entry["host"], entry["works"]), (0, HOSTS[host], True))
+                self.assertEqual(entry["hosts"], plain)
             (folder / "Info.plist").write_bytes(plistlib.dumps(plistlib.loads((folder / "Info.plist").read_bytes()),
                                                                fmt=plistlib.FMT_BINARY))
             self.assertEqual(self.answer(folder)[0], 0)
@@ -69,6 +72,25 @@ class Forms(Inspection):
         self.assertEqual(hook["verdict"], "missing")
         self.assertIn("not loaded with the app", hook["note"])
 
+    def test_what_comes_late_is_passed_over(self):
+        """Of two classes of one name the one that is loaded first counts; a method that comes late is not hooked."""
+        classes = classes_of("kuaishou")
+        folder = self.folder / "App.app"
+        self.made(classes.part(["KSLiveCommentService"]), "App.app/Frameworks/A.dylib", kind="-dylib")
+        early = self.made(classes, "App.app/Frameworks/B.dylib", kind="-dylib")
+        build(self.folder, "App.app/Main", HEAD, libraries=[early])
+        (folder / "Info.plist").write_bytes(self.info("kuaishou"))
+        self.assertEqual({hook["verdict"] for hook in self.answer(folder)[1]["hosts"][2]["hooks"]}, {"present"})
+        bar = "KSSLiveCommentBarService"
+        late = classes.part([bar])
+        late.methods[bar] = {"bindTarget:": classes.methods[bar].pop("bindTarget:")}
+        more = late.source([bar]).replace(f"@implementation {bar}\n@end\n", "")
+        self.made(classes, "App.app/Main")
+        build(self.folder, "App.app/Frameworks/A.dylib", more, kind="-dylib")
+        hook = next(hook for hook in self.answer(folder)[1]["hosts"][2]["hooks"] if hook["method"] == "bindTarget:")
+        self.assertEqual((hook["verdict"], hook["note"]),
+                         ("missing", "its library Frameworks/A.dylib is not loaded with the app"))
+
     def test_inherited_across_images(self):
         classes = classes_of("kuaishou", ["inherits KSSLiveCommentBarService comment:"])
         base = self.made(classes.part(["KSSLiveBarService", "KwaiLiveBaseService", "KwaiLiveBaseComponent"]),
@@ -82,24 +104,70 @@ class Forms(Inspection):
         self.assertEqual([path["name"] for path in found["paths"] if path["works"]], ["bar"])
         self.assertEqual(found["paths"][0]["steps"][0]["from"], "KSSLiveBarService")
 
+    def universal(self, name, *parts):
+        path = self.folder / name
+        subprocess.run(["llvm-lipo-19", "-create", *parts, "-output", path], check=True)
+        return path
+
     def test_universal(self):
         source = classes_of("wechat").source()
         phone = build(self.folder, "phone", source)
+        plain = self.answer(phone)[1]["hosts"]
         desk = build(self.folder, "desk", source, target="x86_64-apple-ios15.0-simulator")
-        both = self.folder / "both"
-        subprocess.run(["llvm-lipo-19", "-create", phone, desk, "-output", both], check=True)
-        self.assertEqual(self.answer(both)[0], 0)
-        only = self.folder / "only"
-        subprocess.run(["llvm-lipo-19", "-create", desk, "-output", only], check=True)
-        self.refused(only, "no part for 64-bit ARM, only x86_64")
+        old = self.folder / "old"
+        subprocess.run(["clang-19", "-target", "armv7-apple-ios10", "-x", "c", "-c", "/dev/null", "-o", old], check=True)
+        for parts in ((phone, desk), (old, phone), (old, desk, phone)):
+            status, entry = self.answer(self.universal("several", *parts))
+            self.assertEqual((status, entry["hosts"]), (0, plain))
+        self.refused(self.universal("only", desk), "no part for 64-bit ARM, only x86_64")
+        self.refused(self.universal("neither", desk, old), "no part for 64-bit ARM, only x86_64, armv7")
         self.refused(desk, "for x86_64, not for 64-bit ARM")
+        self.refused(old, "for a 32-bit")
+
+    def test_pointer_authentication(self):
+        """Beside plain code, code for arm64e is passed over, although its part may come first; alone it is refused."""
+        classes = classes_of("wechat")
+        phone = self.made(classes)
+        content = bytearray(build(self.folder, "signed", HEAD).read_bytes())
+        struct.pack_into("<I", content, 8, 0x80000002)
+        signed = self.folder / "signed"
+        signed.write_bytes(content)
+        self.refused(signed, "arm64e")
+        self.refused(self.universal("only", signed), "arm64e")
+        for parts in ((phone, signed), (signed, phone)):
+            status, entry = self.answer(self.universal("both", *parts))
+            self.assertEqual((status, entry["hosts"]), (0, self.answer(phone)[1]["hosts"]))
 
     def test_a_key_by_its_variable(self):
         classes = classes_of("xhs", ["without method XYCommentBar setText:"])
-        for variables, works in (("", False), ("id _text;", True), ("id text2;", False)):
+        for variables, verdict in (("", "missing"), ("id _text;", "present"), ("id text2;", "missing"),
+                                   ("double text;", "types"), ("Block _isText;", "types")):
             classes.variables["XYCommentBar"] = variables
-            found = self.host(self.made(classes), "xhs")
-            self.assertEqual(found["paths"][1]["works"], works, variables)
+            bar = self.host(self.made(classes), "xhs")["paths"][1]
+            self.assertEqual((bar["steps"][0]["verdict"], bar["works"]), (verdict, verdict == "present"), variables)
+
+    def test_a_delegate_by_its_variable(self):
+        """The decorate view comes as its bar's delegate where no other hook brings it."""
+        plan = ["types XYLivePlayDecorateView didMoveToSuperview d@:", "without method XYCommentBar delegate"]
+        classes = classes_of("xhs", plan)
+        for variables, held in (("", False), ("id _delegate;", True), ("long delegate;", False)):
+            classes.variables["XYCommentBar"] = variables
+            self.assertEqual(self.host(self.made(classes), "xhs")["paths"][0]["held"], held, variables)
+
+    def test_other_types_lose_comments(self):
+        """A method that is called with what it does not take ends the send; the ways behind it are not tried."""
+        for host, method, types in (
+            ("xhs", "XYLivePlayDecorateView sendFasterChatMsg:", "v@:q"),
+            ("kuaishou", "KSSLiveCommentBarService comment:", "v@:q"),
+            ("wechat", "MMLiveCommentView didCommitText:", "B@:q"),
+        ):
+            found = self.host(self.made(classes_of(host, [f"types {method} {types}"])), host)
+            self.assertEqual((found["works"], found["paths"][0]["loses"]), (False, True), method)
+
+    def test_a_result_that_nobody_uses(self):
+        for types, works in (("v@:@", True), ("@@:@", True), ("q@:@", True), ("{CGRect=dddd}@:@", False)):
+            found = self.host(self.made(classes_of("wechat", [f"types MMLiveCommentView didCommitText: {types}"])), "wechat")
+            self.assertEqual(found["works"], works, types)
 
     def test_classes_of_swift(self):
         source = classes_of("wechat").source().replace(
@@ -158,6 +226,21 @@ class Forms(Inspection):
         struct.pack_into("<I", content, 12, 9)
         path.write_bytes(content)
         self.refused(path, "a stub to link against")
+
+    def test_bitcode(self):
+        """Beside machine code it does no harm; in its place there is nothing to look into."""
+        part = self.folder / "bitcode"
+        subprocess.run(["clang-19", "-target", "arm64-apple-ios15.0", "-emit-llvm", "-x", "c", "-c", "/dev/null", "-o", part],
+                       check=True)
+        self.refused(part, "bitcode in place of machine code")
+        embedded = ["-sectcreate", "__LLVM", "__bundle", part]
+        self.assertEqual(self.answer(self.made(classes_of("wechat"), arguments=embedded))[0], 0)
+        stub = build(self.folder, "App.app/Frameworks/Stub.dylib", "int nothing;", embedded, kind="-dylib")
+        self.refused(stub, "bitcode in place of machine code")
+        folder = self.app("wechat")
+        status, entry = self.answer(folder)
+        self.assertEqual(status, 0)
+        self.assertEqual(entry["leftAside"], ["Frameworks/Stub.dylib: bitcode in place of machine code"])
 
     def test_cut_off(self):
         folder = self.app("kuaishou")

@@ -23,7 +23,8 @@ constexpr SendPath kPaths[] = {
                  StoreBehind<"sendComment:commentContext:completion:">(),
                  StoreBehind<"commentSucceedForComment:withFakeMessage:commentEnterSource:">(),
                  StoreBehind<"commentBegan">(), HeldBy<CommentStore, "setup">()},
-     .steps = {Makes<CommentContext>(), Calls(kSendByStore)}},
+     .steps = {CarriedBy<CommentContext>(), FilledUnder<CommentContext, "content">(),
+               FilledUnder<CommentContext, "plainText">(), Calls(kSendByStore)}},
     {.name = "fragment",
      .className = CommentFragment::kClassName,
      .holders = {HeldBy<CommentFragment, "componentMount">(),
@@ -78,7 +79,7 @@ bool SendViaStore(CommentStore store, ns::String text, ns::String roomId) {
     }
     FillContext(context, text, roomId);
 
-    const objc::SEL send = kSendByStore.Selector();
+    const objc::SEL send = SelectorOf(kSendByStore);
     if (!store.respondsToSelector(send)) {
         return false;
     }
@@ -95,7 +96,7 @@ bool SendViaFragment(CommentFragment fragment, ns::String text, ns::String roomI
         SetOrSkip(context, "isUrgent"_ns, ns::Number::numberWithBool(true));
         SetOrSkip(context, "priority"_ns, ns::Number::numberWithInt(0));
     }
-    if (!fragment.respondsToSelector(kSendByFragment.Selector())) {
+    if (!fragment.respondsToSelector(SelectorOf(kSendByFragment))) {
         return false;
     }
     kSendByFragment(fragment, text, context.get(), nullptr);
