@@ -35,8 +35,14 @@ def play(host, lines):
     return facts
 
 
+def play_app(host, plan=(), lines=()):
+    """The app's classes as the plan makes them, and what the simulator prints for a script."""
+    facts = play(host, [f"setup host {line}" for line in plan] + ["print host classes", *lines])
+    return Classes(facts["host classes"]), facts
+
+
 def classes_of(host, plan=()):
-    return Classes(play(host, [f"setup host {line}" for line in plan] + ["print host classes"])["host classes"])
+    return play_app(host, plan)[0]
 
 
 def ask(*words):

@@ -3,7 +3,7 @@
 import re
 import unittest
 
-from inspection import HOSTS, LAYOUTS, Inspection, classes_of, play
+from inspection import HOSTS, LAYOUTS, Inspection, classes_of, play_app
 
 PROBE = "probe"
 SENDERS = {"douyin": "DY", "xhs": "XHS", "kuaishou": "KS", "wechat": "FC"}
@@ -16,29 +16,18 @@ USES = {
 WHOLE = {"douyin": 'host enter "7311" at roomModel.identifier'}
 
 
-def has(classes, name, selector):
-    while name in classes.supers:
-        if selector in classes.methods[name]:
-            return True
-        name = classes.supers[name]
-    return False
-
-
 class Agreement(Inspection):
     def agree(self, host, plan=(), sends=True):
         """Holds the check against the library for the app with this plan, in which comments can be sent unless the app's own
         events do not fit the types of its methods; what the check said."""
-        plan = list(plan)
-        classes = classes_of(host, plan)
-        found = self.host(self.made(classes), host)
-
-        script = [f"setup host {line}" for line in plan] + ["print host replaced"]
+        script = ["print host replaced"]
         if sends:
             script += EVENTS.get(host, [WHOLE.get(host, 'host enter "a"')])
             script += [f"host call {name} {selector} {words}" for name, cls, selector, words in USES.get(host, [])
-                       if cls in classes.supers and has(classes, cls, selector)]
+                       if not {f"without class {cls}", f"without method {cls} {selector}"} & set(plan)]
             script += [f'call {SENDERS[host]}_SendMessage "{PROBE}"', "print comments"]
-        said = play(host, script)
+        classes, said = play_app(host, plan, script)
+        found = self.host(self.made(classes), host)
 
         hooked = sorted(f'{hook["class"]} {hook["method"]}' for hook in found["hooks"]
                         if hook["verdict"] in ("present", "inherited"))
