@@ -38,7 +38,7 @@ class HostCheck {
         : host_(host), classes_(classes), late_(late) {}
 
     HostFinding Run() {
-        HostFinding result{.name = host_.name, .hooks = {}, .paths = {}};
+        HostFinding result{.name = host_.name, .hooks = {}, .paths = {}, .options = {}};
         for (const WantedHook &hook : host_.hooks) {
             result.hooks.push_back(Hook(hook));
         }
@@ -46,6 +46,12 @@ class HostCheck {
             result.paths.push_back(Path(path, result.hooks));
         }
         ShutOff(result.paths);
+        for (const WantedOption &option : host_.options) {
+            OptionFinding &finding = result.options.emplace_back(OptionFinding{.key = option.key, .getters = {}});
+            for (const WantedGetter &getter : option.getters) {
+                finding.getters.push_back(Getter(getter));
+            }
+        }
         result.works = std::ranges::any_of(result.paths, &PathFinding::works);
         return result;
     }
@@ -97,6 +103,15 @@ class HostCheck {
                 finding.verdict = Verdict::kMissing;
                 finding.note = "its library " + image + " is not loaded with the app";
             }
+        }
+        return finding;
+    }
+
+    /// Options are applied long after the app has started: no library is too late for them.
+    Finding Getter(const WantedGetter &getter) const {
+        Finding finding = Look(getter.className, getter.selector);
+        if (finding.verdict != Verdict::kMissing && !corvel::CanForce(*getter.forced, finding.types.c_str())) {
+            finding.verdict = Verdict::kUnfit;
         }
         return finding;
     }

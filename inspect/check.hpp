@@ -40,10 +40,17 @@ struct PathFinding {
     std::string reason;
 };
 
+/// What was found of the getters that an option forces.
+struct OptionFinding {
+    std::string key;
+    std::vector<Finding> getters;
+};
+
 struct HostFinding {
     std::string name;
     std::vector<Finding> hooks;
     std::vector<PathFinding> paths;
+    std::vector<OptionFinding> options;
     /// Whether a way to send would work.
     bool works = false;
 };

@@ -130,6 +130,12 @@ std::string AsText(const Report &report) {
                 text += Line("    ", step);
             }
         }
+        for (const OptionFinding &option : host.options) {
+            text += "  option " + option.key + "\n";
+            for (const Finding &getter : option.getters) {
+                text += Line("    ", getter);
+            }
+        }
     }
     text += "\n";
     if (report.own < report.hosts.size()) {
@@ -156,7 +162,15 @@ nlohmann::json AsJson(const Report &report) {
             }
             paths.push_back(std::move(entry));
         }
-        hosts.push_back({{"name", host.name}, {"works", host.works}, {"hooks", AsJson(host.hooks)}, {"paths", paths}});
+        nlohmann::json options = nlohmann::json::array();
+        for (const OptionFinding &option : host.options) {
+            options.push_back({{"key", option.key}, {"getters", AsJson(option.getters)}});
+        }
+        hosts.push_back({{"name", host.name},
+                         {"works", host.works},
+                         {"hooks", AsJson(host.hooks)},
+                         {"paths", paths},
+                         {"options", options}});
     }
     nlohmann::json leftAside = nlohmann::json::array();
     for (const std::string &line : report.leftAside) {

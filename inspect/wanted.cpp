@@ -8,6 +8,8 @@
 #include "runtime/autorelease.hpp"
 #include "runtime/foreign_leaks.hpp"
 
+#include <algorithm>
+
 namespace inspect {
 namespace {
 
@@ -28,15 +30,38 @@ std::vector<WantedHook> HooksOf(const corvel::HostApp &host) {
     return seen;
 }
 
+/// The latency options, an entry for each switch, whose getters may stand in several rows.
+std::vector<WantedOption> DouyinOptions() {
+    std::vector<WantedOption> options;
+    for (const corvel::LatencyOption &row : corvel::LatencyOptions()) {
+        const std::string key = row.preference.key().UTF8String();
+        auto option = std::ranges::find(options, key, &WantedOption::key);
+        if (option == options.end()) {
+            option = options.insert(option, {.key = key, .getters = {}});
+        }
+        for (const corvel::ForcedGetter &forced : row.getters) {
+            if (forced.selector != nullptr) {
+                option->getters.push_back({.className = ns::String(row.player.name).UTF8String(),
+                                           .selector = sel_getName(forced.selector()),
+                                           .forced = &forced});
+            }
+        }
+    }
+    return options;
+}
+
 std::vector<WantedHost> ReadTables() {
     const sim::AutoreleasePool pool;
     const std::span<const corvel::HostApp> apps = corvel::HostApps();
     std::vector<WantedHost> hosts;
     hosts.reserve(apps.size());
     for (std::size_t i = 0; i < apps.size(); ++i) {
-        hosts.push_back(
-            {.name = ns::String(apps[i].name).UTF8String(), .hooks = HooksOf(apps[i]), .paths = kPaths[i]()});
+        hosts.push_back({.name = ns::String(apps[i].name).UTF8String(),
+                         .hooks = HooksOf(apps[i]),
+                         .paths = kPaths[i](),
+                         .options = {}});
     }
+    hosts[static_cast<std::size_t>(corvel::HostPlatform::kDouyin)].options = DouyinOptions();
     return hosts;
 }
 

@@ -35,9 +35,10 @@ def play(host, lines):
     return facts
 
 
-def play_app(host, plan=(), lines=()):
-    """The app's classes as the plan makes them, and what the simulator prints for a script."""
-    facts = play(host, [f"setup host {line}" for line in plan] + ["print host classes", *lines])
+def play_app(host, plan=(), lines=(), switches=()):
+    """The app's classes as the plan makes them, and what the simulator prints for a script with the switches on."""
+    facts = play(host, [*(f"setup host {line}" for line in plan), *(f"setup set {key} bool true" for key in switches),
+                        "print host classes", *lines])
     return Classes(facts["host classes"]), facts
 
 

@@ -13,6 +13,8 @@ USES = {
     "douyin": [("fragment 1", "HTSLiveCommentFragment", "commentBegan", "")],
     "kuaishou": [("service 1", "KSLiveCommentService", "comment:completion:", '"by hand" block 1')],
 }
+OPTIONS = {f"Corvel.latency.{name}" for name in ("strictDanmakuBuffer", "forceCachalot", "streamDataFirst",
+                                                 "playerOptimization")}
 WHOLE = {"douyin": 'host enter "7311" at roomModel.identifier'}
 
 
@@ -95,6 +97,21 @@ class Agreement(Inspection):
 
     def test_wechat(self):
         self.every_change("wechat")
+
+    def test_options(self):
+        """What the latency options force: the getters that the app has, where they are defined, if they give what is forced."""
+        name = "TVLPlayerItemPreferences"
+        for plan in ([], [f"with method {name} isLowLatencyFLV"], [f"without class {name}"],
+                     [f"without method {name} startPlayBufferWaitTime", f"types {name} isSVCEnabled q@:"],
+                     [f"inherits {name} LSSSuggestQuic", "types VeLivePlayerConfiguration retryMaxCount I@:"],
+                     ["without class VeLivePlayerConfiguration", f"types {name} finalUseFastOpenDuration d@:"]):
+            classes, said = play_app("douyin", plan, ["wait 4", "print host replaced"], OPTIONS)
+            options = self.host(self.made(classes), "douyin")["options"]
+            self.assertEqual({option["key"] for option in options}, OPTIONS)
+            getters = {f'{getter.get("from", getter["class"])} {getter["method"]}' for option in options
+                       for getter in option["getters"] if getter["verdict"] in ("present", "inherited")}
+            forced = {fact for fact in said["host replaced"] if fact.startswith(("TVL", "VeLive"))}
+            self.assertEqual(getters, forced, plan)
 
     def test_inherited(self):
         for host in HOSTS:
