@@ -148,8 +148,12 @@ std::optional<FoundKey> Classes::FindGetter(const std::string &className, const 
 }
 
 std::string Classes::UnknownAncestor(const std::string &className) const {
-    const std::string oldest = Lineage(className).back();
-    return Has(oldest) || IsPlatformClass(oldest) ? std::string{} : oldest;
+    for (const std::string &level : Lineage(className)) {
+        if (!Has(level) && !IsPlatformClass(level)) {
+            return level;
+        }
+    }
+    return {};
 }
 
 } // namespace inspect

@@ -42,7 +42,7 @@ class Classes {
     std::optional<FoundKey> FindSetter(const std::string &className, const std::string &key) const;
     /// By what it reads the value.
     std::optional<FoundKey> FindGetter(const std::string &className, const std::string &key) const;
-    /// An ancestor that the system has and we know nothing of; empty when all are known.
+    /// The nearest ancestor that is not in the app and that we know nothing of; empty when all are known.
     std::string UnknownAncestor(const std::string &className) const;
 
   private:

@@ -11,9 +11,11 @@ struct PlatformClass {
     std::string_view superclass;
 };
 
+constexpr std::string_view kRoot = "NSObject";
+
 constexpr PlatformClass kClasses[] = {
-    {"NSObject", ""},
-    {"UIResponder", "NSObject"},
+    {kRoot, ""},
+    {"UIResponder", kRoot},
     {"UIView", "UIResponder"},
     {"UIViewController", "UIResponder"},
     {"UIControl", "UIView"},
@@ -30,9 +32,11 @@ constexpr PlatformClass kClasses[] = {
 };
 
 constexpr PlatformMethod kMethods[] = {
-    {"NSObject", "dealloc", "v16@0:8"},          {"NSObject", "init", "@16@0:8"},
-    {"UIView", "didMoveToSuperview", "v16@0:8"}, {"UIView", "didMoveToWindow", "v16@0:8"},
-    {"UILabel", "setText:", "v24@0:8@16"},       {"UITextField", "setText:", "v24@0:8@16"},
+    {kRoot, "dealloc", "v16@0:8"},
+    {"UIView", "didMoveToSuperview", "v16@0:8"},
+    {"UIView", "didMoveToWindow", "v16@0:8"},
+    {"UILabel", "setText:", "v24@0:8@16"},
+    {"UITextField", "setText:", "v24@0:8@16"},
     {"UITextView", "setText:", "v24@0:8@16"},
 };
 
@@ -45,7 +49,7 @@ const PlatformClass *Find(std::string_view name) {
 
 std::string_view PlatformSuperclass(std::string_view className) {
     const PlatformClass *const found = Find(className);
-    return found != nullptr ? found->superclass : std::string_view{};
+    return found != nullptr ? found->superclass : kRoot;
 }
 
 bool IsPlatformClass(std::string_view className) {

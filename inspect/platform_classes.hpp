@@ -12,7 +12,8 @@ struct PlatformMethod {
     std::string_view types;
 };
 
-/// The superclass of a class of the system; empty for a root and for one that is not known.
+/// The superclass of a class of the system; empty for the root, which all that are not known here are taken to descend
+/// from.
 std::string_view PlatformSuperclass(std::string_view className);
 
 /// Whether the class of the system is known here.

@@ -1,9 +1,10 @@
 #include "inspect/report.hpp"
 
+#include "inspect/shown.hpp"
+
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <cctype>
 
 namespace inspect {
 namespace {
@@ -20,21 +21,6 @@ const char *Word(Verdict verdict) {
         return "types";
     }
     return "";
-}
-
-/// The text with whatever could steer a terminal, or is no UTF-8, written in numbers: names come from the file.
-std::string Shown(const std::string &text) {
-    std::string shown;
-    for (const char character : text) {
-        const auto code = static_cast<unsigned char>(character);
-        if (code >= 0x20 && code < 0x7F) {
-            shown += character;
-        } else {
-            constexpr const char *kDigits = "0123456789ABCDEF";
-            shown += {'\\', 'x', kDigits[code >> 4], kDigits[code & 15]};
-        }
-    }
-    return shown;
 }
 
 std::string Subject(const Finding &finding) {
@@ -117,7 +103,7 @@ Report MakeReport(const App &app) {
 std::string AsText(const Report &report) {
     std::string text = Shown(report.name) + (report.identifier.empty() ? "" : "  " + Shown(report.identifier)) + "\n";
     for (const std::string &line : report.leftAside) {
-        text += "  left aside: " + Shown(line) + "\n";
+        text += "  left aside: " + line + "\n";
     }
     for (const HostFinding &host : report.hosts) {
         text += "\n" + host.name + "\n  hooks\n";
@@ -172,16 +158,12 @@ nlohmann::json AsJson(const Report &report) {
                          {"paths", paths},
                          {"options", options}});
     }
-    nlohmann::json leftAside = nlohmann::json::array();
-    for (const std::string &line : report.leftAside) {
-        leftAside.push_back(Shown(line));
-    }
     return {
         {"path", Shown(report.name)},
         {"identifier", Shown(report.identifier)},
         {"host", report.own < report.hosts.size() ? nlohmann::json(report.hosts[report.own].name) : nlohmann::json()},
         {"works", report.works()},
-        {"leftAside", leftAside},
+        {"leftAside", report.leftAside},
         {"hosts", hosts}};
 }
 

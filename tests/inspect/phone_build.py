@@ -77,8 +77,7 @@ class Classes:
         def declare(name):
             if name in written:
                 return
-            superclass = self.supers.get(name, "UIView" if name == "UIView" else "NSObject")
-            superclass = "NSObject" if superclass == "UIView" and name == "UIView" else superclass
+            superclass = self.supers.get(name, "NSObject")
             declare(superclass)
             written.add(name)
             variables = self.variables.get(name, "")

@@ -13,7 +13,11 @@ from phone_build import HEAD, build
 IDENTIFIERS = {"douyin": "com.ss.iphone.ugc.Aweme", "xhs": "com.xingin.discover", "kuaishou": "com.jiangjia.gif",
                "wechat": "com.tencent.xin"}
 LC_ENCRYPTION_INFO_64 = 0x2C
-LC_SEGMENT_64 = 0x19
+# A class as the compiler lays it out.
+PARTS = """
+struct part { unsigned flags, start, size, more; void *layout; const char *name; void *rest[6]; };
+struct cls { struct cls *isa, *super; void *cache[2]; struct part *part; };
+"""
 
 
 def commands(bytes_):
@@ -176,6 +180,28 @@ class Forms(Inspection):
         status, said, _ = ask(build(self.folder, "App", source))
         self.assertEqual(status, 1)
         self.assertIn("only a class of Swift, _TtC4Live17MMLiveCommentView", said)
+        # One that has a name for Objective-C too is a class like others; its description is marked.
+        found = self.host(build(self.folder, "App", f"""
+        {PARTS}
+        extern struct cls one;
+        struct part p1 = {{.name = "MMLiveCommentView"}};
+        __attribute__((section("__DATA,__data"))) struct cls one = {{&one, 0, {{0}}, (struct part *)((char *)&p1 + 2)}};
+        __attribute__((section("__DATA,__objc_classlist"), used)) struct cls *list[] = {{&one}};
+        """), "wechat")
+        self.assertEqual({hook["note"] for hook in found["hooks"]}, {"no such method"})
+
+    def test_ancestors_of_the_system(self):
+        """Of one that is not known, no more than what every object has."""
+        classes = classes_of("douyin")
+        fragment = "HTSLiveCommentFragment"
+        classes.supers[fragment] = "UIInputViewController"
+        for selector in ("dealloc", "commentBegan"):
+            del classes.methods[fragment][selector]
+        hooks = {hook["method"]: hook for hook in self.host(self.made(classes), "douyin")["hooks"]
+                 if hook["class"] == fragment}
+        self.assertEqual((hooks["dealloc"]["verdict"], hooks["dealloc"]["from"]), ("inherited", "NSObject"))
+        self.assertEqual(hooks["commentBegan"]["note"],
+                         "no such method in the app; what its ancestor UIInputViewController has is not known")
 
     def test_encrypted(self):
         path = self.made(classes_of("wechat"), arguments=["-encryptable"])
@@ -209,6 +235,17 @@ class Forms(Inspection):
             self.refused(path, text)
         self.refused(self.folder / "nothing", "no such file")
         self.refused(self.folder, "no Info.plist")
+
+    def test_names_that_steer_a_terminal(self):
+        """Names out of a file stand in one line, as they are when they are only foreign."""
+        folder = self.app("wechat")
+        (folder / "Info.plist").write_bytes(plistlib.dumps({"CFBundleExecutable": "a\nb\x1b[2J\u202e\u2028直播"},
+                                                           fmt=plistlib.FMT_BINARY))
+        self.refused(folder, "the executable a\\x0Ab\\x1B[2J\\xE2\\x80\\xAE\\xE2\\x80\\xA8直播 is missing")
+        (folder / "Info.plist").write_bytes(self.info("wechat"))
+        foreign = folder.rename(self.folder / "微信 8.0.app")
+        self.assertEqual(self.answer(foreign)[1]["path"], str(foreign))
+        self.assertIn("微信 8.0.app  com.tencent.xin", ask(foreign)[1].splitlines()[0])
 
     def test_no_app_in_the_zip(self):
         folder = self.app("wechat")
@@ -255,9 +292,7 @@ class Forms(Inspection):
                 self.assertEqual(said == "", status == 2)
 
     def test_classes_in_a_circle(self):
-        source = """
-        struct part { unsigned flags, start, size, more; void *layout; const char *name; void *rest[6]; };
-        struct cls { struct cls *isa, *super; void *cache[2]; struct part *part; };
+        source = PARTS + """
         extern struct cls one, two;
         struct part p1 = {.name = "MMLiveCommentView"}, p2 = {.name = "Two"};
         __attribute__((section("__DATA,__data"))) struct cls one = {&one, &two, {0}, &p1}, two = {&two, &one, {0}, &p2};
