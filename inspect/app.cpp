@@ -69,15 +69,12 @@ App FromFolder(const std::string &name, Folder &folder, const std::string &prefi
     std::vector<std::string> names = folder.Names();
     std::ranges::sort(names);
     for (const std::string &file : names) {
-        if (!file.starts_with(prefix + "Frameworks/")) {
+        if (!file.starts_with(prefix + "Frameworks/") || !LooksLikeMachO(folder.ReadHead(file).value_or(""))) {
             continue;
         }
-        std::optional<std::string> bytes = folder.Read(file);
-        if (!bytes || !LooksLikeMachO(*bytes)) {
-            continue;
-        }
+        std::string bytes = folder.Read(file).value_or("");
         try {
-            AddImage(app, file.substr(prefix.size()), std::move(*bytes));
+            AddImage(app, file.substr(prefix.size()), std::move(bytes));
         } catch (const BadInput &bad) {
             app.leftAside.emplace_back(bad.what());
         }

@@ -15,9 +15,19 @@ class Folder {
     virtual ~Folder() = default;
 
     /// The file by its name within the folder; empty when there is none. Throws BadInput for one that cannot be read.
-    virtual std::optional<std::string> Read(const std::string &name) = 0;
+    std::optional<std::string> Read(const std::string &name) {
+        return ReadUpTo(name, std::string::npos);
+    }
+    /// The same for the bytes at its beginning that tell what it is: an app holds far more than executables.
+    std::optional<std::string> ReadHead(const std::string &name) {
+        return ReadUpTo(name, 64);
+    }
     /// The names of all files.
     virtual std::vector<std::string> Names() = 0;
+
+  private:
+    /// The file up to that many bytes.
+    virtual std::optional<std::string> ReadUpTo(const std::string &name, std::size_t most) = 0;
 };
 
 /// The folder at the path. Links are not followed.

@@ -3,6 +3,7 @@
 
 #include <zip.h>
 
+#include <algorithm>
 #include <array>
 
 namespace inspect {
@@ -23,34 +24,6 @@ class ZipFolder final : public Folder {
             const std::string text = zip_error_strerror(&error);
             zip_error_fini(&error);
             throw BadInput(name_ + ": " + text);
-        }
-    }
-
-    std::optional<std::string> Read(const std::string &name) override {
-        const zip_int64_t index = zip_name_locate(zip_.get(), name.c_str(), 0);
-        if (index < 0) {
-            return std::nullopt;
-        }
-        const std::unique_ptr<zip_file_t, Closer> file(
-            zip_fopen_index(zip_.get(), static_cast<zip_uint64_t>(index), 0));
-        if (file == nullptr) {
-            throw BadInput(name_ + ": " + name + ": " + zip_strerror(zip_.get()));
-        }
-        std::string bytes;
-        std::array<char, 1 << 16> part;
-        for (;;) {
-            const zip_int64_t count = zip_fread(file.get(), part.data(), part.size());
-            if (count < 0) {
-                throw BadInput(name_ + ": " + name + ": " + zip_file_strerror(file.get()));
-            }
-            if (count == 0) {
-                return bytes;
-            }
-            read_ += static_cast<std::size_t>(count);
-            if (read_ > kLargest) {
-                throw BadInput(name_ + ": holds more than an app's executables ever do");
-            }
-            bytes.append(part.data(), static_cast<std::size_t>(count));
         }
     }
 
@@ -75,6 +48,35 @@ class ZipFolder final : public Folder {
             zip_fclose(file);
         }
     };
+
+    std::optional<std::string> ReadUpTo(const std::string &name, std::size_t most) override {
+        const zip_int64_t index = zip_name_locate(zip_.get(), name.c_str(), 0);
+        if (index < 0) {
+            return std::nullopt;
+        }
+        const std::unique_ptr<zip_file_t, Closer> file(
+            zip_fopen_index(zip_.get(), static_cast<zip_uint64_t>(index), 0));
+        if (file == nullptr) {
+            throw BadInput(name_ + ": " + name + ": " + zip_strerror(zip_.get()));
+        }
+        std::string bytes;
+        std::array<char, 1 << 16> part;
+        while (bytes.size() < most) {
+            const zip_int64_t count = zip_fread(file.get(), part.data(), std::min(part.size(), most - bytes.size()));
+            if (count < 0) {
+                throw BadInput(name_ + ": " + name + ": " + zip_file_strerror(file.get()));
+            }
+            if (count == 0) {
+                break;
+            }
+            read_ += static_cast<std::size_t>(count);
+            if (read_ > kLargest) {
+                throw BadInput(name_ + ": holds more than an app's executables ever do");
+            }
+            bytes.append(part.data(), static_cast<std::size_t>(count));
+        }
+        return bytes;
+    }
 
     std::string name_;
     std::unique_ptr<zip_t, Closer> zip_;

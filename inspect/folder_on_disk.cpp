@@ -1,9 +1,10 @@
 #include "inspect/bad_input.hpp"
 #include "inspect/folder.hpp"
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace inspect {
 namespace {
@@ -13,20 +14,6 @@ namespace fs = std::filesystem;
 class DiskFolder final : public Folder {
   public:
     explicit DiskFolder(fs::path path) : path_(std::move(path)) {}
-
-    std::optional<std::string> Read(const std::string &name) override {
-        const fs::path path = path_ / name;
-        std::error_code none;
-        if (!fs::is_regular_file(fs::symlink_status(path, none))) {
-            return std::nullopt;
-        }
-        std::ifstream file(path, std::ios::binary);
-        std::string bytes{std::istreambuf_iterator<char>(file), {}};
-        if (!file) {
-            throw BadInput(path.string() + ": cannot be read");
-        }
-        return bytes;
-    }
 
     std::vector<std::string> Names() override {
         std::vector<std::string> names;
@@ -44,6 +31,25 @@ class DiskFolder final : public Folder {
     }
 
   private:
+    std::optional<std::string> ReadUpTo(const std::string &name, std::size_t most) override {
+        const fs::path path = path_ / name;
+        std::error_code none;
+        if (!fs::is_regular_file(fs::symlink_status(path, none))) {
+            return std::nullopt;
+        }
+        std::ifstream file(path, std::ios::binary);
+        std::string bytes;
+        while (file && bytes.size() < most) {
+            std::array<char, 1 << 16> part;
+            file.read(part.data(), static_cast<std::streamsize>(std::min(part.size(), most - bytes.size())));
+            bytes.append(part.data(), static_cast<std::size_t>(file.gcount()));
+        }
+        if (!file.is_open() || file.bad()) {
+            throw BadInput(path.string() + ": cannot be read");
+        }
+        return bytes;
+    }
+
     fs::path path_;
 };
 
