@@ -114,15 +114,19 @@ class Agreement(Inspection):
             self.assertEqual(getters, forced, plan)
 
     def test_inherited(self):
+        """Whatever a base class has is found and used there."""
         for host in HOSTS:
             own = classes_of(host)
-            found = self.agree(host)
-            plan = sorted({f'inherits {hook["class"]} {hook["method"]}' for hook in found["hooks"]
-                           if hook["method"] in own.methods[hook["class"]]})
-            inherited = self.agree(host, plan)
-            for hook in inherited["hooks"]:
-                self.assertEqual((hook["verdict"], hook.get("from")), ("inherited", own.supers[hook["class"]]), hook)
-            self.assertTrue(inherited["works"])
+            whole = self.agree(host)
+            wanted = {(entry["class"], entry.get("method") or f'set{entry["key"][0].upper()}{entry["key"][1:]}:')
+                      for entry in whole["hooks"] + [step for path in whole["paths"] for step in path["steps"]]
+                      if "method" in entry or "key" in entry}
+            found = self.agree(host, sorted(f"inherits {name} {selector}" for name, selector in wanted
+                                            if selector in own.methods[name]))
+            for entry in found["hooks"] + [step for path in found["paths"] for step in path["steps"]]:
+                if "method" in entry or "key" in entry:
+                    self.assertEqual((entry["verdict"], entry.get("from")), ("inherited", own.supers[entry["class"]]), entry)
+            self.assertTrue(all(path["works"] for path in found["paths"]))
 
     def test_other_types(self):
         for host, method, types, verdict in (
@@ -138,6 +142,10 @@ class Agreement(Inspection):
             name, selector = method.split()
             hook = next(hook for hook in found["hooks"] if (hook["class"], hook["method"]) == (name, selector))
             self.assertEqual(hook["verdict"], verdict, method)
+        for host in HOSTS:
+            found = self.agree(host, [f'types {hook["class"]} {hook["method"]} d@:{"d" * hook["method"].count(":")}'
+                                      for hook in self.host(self.made(classes_of(host)), host)["hooks"]], sends=False)
+            self.assertEqual({hook["verdict"] for hook in found["hooks"]}, {"types"})
 
     def test_layouts(self):
         for host in HOSTS:
