@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 
 namespace inspect {
@@ -115,11 +114,10 @@ App OpenApp(const std::string &path) {
     if (fs::is_directory(status)) {
         return FromFolder(path, *FolderOnDisk(path), "");
     }
-    std::ifstream file(path, std::ios::binary);
-    if (!fs::is_regular_file(status) || !file) {
-        throw BadInput(path + ": cannot be read");
+    if (!fs::is_regular_file(status)) {
+        throw BadInput(path + ": neither a file nor a folder");
     }
-    return OpenAppFile(path, std::string{std::istreambuf_iterator<char>(file), {}});
+    return OpenAppFile(path, ReadFile(path, std::string::npos));
 }
 
 } // namespace inspect

@@ -30,6 +30,9 @@ class Folder {
     virtual std::optional<std::string> ReadUpTo(const std::string &name, std::size_t most) = 0;
 };
 
+/// The file at the path up to that many bytes. Throws BadInput for one that cannot be read, or is larger than any app.
+std::string ReadFile(const std::string &path, std::size_t most);
+
 /// The folder at the path. Links are not followed.
 std::unique_ptr<Folder> FolderOnDisk(const std::string &path);
 

@@ -233,6 +233,10 @@ class Forms(Inspection):
             path = self.folder / "file"
             path.write_bytes(content)
             self.refused(path, text)
+        with path.open("wb") as file:
+            file.truncate(1 << 33)
+        self.refused(path, "larger than any app")
+        self.refused("/dev/null", "neither a file nor a folder")
         self.refused(self.folder / "nothing", "no such file")
         self.refused(self.folder, "no Info.plist")
 
