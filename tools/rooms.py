@@ -59,7 +59,7 @@ def wrap(text, width):
 
 def drawing(tables):
     """A house: the rooms that both share at the bottom, the library's floors left, the simulator's right."""
-    library, simulator = tables
+    library, simulator, _ = tables
     shared = [row for row in library if row[0] in {room for room, _ in simulator}]
     shared_names = {room for room, _ in shared}
     columns = [[row for row in table if row[0] not in shared_names] for table in (library, simulator)]
@@ -105,7 +105,7 @@ def main(words):
     if len(words) not in (1, 2) or words[0] not in ("check", "draw"):
         print(__doc__.strip(), file=sys.stderr)
         return 2
-    tables = read_tables(root)
+    tables = read_tables(root)  # the last, the check of an app, stands beside the house
     if words[0] == "draw":
         (root / PICTURE).write_text(drawing(tables), encoding="utf-8")
         return 0

@@ -5,6 +5,7 @@
 #include "hosts/inventory.hpp"
 #include "hosts/invocation.hpp"
 #include "hosts/keyed.hpp"
+#include "hosts/registered.hpp"
 #include "hosts/worker.hpp"
 #include "hosts/wrapped_method.hpp"
 #include "script/values.hpp"
@@ -73,6 +74,8 @@ Answer AskCalls(WordReader &words) {
     }
     return answer;
 }
+
+constexpr const char *kQueries = "calls, alive, responds, call, methods, taps, classes or replaced";
 
 /// Not by asking the object, whose class may have an answer of its own.
 bool IsView(ns::Object object) {
@@ -144,12 +147,14 @@ Host::Host(LiveRoomLook look, std::span<const Kind> kinds) : kinds_(kinds), room
 }
 
 void Host::Register() {
+    BeforeRegistration();
     RegisterClasses();
     for (const auto &[method, place] : ThePlan().wraps) {
         WordReader words(place, method);
         WrapMethod(words);
     }
     CheckSetUp();
+    AfterRegistration();
 }
 
 void Host::Launch(ui::WindowScene scene) {
@@ -241,7 +246,7 @@ Fact Host::Event(WordReader &words) {
 }
 
 Answer Host::Query(WordReader &words) {
-    const std::string name = words.Name("calls, alive, responds, call, methods or taps");
+    const std::string name = words.Name(kQueries);
     if (name == "calls") {
         return AskCalls(words);
     }
@@ -268,7 +273,13 @@ Answer Host::Query(WordReader &words) {
     if (name == "taps") {
         return {{Bare(LiveRoom::Taps())}};
     }
-    words.Fail("expected calls, alive, responds, call, methods or taps, not " + name);
+    if (name == "classes") {
+        return RegisteredClasses();
+    }
+    if (name == "replaced") {
+        return ReplacedMethods();
+    }
+    words.Fail("expected " + std::string(kQueries) + ", not " + name);
 }
 
 } // namespace sim::hosts

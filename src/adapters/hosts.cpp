@@ -18,25 +18,25 @@ constexpr HostApp kHosts[] = {
      .color = &ui::Color::systemPinkColor,
      .isReady = &DY_IsReady,
      .send = &DY_SendMessage,
-     .installHooks = &InstallDouyinHooks},
+     .hooks = &DouyinHooks},
     {.name = "xhs"_literal,
      .identifierParts = {"xingin"_literal, "discover"_literal},
      .color = &ui::Color::systemGreenColor,
      .isReady = &XHS_IsReady,
      .send = &XHS_SendMessage,
-     .installHooks = &InstallXiaohongshuHooks},
+     .hooks = &XiaohongshuHooks},
     {.name = "kuaishou"_literal,
      .identifierParts = {"jiangjia"_literal, "gif"_literal},
      .color = &ui::Color::systemOrangeColor,
      .isReady = &KS_IsReady,
      .send = &KS_SendMessage,
-     .installHooks = &InstallKuaishouHooks},
+     .hooks = &KuaishouHooks},
     {.name = "finder"_literal,
      .identifierParts = {"tencent"_literal},
      .color = &ui::Color::systemBlueColor,
      .isReady = &FC_IsReady,
      .send = &FC_SendMessage,
-     .installHooks = &InstallWeChatHooks},
+     .hooks = &WeChatHooks},
 };
 
 /// A nil identifier contains nothing, and so does an empty part count for nothing.
@@ -51,14 +51,17 @@ std::span<const HostApp> HostApps() {
     return kHosts;
 }
 
-HostPlatform DetectHostPlatform() {
-    const ns::String identifier = ns::Bundle::mainBundle().bundleIdentifier();
+HostPlatform HostOf(ns::String identifier) {
     for (const HostApp &host : kHosts) {
         if (Names(host, identifier)) {
             return static_cast<HostPlatform>(&host - kHosts);
         }
     }
     return HostPlatform::kDouyin; // an unknown host is treated as Douyin everywhere
+}
+
+HostPlatform DetectHostPlatform() {
+    return HostOf(ns::Bundle::mainBundle().bundleIdentifier());
 }
 
 const HostApp &PresentHost() {

@@ -1,6 +1,7 @@
 #pragma once
 // The host apps: what the library knows of each stands in one row of hosts.cpp, and in the app's own folder.
 
+#include "adapters/method_hook.hpp"
 #include "apple/foundation/string.hpp"
 #include "apple/uikit/color.hpp"
 
@@ -23,14 +24,18 @@ struct HostApp {
     /// Sends the text (a string; nil or empty sends "额") as a live comment. The outcome goes to the debug log only,
     /// and no exception of the host passes. Main thread, like the host methods that give us those objects.
     void (*send)(objc::id text);
-    /// Hooks the app's classes. Runs in every host: a class that the host lacks leaves its hooks uninstalled.
-    void (*installHooks)();
+    /// The hooks of the app's classes, in their order. All are installed in every host: a class that the host lacks
+    /// leaves its hooks uninstalled.
+    std::span<const MethodHook> (*hooks)();
 };
 
 /// All rows, by number.
 std::span<const HostApp> HostApps();
 
-/// Tells the host by the main bundle's identifier; an unknown one counts as Douyin. Never cached.
+/// Tells the host by its bundle's identifier; an unknown one, and nil, count as Douyin.
+HostPlatform HostOf(ns::String identifier);
+
+/// The host that this process is, by the main bundle's identifier. Never cached.
 HostPlatform DetectHostPlatform();
 
 /// The row of the host that this process is.

@@ -43,15 +43,6 @@ class OwnMethods {
     unsigned count_ = 0;
 };
 
-/// Whether a replacement can stand for a method that is declared with these types.
-bool CanStandFor(const char *types, objc::SEL selector, bool usesFirstAsObject) {
-    std::size_t arguments = 0;
-    for (const char *name = sel_getName(selector); *name != '\0'; ++name) {
-        arguments += *name == ':' ? 1 : 0;
-    }
-    return TravelsInGeneralRegisters(types, arguments) && (!usesFirstAsObject || TakesObjectFirst(types));
-}
-
 /// InstallMethodHook with the lists that it looks at.
 void Install(OwnMethods &methods, objc::Class cls, objc::SEL selector, objc::IMP replacement, objc::IMP *previousSlot,
              bool usesFirstAsObject) {
@@ -60,7 +51,7 @@ void Install(OwnMethods &methods, objc::Class cls, objc::SEL selector, objc::IMP
         if (method == nullptr) {
             continue;
         }
-        if (!CanStandFor(method_getTypeEncoding(method), selector, usesFirstAsObject)) {
+        if (!CanStandFor(method_getTypeEncoding(method), sel_getName(selector), usesFirstAsObject)) {
             return;
         }
         if (level == cls) {

@@ -54,6 +54,14 @@ bool TakesObjectFirst(const char *types) {
     return first.at[0] == '@' && first.at[1] != '?';
 }
 
+bool CanStandFor(const char *types, const char *selectorName, bool usesFirstAsObject) {
+    std::size_t arguments = 0;
+    for (const char *name = selectorName; *name != '\0'; ++name) {
+        arguments += *name == ':' ? 1 : 0;
+    }
+    return TravelsInGeneralRegisters(types, arguments) && (!usesFirstAsObject || TakesObjectFirst(types));
+}
+
 bool IsObjectGetter(const char *types) {
     return IsGetter(types, "@");
 }

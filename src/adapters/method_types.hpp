@@ -15,6 +15,10 @@ bool TravelsInGeneralRegisters(const char *types, std::size_t argumentCount);
 /// Whether the first argument of a method declared with the types is an object (a block is none).
 bool TakesObjectFirst(const char *types);
 
+/// Whether a hook's replacement can stand for a method of that name that is declared with the types: it carries words,
+/// and the first argument is an object where the replacement uses it as one.
+bool CanStandFor(const char *types, const char *selectorName, bool usesFirstAsObject);
+
 /// Whether a method declared with the types takes no argument and gives an object.
 bool IsObjectGetter(const char *types);
 

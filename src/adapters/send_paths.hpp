@@ -1,6 +1,7 @@
 #pragma once
 // What the send functions of all hosts have in common.
 
+#include "adapters/send_table.hpp"
 #include "diagnostics/debug_log.hpp"
 #include "objc/guard.hpp"
 
@@ -60,8 +61,10 @@ template <objc::Handle T, class F> auto Through(const objc::Ref<T> &place, ns::S
     };
 }
 
-/// Tries the ways in their order until one has sent; whether one has.
-template <class... Ways> bool SendByFirstOf(const Ways &...ways) {
+/// Tries the ways in their order until one has sent; whether one has. The table says, in the same order, what each
+/// needs of the host.
+template <std::size_t N, class... Ways> bool SendByFirstOf(const SendPath (&)[N], const Ways &...ways) {
+    static_assert(N == sizeof...(Ways));
     return (ways() || ...);
 }
 

@@ -2,6 +2,7 @@
 
 #include "apple/uikit/text_measuring.hpp"
 #include "matrix/colors.hpp"
+#include "matrix/matrix_look.hpp"
 #include "matrix/slots.hpp"
 #include "matrix/title_fitting.hpp"
 #include "overlay/recognizers.hpp"
@@ -69,8 +70,8 @@ bool IsFitted(ui::Button cell, cg::Size size, ui::Font font) {
 } // namespace
 
 CellStyle::CellStyle(double scale)
-    : background_(ColorFromHex(kButtonBackgroundColor.Read(), 0.6)),
-      titleColor_(ColorFromHex(kButtonTextColor.Read(), 1.0)),
+    : background_(ColorFromHex(kButtonBackgroundColor.Read(), kCellBackgroundAlpha)),
+      titleColor_(ColorFromHex(kButtonTextColor.Read(), kCellTextAlpha)),
       titleFont_(ui::Font::systemFontOfSize(scale * kFontSize.Read())),
       attributes_(ns::Dictionary::dictionaryWithObject(titleFont_.get(), NSFontAttributeName)) {}
 
@@ -82,7 +83,7 @@ bool operator==(const CellStyle &one, const CellStyle &other) {
 ui::Button AddCell(ui::View container, int index) {
     const auto cell = ui::Button::buttonWithType(UIButtonTypeCustom);
     cell.setTag(kCellTagBase + index);
-    cell.layer().setCornerRadius(8);
+    cell.layer().setCornerRadius(kCellCornerRadius);
     const ui::Label title = cell.titleLabel();
     title.setNumberOfLines(0);
     title.setLineBreakMode(NSLineBreakByWordWrapping);

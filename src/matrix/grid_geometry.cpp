@@ -2,13 +2,8 @@
 
 #include "preferences/preferences.hpp"
 
-#include <array>
-
 namespace corvel {
 namespace {
-
-/// By preset index; the settings panel labels them 4, 12, 16, 20, 25, 36, 42 and 48.
-constexpr std::array<GridSize, 8> kPresets{{{2, 2}, {4, 3}, {4, 4}, {5, 4}, {5, 5}, {6, 6}, {6, 7}, {6, 8}}};
 
 constexpr double kPanelWidth = 310;
 constexpr double kSpacing = 6;
@@ -17,16 +12,15 @@ constexpr double kHeaderHeight = 35;
 
 std::int32_t ReadCustom(const IntegerPreference &preference) {
     const auto number = static_cast<std::int32_t>(preference.Read());
-    // An unset custom grid is 4 x 4, not 1 x 1.
-    return number < preference.least() ? 4 : static_cast<std::int32_t>(preference.Clamped(number));
+    return number < preference.least() ? kUnsetCustomNumber : static_cast<std::int32_t>(preference.Clamped(number));
 }
 
 } // namespace
 
 GridSize StoredGridSize() {
     const auto index = static_cast<std::int32_t>(kGridPresetIndex.Read());
-    if (index >= 0 && index < static_cast<std::int32_t>(kPresets.size())) {
-        return kPresets[static_cast<std::size_t>(index)];
+    if (index >= 0 && index < static_cast<std::int32_t>(kGridPresets.size())) {
+        return kGridPresets[static_cast<std::size_t>(index)];
     }
     return {ReadCustom(kGridCustomColumns), ReadCustom(kGridCustomRows)};
 }

@@ -3,6 +3,7 @@
 
 #include "apple/coregraphics/geometry.hpp"
 
+#include <array>
 #include <cstdint>
 
 namespace corvel {
@@ -16,6 +17,12 @@ struct GridSize {
         return columns * rows;
     }
 };
+
+/// By preset index; the settings panel labels them 4, 12, 16, 20, 25, 36, 42 and 48.
+inline constexpr std::array<GridSize, 8> kGridPresets{{{2, 2}, {4, 3}, {4, 4}, {5, 4}, {5, 5}, {6, 6}, {6, 7}, {6, 8}}};
+
+/// What an unset number of the custom grid counts as: 4 x 4, not 1 x 1.
+inline constexpr std::int32_t kUnsetCustomNumber = 4;
 
 /// The grid that the preferences ask for: a preset index of 0 to 7 selects a preset, any other the custom numbers, of
 /// which each below 1 counts as 4 and each above 12 as 12. Only the lower 32 bits of every stored number count.

@@ -2,6 +2,7 @@
 
 #include "matrix/cell.hpp"
 #include "matrix/colors.hpp"
+#include "matrix/matrix_look.hpp"
 #include "overlay/haptic.hpp"
 #include "overlay/panel.hpp"
 #include "overlay/recognizers.hpp"
@@ -23,13 +24,13 @@ void AddRecognizers(ui::View panel) {
 void AddTitle(ui::View container) {
     const auto title = ui::MakeView<ui::Label>({{0, 8}, {310, 20}});
     title->setTag(kTitleTag);
-    title->setText("Corvel"_ns);
+    title->setText(kMatrixTitle);
     title->setTextAlignment(NSTextAlignmentCenter);
     container.addSubview(title);
 }
 
 void BuildPanel() {
-    const auto view = MakePanelView(UIBlurEffectStyleDark, {{50, 150}, {310, 350}}, 18);
+    const auto view = MakePanelView(UIBlurEffectStyleDark, {{50, 150}, {310, 350}}, kPanelCornerRadius);
     view->setAlpha(0);
     AddRecognizers(view);
     const auto container = ui::MakeView<ui::View>(view->bounds());
@@ -56,8 +57,8 @@ void LayoutPanel(const GridGeometry &geometry, double scale) {
     container.setFrame({{0, 0}, geometry.panelSize()});
     const auto title = objc::As<ui::Label>(container.viewWithTag(kTitleTag));
     title.setFrame(geometry.TitleFrame());
-    title.setTextColor(ui::Color::colorWithWhite(1, 0.6));
-    title.setFont(ui::Font::boldSystemFontOfSize(13 * scale));
+    title.setTextColor(ui::Color::colorWithWhite(1, kMatrixTitleAlpha));
+    title.setFont(ui::Font::boldSystemFontOfSize(kMatrixTitleSize * scale));
 }
 
 /// The cell of that index among the content's views, nil when there is none yet. The title is the first view, and cells
@@ -113,7 +114,7 @@ void LayoutMatrix() {
     const double buttonAlpha = kFloatButtonAlpha.Read();
     Overlay().floatButton->setAlpha(buttonAlpha);
     Overlay().captureButton->setAlpha(buttonAlpha);
-    panel.view().contentView().setBackgroundColor(ColorFromHex(kMatrixBackgroundColor.Read(), 0.5));
+    panel.view().contentView().setBackgroundColor(ColorFromHex(kMatrixBackgroundColor.Read(), kMatrixBackgroundAlpha));
     const double scale = kMatrixScale.Read();
     const GridSize grid = StoredGridSize();
     const GridGeometry geometry(grid, scale);

@@ -94,6 +94,9 @@ class FloatPreference : public Preference {
     constexpr Range slider() const {
         return slider_;
     }
+    constexpr Range usable() const {
+        return usable_;
+    }
 
   private:
     double fallback_;

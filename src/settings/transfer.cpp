@@ -33,29 +33,29 @@ void StoreConfiguration(ns::Dictionary configuration) {
 void HandleExport(objc::Class, objc::SEL) {
     const objc::Ref<ns::String> text = EncodeConfiguration(StoredConfiguration().get());
     if (!text) {
-        ShowToast(u"导出失败"_ns);
+        ShowToast(kExportFailedToast);
         return;
     }
     ui::Pasteboard::generalPasteboard().setString(text);
-    ShowToast(u"已导出"_ns);
+    ShowToast(kExportedToast);
 }
 
 void HandleImport(objc::Class, objc::SEL) {
     const objc::Ref<ns::String> text = ui::Pasteboard::generalPasteboard().string();
     if (text->length() == 0) {
-        ShowToast(u"剪贴板为空"_ns);
+        ShowToast(kNothingCopiedToast);
         return;
     }
     const objc::Ref<ns::Dictionary> configuration = DecodeConfiguration(text);
     if (!configuration) {
-        ShowToast(u"格式无效"_ns);
+        ShowToast(kUnreadableToast);
         return;
     }
     StoreConfiguration(configuration);
     // An open settings panel keeps showing the old values until it is opened anew.
     LayoutMatrix();
     RebuildCaptureButton();
-    ShowToast(u"导入成功"_ns);
+    ShowToast(kImportedToast);
 }
 
 } // namespace corvel

@@ -37,7 +37,7 @@ __attribute__((constructor)) static void Load() {
     ScheduleStartUp();
     ScheduleLatencyHooks();
     for (const HostApp &host : HostApps()) {
-        host.installHooks();
+        InstallMethodHooks(host.hooks());
     }
 }
 

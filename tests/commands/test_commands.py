@@ -44,8 +44,11 @@ class CommandsTest(unittest.TestCase):
         for word in ("package", "pages", "coverage"):
             self.expect_refusal("./corvel", word, "frob", says=f"{word} takes no 'frob'")
 
+    def test_corvel_inspect(self):
+        self.expect_refusal("./corvel", "inspect", says="inspect takes the path of an app")
+
     def test_corvel_fuzz_and_mutate(self):
-        fuzzers = "import loader log room_probe titles transfer values"
+        fuzzers = "import inspect loader log room_probe titles transfer values"
         self.expect_refusal("./corvel", "fuzz", "frob", says=f"no fuzzer named 'frob'; there are {fuzzers}")
         self.expect_refusal("./corvel", "fuzz", says=f"fuzz takes a name and perhaps seconds; there are {fuzzers}")
         self.expect_refusal("./corvel", "fuzz", "log", "soon", says="'soon' are no seconds")
@@ -89,7 +92,7 @@ class CommandsTest(unittest.TestCase):
             self.expect_refusal(PLAY, "simulator", "--", scenario.name, says=reason)
 
     def test_setup(self):
-        presets = "name a preset: release debug sanitize coverage lint phone device"
+        presets = "name a preset: release debug sanitize coverage lint phone device inspect editor"
         for words, reason in (([], presets), (["frob"], "no preset named frob")):
             run = subprocess.run(["tools/setup", *words], cwd=ROOT, capture_output=True, text=True)
             self.assertEqual((run.returncode, run.stderr), (2, f"setup: {reason}\n"))

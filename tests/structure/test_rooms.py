@@ -20,7 +20,7 @@ class Rooms(unittest.TestCase):
         temporary = tempfile.TemporaryDirectory()
         self.addCleanup(temporary.cleanup)
         self.copy = Path(temporary.name)
-        for folder in ("src", "simulator", "device", "docs"):
+        for folder in ("src", "simulator", "device", "docs", "inspect"):
             shutil.copytree(ROOT / folder, self.copy / folder)
 
     def put(self, path, text):
@@ -33,11 +33,13 @@ class Rooms(unittest.TestCase):
     def test_an_include_against_the_order_is_named(self):
         self.put("src/adapters/wrong.hpp", '#pragma once\n#include "overlay/toast.hpp"\n')
         self.put("simulator/hosts/wrong.cpp", '#  include "driver/runner.hpp"\n#include "preferences/preferences.hpp"\n')
+        self.put("inspect/wrong.cpp", '#include "uikit/window.hpp"\n')
         status, said = check(self.copy)
         self.assertEqual(status, 1)
         self.assertEqual(
             said.splitlines(),
             [
+                "inspect/wrong.cpp: includes uikit/window.hpp against the order of rooms",
                 "simulator/hosts/wrong.cpp: includes driver/runner.hpp against the order of rooms",
                 "simulator/hosts/wrong.cpp: includes preferences/preferences.hpp against the order of rooms",
                 "src/adapters/wrong.hpp: includes overlay/toast.hpp against the order of rooms",

@@ -1,6 +1,6 @@
 #pragma once
-// What the user guide says of each preference, in both languages. Key, type, default, range and the control's title
-// come from the library's own tables.
+// What the user guide and the grid page say of each preference, in both languages. Key, type, default, range and the
+// control's title come from the library's own tables.
 
 namespace pages {
 
@@ -68,6 +68,31 @@ inline constexpr Description kDescriptions[] = {
     {"Corvel.latency.forceCachalot", "Douyin: the faster transports are always chosen", "抖音：总是选用较快的传输方式"},
     {"Corvel.latency.playerOptimization", "Douyin: the player adapts when it retries, scalable video is off",
      "抖音：播放器重试时自适应，并关闭可伸缩视频编码"},
+};
+
+/// The rows of the settings panel in English, for the grid page: the panel itself speaks Chinese.
+struct EnglishTitle {
+    const char *key;
+    const char *title;
+};
+
+inline constexpr EnglishTitle kEnglishTitles[] = {
+    {"Corvel.config.matrixScale", "Scale"},
+    {"Corvel.config.matrixAlpha", "Opacity of the grid"},
+    {"Corvel.config.floatButtonAlpha", "Opacity of the buttons"},
+    {"Corvel.config.fontSize", "Size of the text"},
+    {"Corvel.config.matrixBackgroundColor", "Background"},
+    {"Corvel.config.buttonBgColor", "Cells"},
+    {"Corvel.config.buttonTextColor", "Text"},
+    {"Corvel.config.autoCaptureAfterSend", "Capture after sending"},
+    {"Corvel.config.showCaptureButton", "Capture button"},
+    {"Corvel.config.floatAutoSnap", "Docking"},
+    {"Corvel.latency.strictDanmakuBuffer", "Strict comment buffer"},
+    {"Corvel.latency.delayPreJoinBinding", "Delayed pre-join binding"},
+    {"Corvel.latency.fastCommentPath", "Fast comment path"},
+    {"Corvel.latency.streamDataFirst", "Stream data first"},
+    {"Corvel.latency.forceCachalot", "Force Cachalot"},
+    {"Corvel.latency.playerOptimization", "Low-latency player"},
 };
 
 } // namespace pages

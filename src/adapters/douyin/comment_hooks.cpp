@@ -80,7 +80,7 @@ void StoreGoes(CommentStore store) {
 } // namespace
 } // namespace corvel::douyin
 
-void corvel::InstallDouyinHooks() {
+std::span<const corvel::MethodHook> corvel::DouyinHooks() {
     using namespace douyin;
     static constexpr MethodHook kHooks[] = {
         After<CommentFragment, "componentMount", &Mounted>(),
@@ -96,5 +96,5 @@ void corvel::InstallDouyinHooks() {
         After<CommentStore, "setup", &StoreSetUp>(),
         Before<CommentStore, "dealloc", &StoreGoes>(),
     };
-    InstallMethodHooks(kHooks);
+    return kHooks;
 }

@@ -10,6 +10,31 @@
 namespace corvel::douyin {
 namespace {
 
+/// The hook of a method of the fragment, which knows its store too.
+template <objc::FixedString Name> constexpr Holder StoreBehind() {
+    return {CommentFragment::kClassName, kStaticText<Name>, {"store", "commentStore"}};
+}
+
+constexpr SendPath kPaths[] = {
+    {.name = "store",
+     .className = CommentStore::kClassName,
+     .holders = {StoreBehind<"componentMount">(),
+                 StoreBehind<"sendComment:enterSource:requestSource:trackParams:completion:">(),
+                 StoreBehind<"sendComment:commentContext:completion:">(),
+                 StoreBehind<"commentSucceedForComment:withFakeMessage:commentEnterSource:">(),
+                 StoreBehind<"commentBegan">(), HeldBy<CommentStore, "setup">()},
+     .steps = {CarriedBy<CommentContext>(), FilledUnder<CommentContext, "content">(),
+               FilledUnder<CommentContext, "plainText">(), Calls(kSendByStore)}},
+    {.name = "fragment",
+     .className = CommentFragment::kClassName,
+     .holders = {HeldBy<CommentFragment, "componentMount">(),
+                 HeldBy<CommentFragment, "sendComment:enterSource:requestSource:trackParams:completion:">(),
+                 HeldBy<CommentFragment, "sendComment:commentContext:completion:">(),
+                 HeldBy<CommentFragment, "commentSucceedForComment:withFakeMessage:commentEnterSource:">(),
+                 HeldBy<CommentFragment, "commentBegan">()},
+     .steps = {Calls(kSendByFragment)}},
+};
+
 /// Where a comment goes: a store (perhaps none) and the identifier of its room (perhaps unknown).
 struct Target {
     objc::Ref<CommentStore> store;
@@ -54,7 +79,7 @@ bool SendViaStore(CommentStore store, ns::String text, ns::String roomId) {
     }
     FillContext(context, text, roomId);
 
-    const objc::SEL send = objc::Selector<"sendCommentWithCommentContext:completion:">();
+    const objc::SEL send = SelectorOf(kSendByStore);
     if (!store.respondsToSelector(send)) {
         return false;
     }
@@ -71,10 +96,10 @@ bool SendViaFragment(CommentFragment fragment, ns::String text, ns::String roomI
         SetOrSkip(context, "isUrgent"_ns, ns::Number::numberWithBool(true));
         SetOrSkip(context, "priority"_ns, ns::Number::numberWithInt(0));
     }
-    if (!fragment.respondsToSelector(objc::Selector<"sendComment:commentContext:completion:">())) {
+    if (!fragment.respondsToSelector(SelectorOf(kSendByFragment))) {
         return false;
     }
-    fragment.sendComment(text, context, nullptr);
+    kSendByFragment(fragment, text, context.get(), nullptr);
     DebugLog(u"[DY] ✅ sent via fragment"_ns);
     return true;
 }
@@ -85,7 +110,8 @@ void Send(ns::String text) {
     LogSendLine(u"[DY] send=\"%@\" store=%p frag=%p roomId=%@ bindCount=%ld"_ns, text, target.store.get().pointer,
                 fragment.get().pointer, target.roomId ? target.roomId.get() : "nil"_ns, state.bindCount);
     const bool sent =
-        SendByFirstOf(Through(target.store, u"[DY] ❌ store: %@"_ns,
+        SendByFirstOf(kPaths,
+                      Through(target.store, u"[DY] ❌ store: %@"_ns,
                               [&](CommentStore store) { return SendViaStore(store, text, target.roomId); }),
                       Through(fragment, u"[DY] ❌ fragment: %@"_ns,
                               [&](CommentFragment present) { return SendViaFragment(present, text, target.roomId); }));
@@ -96,6 +122,10 @@ void Send(ns::String text) {
 
 } // namespace
 } // namespace corvel::douyin
+
+std::span<const corvel::SendPath> corvel::DouyinSendPaths() {
+    return douyin::kPaths;
+}
 
 bool DY_IsReady() {
     using corvel::douyin::state;

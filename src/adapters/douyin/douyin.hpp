@@ -1,12 +1,15 @@
 #pragma once
 // Douyin's adapter, as start-up and the table of hosts see it.
 
-#include "objc/runtime.hpp"
+#include "adapters/method_hook.hpp"
+#include "adapters/send_table.hpp"
 
 namespace corvel {
 
-/// Hooks Douyin's comment fragment and comment store.
-void InstallDouyinHooks();
+/// The hooks of Douyin's comment fragment and comment store.
+std::span<const MethodHook> DouyinHooks();
+/// The ways to send, in the order in which they are tried.
+std::span<const SendPath> DouyinSendPaths();
 /// Arranges that the latency options are applied three seconds from now, when at least one is switched on.
 void ScheduleLatencyHooks();
 

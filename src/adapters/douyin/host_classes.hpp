@@ -2,6 +2,7 @@
 // The classes of Douyin that the adapter talks to.
 
 #include "adapters/host_access.hpp"
+#include "adapters/send_table.hpp"
 #include "apple/foundation/string.hpp"
 #include "objc/block.hpp"
 
@@ -22,16 +23,18 @@ struct CommentStore : ns::Object {
     using ns::Object::Object;
     static constexpr const char *kClassName = "HTSLiveCommentStore";
 };
+inline constexpr HostMethod<CommentStore, "sendCommentWithCommentContext:completion:",
+                            void(CommentContext context, objc::Block<void()> completion)>
+    kSendByStore;
 
 /// The comment input of a live room; owns a comment store.
 struct CommentFragment : ns::Object {
     using ns::Object::Object;
     static constexpr const char *kClassName = "HTSLiveCommentFragment";
-
-    void sendComment(ns::String text, CommentContext context, objc::Block<void()> completion) const {
-        objc::Send<"sendComment:commentContext:completion:", void>(*this, text, context, completion);
-    }
 };
+inline constexpr HostMethod<CommentFragment, "sendComment:commentContext:completion:",
+                            void(ns::String text, CommentContext context, objc::Block<void()> completion)>
+    kSendByFragment;
 
 /// The comment store that an object names as its own, by either of the names in use; nil when it names none. What the
 /// host raises passes on.

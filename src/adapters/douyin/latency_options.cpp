@@ -1,12 +1,13 @@
 // Douyin's latency options: getters of the host's live player are replaced so that every instance reports forced
 // values. That happens once, soon after the host starts; what is forced stays forced until the host ends.
 
+#include "adapters/douyin/latency_options.hpp"
+
 #include "adapters/douyin/douyin.hpp"
 #include "adapters/method_types.hpp"
 #include "apple/dispatch/queue.hpp"
 #include "apple/foundation/thread.hpp"
 #include "diagnostics/debug_log.hpp"
-#include "preferences/preferences.hpp"
 
 #include <algorithm>
 #include <span>
@@ -17,34 +18,15 @@ namespace {
 /// Time for the host to bring its player up.
 constexpr double kApplyDelaySeconds = 3.0;
 
-/// A class of the player, and how log lines call it.
-struct PlayerClass {
-    ns::Literal name;
-    ns::Literal label;
-};
 constexpr PlayerClass kItems{"TVLPlayerItemPreferences"_literal, "PlayerItemPrefs"_literal};
 constexpr PlayerClass kConfiguration{"VeLivePlayerConfiguration"_literal, "VeLiveConfig"_literal};
 
-enum class Kind : unsigned char { kInteger, kBool };
-
-struct ForcedGetter {
-    objc::SelectorLiteral selector;
-    Kind kind;
-    std::int64_t value;
-};
 template <objc::FixedString Name> constexpr ForcedGetter Integer(std::int64_t value) {
-    return {objc::SelectorLiteral::Of<Name>(), Kind::kInteger, value};
+    return {objc::SelectorLiteral::Of<Name>(), ForcedGetter::Kind::kInteger, value};
 }
 template <objc::FixedString Name> constexpr ForcedGetter Bool(bool value) {
-    return {objc::SelectorLiteral::Of<Name>(), Kind::kBool, value ? 1 : 0};
+    return {objc::SelectorLiteral::Of<Name>(), ForcedGetter::Kind::kBool, value ? 1 : 0};
 }
-
-/// The getters of one class that a switch forces; counted as a feature when the class is there.
-struct LatencyOption {
-    const BoolPreference &preference;
-    const PlayerClass &player;
-    ForcedGetter getters[7]; // those without a selector are none
-};
 
 /// In the order in which they are applied. The first switch has a row for each of the two classes, so the features that
 /// the log counts can come to five of four. That is wanted.
@@ -78,15 +60,11 @@ template <class T> void ForceGetter(objc::Method getter, T value) {
 /// Forces one getter and says so; one that the host lacks, or declares with a result of another kind, is skipped.
 void Force(objc::Class cls, ns::String label, const ForcedGetter &forced) {
     const objc::Method getter = class_getInstanceMethod(cls, forced.selector());
-    if (getter == nullptr) {
-        return;
-    }
-    const char *types = method_getTypeEncoding(getter);
-    if (!(forced.kind == Kind::kInteger ? IsIntegerGetter(types) : IsBoolGetter(types))) {
+    if (getter == nullptr || !CanForce(forced, method_getTypeEncoding(getter))) {
         return;
     }
     const ns::String name = ns::String::stringWithUTF8String(sel_getName(forced.selector()));
-    if (forced.kind == Kind::kInteger) {
+    if (forced.kind == ForcedGetter::Kind::kInteger) {
         ForceGetter<std::int64_t>(getter, forced.value);
         DebugLog(u"[DY] ⚡ %@.%@ → %lld"_ns, label, name, forced.value);
     } else {
@@ -119,6 +97,14 @@ void ApplyLatencyHooks() {
 }
 
 } // namespace
+
+bool CanForce(const ForcedGetter &forced, const char *types) {
+    return forced.kind == ForcedGetter::Kind::kInteger ? IsIntegerGetter(types) : IsBoolGetter(types);
+}
+
+std::span<const LatencyOption> LatencyOptions() {
+    return kOptions;
+}
 
 void ScheduleLatencyHooks() {
     // The first two rows share a switch; each is asked for once.

@@ -50,7 +50,7 @@ void PreviewLoaded(PreviewComponent preview) {
 } // namespace
 } // namespace corvel::kuaishou
 
-void corvel::InstallKuaishouHooks() {
+std::span<const corvel::MethodHook> corvel::KuaishouHooks() {
     using namespace kuaishou;
     static constexpr MethodHook kHooks[] = {
         After<BaseService, "onCreate", &ServiceCreated>(),
@@ -61,5 +61,5 @@ void corvel::InstallKuaishouHooks() {
         After<PreviewComponent, "componentDidAppear:", &PreviewShown>(),
         PassThrough<PreviewComponent, "sendComment:source:">(),
     };
-    InstallMethodHooks(kHooks);
+    return kHooks;
 }

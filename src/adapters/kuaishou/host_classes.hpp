@@ -1,6 +1,7 @@
 #pragma once
 // The classes of Kuaishou that the adapter talks to.
 
+#include "adapters/send_table.hpp"
 #include "apple/foundation/string.hpp"
 #include "objc/block.hpp"
 
@@ -16,30 +17,22 @@ struct BaseService : ns::Object {
 struct CommentBarService : ns::Object {
     using ns::Object::Object;
     static constexpr const char *kClassName = "KSSLiveCommentBarService";
-
-    void comment(ns::String text) const {
-        objc::Send<"comment:", void>(*this, text);
-    }
 };
+inline constexpr HostMethod<CommentBarService, "comment:", void(ns::String)> kCommentByBar;
 
 /// The service that posts comments.
 struct CommentService : ns::Object {
     using ns::Object::Object;
     static constexpr const char *kClassName = "KSLiveCommentService";
-
-    void comment(ns::String text, objc::Block<void()> completion) const {
-        objc::Send<"comment:completion:", void>(*this, text, completion);
-    }
 };
+inline constexpr HostMethod<CommentService, "comment:completion:", void(ns::String, objc::Block<void()>)>
+    kCommentByService;
 
 /// The comment input of the preview screen.
 struct PreviewComponent : ns::Object {
     using ns::Object::Object;
     static constexpr const char *kClassName = "KSLivePreviewSendCommentComponent";
-
-    void sendComment(ns::String text, long source) const {
-        objc::Send<"sendComment:source:", void>(*this, text, source);
-    }
 };
+inline constexpr HostMethod<PreviewComponent, "sendComment:source:", void(ns::String, long)> kSendByPreview;
 
 } // namespace corvel::kuaishou

@@ -1,12 +1,15 @@
 #pragma once
 // Kuaishou's adapter, as the table of hosts sees it.
 
-#include "objc/runtime.hpp"
+#include "adapters/method_hook.hpp"
+#include "adapters/send_table.hpp"
 
 namespace corvel {
 
-/// Hooks Kuaishou's comment services and preview component.
-void InstallKuaishouHooks();
+/// The hooks of Kuaishou's comment services and preview component.
+std::span<const MethodHook> KuaishouHooks();
+/// The ways to send, in the order in which they are tried.
+std::span<const SendPath> KuaishouSendPaths();
 
 } // namespace corvel
 

@@ -26,11 +26,11 @@ void MovedToWindow(CommentView view) {
 } // namespace
 } // namespace corvel::wechat
 
-void corvel::InstallWeChatHooks() {
+std::span<const corvel::MethodHook> corvel::WeChatHooks() {
     using namespace wechat;
     static constexpr MethodHook kHooks[] = {
         After<CommentView, "didMoveToWindow", &MovedToWindow>(),
         PassThrough<CommentView, "didCommitText:">(),
     };
-    InstallMethodHooks(kHooks);
+    return kHooks;
 }

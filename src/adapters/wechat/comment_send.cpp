@@ -7,17 +7,28 @@
 namespace corvel::wechat {
 namespace {
 
+constexpr SendPath kPaths[] = {
+    {.name = "view",
+     .className = CommentView::kClassName,
+     .holders = {HeldBy<CommentView, "didMoveToWindow">()},
+     .steps = {Calls(kCommitText)}},
+};
+
 void Send(ns::String text) {
     LogSendLine(u"[FC] send=\"%@\" view=%@"_ns, text, HeldMark(state.commentView));
-    SendByFirstOf(Through(state.commentView, u"[FC] ❌ %@"_ns, [&](CommentView view) {
-        const bool taken = view.didCommitText(text);
-        DebugLog(u"[FC] %@"_ns, taken ? u"✅"_ns : u"❌"_ns);
-        return taken;
-    }));
+    SendByFirstOf(kPaths, Through(state.commentView, u"[FC] ❌ %@"_ns, [&](CommentView view) {
+                      const bool taken = kCommitText(view, text);
+                      DebugLog(u"[FC] %@"_ns, taken ? u"✅"_ns : u"❌"_ns);
+                      return taken;
+                  }));
 }
 
 } // namespace
 } // namespace corvel::wechat
+
+std::span<const corvel::SendPath> corvel::WeChatSendPaths() {
+    return wechat::kPaths;
+}
 
 bool FC_IsReady() {
     return static_cast<bool>(corvel::wechat::state.commentView);

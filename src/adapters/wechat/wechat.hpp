@@ -1,12 +1,15 @@
 #pragma once
 // WeChat's adapter, as the table of hosts sees it.
 
-#include "objc/runtime.hpp"
+#include "adapters/method_hook.hpp"
+#include "adapters/send_table.hpp"
 
 namespace corvel {
 
-/// Hooks WeChat's comment view.
-void InstallWeChatHooks();
+/// The hooks of WeChat's comment view.
+std::span<const MethodHook> WeChatHooks();
+/// The ways to send, in the order in which they are tried.
+std::span<const SendPath> WeChatSendPaths();
 
 } // namespace corvel
 

@@ -52,7 +52,7 @@ void Joined(ImEngine engine, objc::Object groupId) {
 } // namespace
 } // namespace corvel::xiaohongshu
 
-void corvel::InstallXiaohongshuHooks() {
+std::span<const corvel::MethodHook> corvel::XiaohongshuHooks() {
     using namespace xiaohongshu;
     static constexpr MethodHook kHooks[] = {
         After<DecorateView, "didMoveToSuperview", &DecorateMoved>(),
@@ -64,5 +64,5 @@ void corvel::InstallXiaohongshuHooks() {
         After<ImEngine, "joinWithGroupId:callback:", &Joined>(),
         After<ImEngine, "joinWithGroupId:role:callback:", &Joined>(),
     };
-    InstallMethodHooks(kHooks);
+    return kHooks;
 }

@@ -9,12 +9,31 @@
 namespace corvel::xiaohongshu {
 namespace {
 
+constexpr SendPath kPaths[] = {
+    {.name = "decorate",
+     .className = DecorateView::kClassName,
+     .holders = {HeldBy<DecorateView, "didMoveToSuperview">(),
+                 {.className = CommentBar::kClassName,
+                  .selector = "attachToViewController:hideWhenNotFirstResponder:",
+                  .key = "delegate"}},
+     .steps = {Calls(kSendChat)}},
+    {.name = "bar",
+     .className = CommentBar::kClassName,
+     .holders = {HeldBy<CommentBar, "didMoveToWindow">(),
+                 HeldBy<CommentBar, "attachToViewController:hideWhenNotFirstResponder:">()},
+     .steps = {Sets<CommentBar, "text">(), Calls(kPressSend)}},
+    {.name = "engine",
+     .className = ImEngine::kClassName,
+     .holders = {HeldBy<ImEngine, "joinWithGroupId:callback:">(), HeldBy<ImEngine, "joinWithGroupId:role:callback:">()},
+     .steps = {CarriedBy<ImMessage>(), FilledBy(kInitMessage), Calls(kPostMessage)}},
+};
+
 /// Types the text into the bar and presses its button; false when it has none to press.
 bool SendViaBar(CommentBar bar, ns::String text) {
     const objc::SEL clearInput = objc::Selector<"clearInput">();
     PerformIfPresent(bar, clearInput);
     bar.setValue(text, "text"_ns);
-    const objc::SEL press = objc::Selector<"sendButtonTapped:">();
+    const objc::SEL press = SelectorOf(kPressSend);
     if (!bar.respondsToSelector(press)) {
         return false;
     }
@@ -31,25 +50,29 @@ void SendViaEngine(ImEngine engine, ns::String text) {
     auto message = ns::Alloc<ImMessage>();
     // A message class without this initialiser gets its message sent as allocated; the engine decides what to make of
     // it.
-    if (message.respondsToSelector(objc::Selector<"initWithType:groupID:priority:dict:">())) {
+    if (message.respondsToSelector(SelectorOf(kInitMessage))) {
         const auto content = ns::New<ns::MutableDictionary>();
         content->setObject(text, "content"_ns);
         content->setObject(ns::Number::numberWithInt(0), "type"_ns);
-        message = message.initWithType(0, groupId, 0, content.get());
+        message = kInitMessage(message, 0, groupId.get(), 0, content.get());
     }
-    engine.sendCustomWithMsg(objc::Ref<ImMessage>::Adopt(message), nullptr, nullptr);
+    kPostMessage(engine, objc::Ref<ImMessage>::Adopt(message).get(), nullptr, nullptr);
 }
 
 void Send(ns::String text) {
     LogSendLine(u"[XHS] send=\"%@\" dv=%@ cb=%@"_ns, text, HeldMark(state.decorateView), HeldMark(state.commentBar));
-    SendByFirstOf(
-        Through(state.decorateView, u"[XHS] ❌ %@"_ns, [&](DecorateView view) { view.sendFasterChatMsg(text); }),
-        Through(state.commentBar, u"[XHS] ❌ %@"_ns, [&](CommentBar bar) { return SendViaBar(bar, text); }),
-        Through(state.imEngine, nullptr, [&](ImEngine engine) { SendViaEngine(engine, text); }));
+    SendByFirstOf(kPaths,
+                  Through(state.decorateView, u"[XHS] ❌ %@"_ns, [&](DecorateView view) { kSendChat(view, text); }),
+                  Through(state.commentBar, u"[XHS] ❌ %@"_ns, [&](CommentBar bar) { return SendViaBar(bar, text); }),
+                  Through(state.imEngine, nullptr, [&](ImEngine engine) { SendViaEngine(engine, text); }));
 }
 
 } // namespace
 } // namespace corvel::xiaohongshu
+
+std::span<const corvel::SendPath> corvel::XiaohongshuSendPaths() {
+    return xiaohongshu::kPaths;
+}
 
 bool XHS_IsReady() {
     using corvel::xiaohongshu::state;

@@ -1,6 +1,7 @@
 #pragma once
 // The classes of Xiaohongshu that the adapter talks to.
 
+#include "adapters/send_table.hpp"
 #include "apple/foundation/collections.hpp"
 #include "apple/foundation/string.hpp"
 #include "apple/uikit/view.hpp"
@@ -12,36 +13,32 @@ namespace corvel::xiaohongshu {
 struct DecorateView : ui::View {
     using ui::View::View;
     static constexpr const char *kClassName = "XYLivePlayDecorateView";
-
-    void sendFasterChatMsg(ns::String text) const {
-        objc::Send<"sendFasterChatMsg:", void>(*this, text);
-    }
 };
+inline constexpr HostMethod<DecorateView, "sendFasterChatMsg:", void(ns::String)> kSendChat;
 
 /// The comment input of a live room; its delegate is, as a rule, the decorate view.
 struct CommentBar : ui::View {
     using ui::View::View;
     static constexpr const char *kClassName = "XYCommentBar";
 };
+inline constexpr HostMethod<CommentBar, "sendButtonTapped:", void(ns::Object)> kPressSend;
 
 /// A message to a live room's group.
 struct ImMessage : ns::Object {
     using ns::Object::Object;
     static constexpr const char *kClassName = "XYLiveIMMessage";
-
-    ImMessage initWithType(long type, ns::Object groupId, long priority, ns::Dictionary content) const {
-        return objc::Send<"initWithType:groupID:priority:dict:", ImMessage>(*this, type, groupId, priority, content);
-    }
 };
+inline constexpr HostMethod<ImMessage, "initWithType:groupID:priority:dict:",
+                            ImMessage(long type, ns::Object groupId, long priority, ns::Dictionary content)>
+    kInitMessage;
 
 /// Joins a live room's group and posts messages to it.
 struct ImEngine : ns::Object {
     using ns::Object::Object;
     static constexpr const char *kClassName = "XYLiveImEngine";
-
-    void sendCustomWithMsg(ImMessage message, objc::Block<void()> success, objc::Block<void()> failure) const {
-        objc::Send<"sendCustomWithMsg:succ:fail:", void>(*this, message, success, failure);
-    }
 };
+inline constexpr HostMethod<ImEngine, "sendCustomWithMsg:succ:fail:",
+                            void(ImMessage message, objc::Block<void()> success, objc::Block<void()> failure)>
+    kPostMessage;
 
 } // namespace corvel::xiaohongshu

@@ -1,12 +1,15 @@
 #pragma once
 // Xiaohongshu's adapter, as the table of hosts sees it.
 
-#include "objc/runtime.hpp"
+#include "adapters/method_hook.hpp"
+#include "adapters/send_table.hpp"
 
 namespace corvel {
 
-/// Hooks Xiaohongshu's decorate view, comment bar and messaging engine.
-void InstallXiaohongshuHooks();
+/// The hooks of Xiaohongshu's decorate view, comment bar and messaging engine.
+std::span<const MethodHook> XiaohongshuHooks();
+/// The ways to send, in the order in which they are tried.
+std::span<const SendPath> XiaohongshuSendPaths();
 
 } // namespace corvel
 

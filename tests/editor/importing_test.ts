@@ -1,0 +1,204 @@
+// Strings, files, pictures and links are taken in; what the phone would refuse is told, with the place.
+
+import assert from "node:assert/strict";
+import { once } from "node:events";
+import { createServer } from "node:http";
+import { readFile } from "node:fs/promises";
+import { test } from "node:test";
+import { deflateSync } from "node:zlib";
+import { packText, unpackText } from "./packing";
+import { play } from "./simulated";
+import { comments, consider, drop, given, lines, open, packed, part, paths, take, taking, undo } from "./support";
+
+const sample = '{"Corvel.slots.0":"弹幕😀\\n\\/","Corvel.slots.1":"two"}';
+const good = packText(sample);
+const shown = { imported: "导入成功", unreadable: "格式无效", empty: "剪贴板为空" };
+
+/** A text, and what the page must say of it where the phone refuses it. */
+const refused: Record<string, [string, RegExp]> = {
+  "a blank behind the magic": ["DM1: " + good.slice(4), /blank or a line break.*character 5\b.*can be read all the same/],
+  "a line break": [good.slice(0, 20) + "\n" + good.slice(20), /line break.*character 21\b.*2 comments/],
+  "words around": ["看这个 " + good + " 很好用", /from DM1: on/],
+  "another letter": ["DM1:弹" + good.slice(5), /“弹”, character 5/],
+  "half a group": ["DM1:" + good.slice(4, 41), /cut short: it ends after 41 characters/],
+  "cut short": [good.slice(0, 44), /packed bytes end after byte 30/],
+  "not packed": ["DM1:" + Buffer.from(sample).toString("base64"), /not packed/],
+  "a wrong checksum": [packText(Buffer.from(sample)).slice(0, -4) + "AAAA", /checksum, before byte/],
+  "nothing behind the magic": ["DM1:", /ends too early/],
+  "a wrong byte": ["CV1:" + deflateSync(Buffer.from([0x7b, 0xff])).toString("base64"), /Byte 2 of the text is not UTF-8/],
+  "a value missing": ['{\n "a":1,\n "b":}', /value.*line 3, character 6/],
+  "a comma too many": ['{"a":1,}', /key in double quotes.*line 1, character 8/],
+  "more behind": ['{"a":1} x', /more behind the end.*character 9/],
+  "an open text": ['{"a":"b', /not closed.*character 6/],
+  "half a character": ['{"a":"\\ud83d"}', /[Hh]alf.*character 7/],
+  "a number too large": ['{"a":1e400}', /too large.*character 6/],
+  "a list": ['[{"a":1}]', /no object/],
+  "too deep": ['{"a":' + "[".repeat(513) + "]".repeat(513) + "}", /512 levels/],
+  "too large": [JSON.stringify({ "Corvel.slots.0": "x".repeat(2 << 20) }), /2\.0 MiB/],
+  "too large when unpacked": [packText(JSON.stringify({ "Corvel.slots.0": "x".repeat(3 << 20) })), /3\.0 MiB; the phone/],
+  "a bomb": [packText(Buffer.alloc(80 << 20, 0x20)), /larger than 64 MiB/],
+};
+const taken: Record<string, string> = {
+  packed: good,
+  "packed under the other magic": packText(sample, "CV1:", 1),
+  "bare JSON with blanks around": ` \n${sample}\t`,
+  "bytes behind the end": good.replace(/=*$/, "") + "AAAA".slice((good.replace(/=*$/, "").length - 4) % 4),
+  "packed with a mark of order": packText(Buffer.from("\ufeff" + sample)),
+  "packed in UTF-16": packText(Buffer.from(sample, "utf16le")),
+  "two equal keys": '{"Corvel.slots.0":"first","Corvel.slots.0":"last"}',
+  "nothing of ours": '{"Other":1}',
+};
+
+test("the toast that the page foretells is the one that the phone shows", async () => {
+  const page = await open();
+  const files: Record<string, string> = {};
+  const script = ["wait 3"];
+  const ask = async (text: string, toast: string, notes: RegExp, name: string): Promise<void> => {
+    const said = await consider(page, text);
+    assert.equal(said.toast, toast, name);
+    assert.match(said.notes, notes, name);
+    const file = `${Object.keys(files).length}.txt`;
+    files[file] = text;
+    script.push(`pasteboard from "${file}"`, "call action dm_imp", "wait 0.3", `expect toast text is "${toast}"`, "wait 2");
+  };
+  for (const [name, [text, notes]] of Object.entries(refused)) {
+    await ask(text, shown.unreadable, notes, name);
+  }
+  for (const [name, text] of Object.entries(taken)) {
+    await ask(text, shown.imported, /keys? in all/, name);
+  }
+  await play("douyin", script, files);
+});
+
+test("keys and values that the page does not know stay as they came", async () => {
+  const page = await open();
+  const odd =
+    '{"Corvel.later":[1.0,{"b":null,"a":-0.0}],"Corvel.number":123456789012345678901234567890,"Other":1e-7,' +
+    '"Corvel.slots.0":5,"Corvel.slots.2":"\\u5f39","Corvel.slots.99999999":"far","__proto__":"x"}';
+  await take(page, packText(odd));
+  assert.equal(unpackText(await given(page)), odd);
+  const notes = await part(page, "To the phone").locator("li").allInnerTexts();
+  assert.match(notes.join(" "), /null in it: Corvel.later.*do not begin with Corvel.: Other, __proto__/);
+  await page.getByRole("button", { name: "Remove Corvel.later" }).click();
+  await lines(page).fill((await lines(page).inputValue()) + "\nmore");
+  assert.equal(
+    unpackText(await given(page)),
+    odd.replace(/"Corvel.later":.*?},?\],/, "").replace(/}$/, ',"Corvel.slots.3":"more"}'),
+  );
+});
+
+test("comments are taken in as lines, and undo brings back what was there", async () => {
+  const page = await open();
+  await lines(page).fill("before");
+  const said = await consider(page, "主播好\r\n666\r\n\r\nbye\r\n");
+  assert.equal(said.toast, shown.unreadable);
+  await page.getByRole("button", { name: "Use as 4 comments" }).click();
+  assert.deepEqual(await comments(page), ["主播好", "666", "", "bye"]);
+  assert.equal(await taking(page).inputValue(), "");
+  await undo(page).click();
+  assert.deepEqual(await comments(page), ["before"]);
+});
+
+test("files are read, in an old encoding too, and what is none is said", async () => {
+  const page = await open();
+  const problem = part(page, "From the phone").getByRole("alert");
+  const gb18030 = Buffer.from([0xd6, 0xf7, 0xb2, 0xa5, 0xba, 0xc3, 0x0a, 0x36]);
+  await drop(page, { name: "a.txt", type: "text/plain", bytes: gb18030 });
+  await page.getByRole("button", { name: "Use as 2 comments" }).click();
+  assert.deepEqual(await comments(page), ["主播好", "6"]);
+  await drop(page, { name: "b.txt", type: "", bytes: Buffer.from(good) });
+  await page.getByRole("button", { name: "Take in" }).click();
+  assert.deepEqual(await comments(page), ["弹幕😀↵/", "two"]);
+  await drop(page, { name: "c.bin", type: "", bytes: Buffer.from([0x61, 0x62, 0xff, 0x00, 0xff]) });
+  await page.getByText("c.bin could not be read. Byte 3 of the text is not UTF-8.").waitFor();
+  await drop(page, { name: "d.png", type: "image/png", bytes: Buffer.from("no picture") });
+  await page.getByText("d.png is no picture").waitFor();
+  // A file too long for the field is read all the same.
+  const many = Array.from({ length: 10_000 }, (_, index) => `comment number ${index} of many`);
+  await drop(page, { name: "e.txt", type: "text/plain", bytes: Buffer.from(many.join("\n")) });
+  assert.ok(await problem.isHidden());
+  await page.getByRole("button", { name: "Use as 10000 comments" }).click();
+  assert.deepEqual(await comments(page), many);
+});
+
+test("bytes of any kind are answered, and 64 MiB of text too", async () => {
+  const page = await open();
+  const noise = Buffer.from(Array.from({ length: 3 << 16 }, (_, index) => (index * 7919) >> 3 & 0xff));
+  await drop(page, { name: "noise", type: "", bytes: noise });
+  await page.getByText("noise could not be read.").waitFor();
+  for (const [text, notes] of [
+    ["CV1:" + noise.toString("base64"), /not packed|damaged/],
+    ["[".repeat(4 << 20), /512 levels/],
+    [packText(`{"Corvel.slots.0":"${"x".repeat(63 << 20)}"}`), /63 MiB; the phone takes at most 2\.0 MiB/],
+    [packText(`{"Corvel.slots.0":"${"x".repeat(63 << 20)}`), /not closed.*character 19/],
+  ] as const) {
+    const said = await consider(page, text);
+    assert.equal(said.toast, shown.unreadable);
+    assert.match(said.notes, notes);
+  }
+  // A set that no phone takes can be opened here, and made smaller.
+  await take(page, packText(JSON.stringify({ "Corvel.slots.0": "x".repeat(3 << 20), "Corvel.slots.1": "y" })));
+  await part(page, "To the phone").getByText("格式无效").waitFor();
+  await page.getByRole("button", { name: "Empty", exact: true }).click();
+  await part(page, "To the phone").getByText("导入成功").waitFor();
+  assert.deepEqual(await comments(page), ["", "y"]);
+});
+
+test("the picture of a code brings the set back", async () => {
+  const page = await open();
+  await lines(page).fill(Array.from({ length: 48 }, (_, index) => `第${index}条弹幕，今天真好`).join("\n"));
+  const code = part(page, "To the phone").getByRole("img");
+  const wanted = await given(page);
+  assert.equal(await code.getAttribute("alt"), `QR code with the text, ${wanted.length} characters`);
+  // As a picture of its own, and within a picture of the screen.
+  const png = Buffer.from(((await code.getAttribute("src")) ?? "").split(",")[1] ?? "", "base64");
+  const screen = await page.screenshot();
+  await code.scrollIntoViewIfNeeded();
+  for (const bytes of [png, screen.length > 0 ? await page.screenshot() : screen]) {
+    const other = await open();
+    await drop(other, { name: "code.png", type: "image/png", bytes });
+    await other.getByRole("button", { name: "Take in" }).click();
+    assert.equal(await given(other), wanted);
+  }
+  const without = await open();
+  await drop(without, { name: "empty.png", type: "image/png", bytes: await without.screenshot() });
+  await without.getByText("In empty.png no QR code was found.").waitFor();
+});
+
+test("what is too long for a code is said, with both lengths", async () => {
+  const page = await open();
+  await lines(page).fill(Array.from({ length: 400 }, (_, index) => Math.sin(index + 1).toString(36)).join("\n"));
+  const { length } = await given(page);
+  assert.ok(length > 2953);
+  await part(page, "To the phone").getByText(`${length} characters; one QR code holds 2953`).waitFor();
+  assert.ok(await part(page, "To the phone").getByRole("img").isHidden());
+});
+
+test("a link carries the set to a page on a web server", async () => {
+  const html = await readFile(paths.page);
+  const server = createServer((_, answer) => {
+    answer.setHeader("content-type", "text/html; charset=utf-8").end(html);
+  }).listen(0, "127.0.0.1");
+  try {
+    await once(server, "listening");
+    const place = server.address();
+    const address = `http://127.0.0.1:${typeof place === "object" && place ? place.port : 0}/grid`;
+    const page = await open({ address });
+    await lines(page).fill("从链接来\n??>>~~");
+    const wanted = await given(page);
+    await page.getByRole("button", { name: "Copy link" }).click();
+    const link = await page.evaluate(() => navigator.clipboard.readText());
+    assert.match(link, /^http:[^#]*\/grid#DM1:[A-Za-z0-9_-]+$/);
+    const other = await open({ address, fragment: link.split("#")[1] ?? "" });
+    assert.equal(await packed(other).inputValue(), wanted);
+    // Once taken it leaves the address, so that a reload does not undo what is done here.
+    await lines(other).fill("changed");
+    await other.reload();
+    assert.deepEqual(await comments(other), ["changed"]);
+    const broken = await open({ address, fragment: "DM1:eJx" });
+    await broken.getByText("The link carries no set").waitFor();
+  } finally {
+    server.close();
+    server.closeAllConnections();
+  }
+});

@@ -1,0 +1,43 @@
+// The page on a phone and on a desk, light and dark, in both languages; the grid's cells lie where the phone's lie.
+
+import assert from "node:assert/strict";
+import path from "node:path";
+import { test } from "node:test";
+import { play } from "./simulated";
+import { cell, open, paths, phone, take } from "./support";
+
+for (const locale of ["en-US", "zh-CN"]) {
+  for (const [name, size] of [["phone", phone], ["desk", {}]] as const) {
+    for (const colorScheme of ["light", "dark"] as const) {
+      test(`${name}, ${colorScheme}, ${locale}`, async () => {
+        const page = await open({ ...size, colorScheme, locale });
+        assert.equal(await page.title(), locale === "zh-CN" ? "Corvel 弹幕网格" : "Corvel Comment grid");
+        assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= window.innerWidth));
+        const nameless = await page.evaluate(() =>
+          Array.from(document.querySelectorAll<HTMLElement>("button, input:not([type=file]), textarea, select"))
+            .filter((each) => !each.ariaLabel && !each.textContent && !(each as HTMLInputElement).labels?.length)
+            .map((each) => each.outerHTML),
+        );
+        assert.deepEqual(nameless, []);
+        const picture = `pictures/${name}-${colorScheme}-${locale}.png`;
+        await page.screenshot({ path: path.join(path.dirname(paths.page), picture), fullPage: true });
+      });
+    }
+  }
+}
+
+test("cells lie where the phone draws them", async () => {
+  const page = await open();
+  for (const [preset, scale, last] of [[0, 1, 3], [3, 1.25, 19], [7, 0.5, 47]] as const) {
+    const text = `{"Corvel.config.gridPresetIndex":${preset},"Corvel.config.matrixScale":${scale}}`;
+    await take(page, text);
+    const panel = (await page.locator(".panel").boundingBox())!;
+    const box = (await cell(page, last + 1).boundingBox())!;
+    const script = ["wait 3", 'pasteboard from "in.txt"', "call action dm_imp", "wait 1", 'tap "弹"', "wait 1"];
+    const { printed } = await play("douyin", [...script, `print view cell ${last} frame`], { "in.txt": text });
+    const frame = /frame: (.*)$/m.exec(printed)?.[1]?.split(" ").map(Number) ?? [];
+    [box.x - panel.x, box.y - panel.y, box.width, box.height].forEach((length, index) => {
+      assert.ok(Math.abs(length - (frame[index] ?? NaN)) < 0.6, `${preset}: ${length} and ${frame.join(" ")}`);
+    });
+  }
+});
