@@ -11,6 +11,11 @@ function mebibytes(bytes: number): string {
   return (bytes / (1 << 20)).toFixed(bytes < 10 << 20 ? 1 : 0) + " MiB";
 }
 
+/** Exact, for what is a byte too much. Both languages write numbers alike. */
+function counted(number: number): string {
+  return number.toLocaleString("en");
+}
+
 const english = {
   language: "en" as Language,
   comma: ", ",
@@ -118,7 +123,6 @@ const english = {
 
   remarks: {
     empty: "Nothing is set yet: the import would change nothing.",
-    tooLarge: (size: number, most: number) => `Unpacked it has ${mebibytes(size)}; the phone takes ${mebibytes(most)}.`,
     hidden: (count: number) => (count === 1 ? "1 comment has no cell on the phone's grid." : `${count} comments have no cell on the phone's grid.`),
     mostCells: (count: number, most: number) => `${count} comments lie beyond ${most} cells, the most that a phone shows.`,
     unstorable: (keys: string) => `The phone leaves out what has a null in it: ${keys}.`,
@@ -163,7 +167,7 @@ const english = {
   } as Record<JsonFaultKind, string>,
   jsonShort: (what: string) => `${what}: the text ends too early.`,
   tooLarge: (size: number, most: number) =>
-    `Unpacked it has ${mebibytes(size)}; the phone takes at most ${mebibytes(most)}.`,
+    `As JSON it has ${counted(size)} bytes; the phone takes at most ${counted(most)}.`,
 };
 
 export type Texts = typeof english;
@@ -270,7 +274,6 @@ const chinese: Texts = {
 
   remarks: {
     empty: "还没有任何内容：导入后不会有变化。",
-    tooLarge: (size, most) => `解压后有 ${mebibytes(size)}，手机最多接受 ${mebibytes(most)}。`,
     hidden: (count) => `有 ${count} 条弹幕在手机的网格里没有格子。`,
     mostCells: (count, most) => `有 ${count} 条弹幕超出 ${most} 格，手机最多显示这么多。`,
     unstorable: (keys) => `含有 null 的值，手机会略去：${keys}。`,
@@ -312,7 +315,7 @@ const chinese: Texts = {
     object: "不是花括号 { } 括起的对象",
   },
   jsonShort: (what) => `${what}：文字过早结束。`,
-  tooLarge: (size, most) => `解压后有 ${mebibytes(size)}，手机最多接受 ${mebibytes(most)}。`,
+  tooLarge: (size, most) => `JSON 共 ${counted(size)} 字节，手机最多接受 ${counted(most)}。`,
 };
 
 /** The texts for what the browser prefers. */

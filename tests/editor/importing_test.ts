@@ -8,8 +8,15 @@ import { test } from "node:test";
 import { deflateSync } from "node:zlib";
 import { packText, unpackText } from "./packing";
 import { play } from "./simulated";
-import { comments, consider, drop, given, lines, open, packed, part, paths, take, taking, undo } from "./support";
+import { comments, consider, drop, given, lines, mostBytes, open, packed, part, paths, take, taking, undo } from "./support";
 
+/** A configuration whose JSON text has so many bytes. */
+function sized(bytes: number): string {
+  const frame = '{"Corvel.slots.0":""}';
+  return frame.replace('""', `"${"x".repeat(bytes - frame.length)}"`);
+}
+
+const tooLarge = new RegExp(`it has [0-9,]+ bytes; the phone takes at most ${mostBytes.toLocaleString("en")}\\.`);
 const sample = '{"Corvel.slots.0":"弹幕😀\\n\\/","Corvel.slots.1":"two"}';
 const good = packText(sample);
 const shown = { imported: "导入成功", unreadable: "格式无效", empty: "剪贴板为空" };
@@ -34,8 +41,9 @@ const refused: Record<string, [string, RegExp]> = {
   "a number too large": ['{"a":1e400}', /too large.*character 6/],
   "a list": ['[{"a":1}]', /no object/],
   "too deep": ['{"a":' + "[".repeat(513) + "]".repeat(513) + "}", /512 levels/],
-  "too large": [JSON.stringify({ "Corvel.slots.0": "x".repeat(2 << 20) }), /2\.0 MiB/],
-  "too large when unpacked": [packText(JSON.stringify({ "Corvel.slots.0": "x".repeat(3 << 20) })), /3\.0 MiB; the phone/],
+  "a byte too large": [sized(mostBytes + 1), tooLarge],
+  "a byte too large when unpacked": [packText(sized(mostBytes + 1)), tooLarge],
+  "too large in UTF-16 only": [packText(Buffer.from(sized(mostBytes / 2 + 1), "utf16le")), tooLarge],
   "a bomb": [packText(Buffer.alloc(80 << 20, 0x20)), /larger than 64 MiB/],
 };
 const taken: Record<string, string> = {
@@ -45,6 +53,8 @@ const taken: Record<string, string> = {
   "bytes behind the end": good.replace(/=*$/, "") + "AAAA".slice((good.replace(/=*$/, "").length - 4) % 4),
   "packed with a mark of order": packText(Buffer.from("\ufeff" + sample)),
   "packed in UTF-16": packText(Buffer.from(sample, "utf16le")),
+  "just not too large": sized(mostBytes),
+  "just not too large when unpacked": packText(sized(mostBytes)),
   "two equal keys": '{"Corvel.slots.0":"first","Corvel.slots.0":"last"}',
   "nothing of ours": '{"Other":1}',
 };
@@ -129,7 +139,7 @@ test("bytes of any kind are answered, and 64 MiB of text too", async () => {
   for (const [text, notes] of [
     ["CV1:" + noise.toString("base64"), /not packed|damaged/],
     ["[".repeat(4 << 20), /512 levels/],
-    [packText(`{"Corvel.slots.0":"${"x".repeat(63 << 20)}"}`), /63 MiB; the phone takes at most 2\.0 MiB/],
+    [packText(`{"Corvel.slots.0":"${"x".repeat(63 << 20)}"}`), tooLarge],
     [packText(`{"Corvel.slots.0":"${"x".repeat(63 << 20)}`), /not closed.*character 19/],
   ] as const) {
     const said = await consider(page, text);
@@ -137,7 +147,7 @@ test("bytes of any kind are answered, and 64 MiB of text too", async () => {
     assert.match(said.notes, notes);
   }
   // A set that no phone takes can be opened here, and made smaller.
-  await take(page, packText(JSON.stringify({ "Corvel.slots.0": "x".repeat(3 << 20), "Corvel.slots.1": "y" })));
+  await take(page, packText(JSON.stringify({ "Corvel.slots.0": "x".repeat(mostBytes), "Corvel.slots.1": "y" })));
   await part(page, "To the phone").getByText("格式无效").waitFor();
   await page.getByRole("button", { name: "Empty", exact: true }).click();
   await part(page, "To the phone").getByText("导入成功").waitFor();

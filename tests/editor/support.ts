@@ -2,6 +2,7 @@
 //
 // usage of each test: node TEST.cjs PAGE SIMULATOR LIBRARY; CORVEL_SEED asks for other random values.
 
+import { readFileSync } from "node:fs";
 import { after, before } from "node:test";
 import path from "node:path";
 import { pathToFileURL } from "node:url";
@@ -11,6 +12,11 @@ const [pagePath = "", simulatorPath = "", libraryPath = ""] = process.argv.slice
 
 export const paths = { page: pagePath, simulator: simulatorPath, library: libraryPath };
 export const address = pathToFileURL(pagePath).href;
+/** What the page was told of the library. */
+const table = JSON.parse(readFileSync(path.join(path.dirname(pagePath), "table.json"), "utf8")) as { largestText: number };
+
+/** The phone takes texts of at most that many bytes. */
+export const mostBytes = table.largestText;
 export const seed = process.env["CORVEL_SEED"] ?? "1";
 
 /** Takes out what came to Safari after 15.0, so that a use of it fails here as there. */

@@ -93,5 +93,5 @@ export function remarksOn(configuration: Configuration, size: number, texts: Tex
     ...(readBool(configuration, table.logEnabledKey) ? [remarks.logOn] : []),
     ...(log !== "" ? [remarks.log(log.length)] : []),
   ];
-  return size > table.largestText ? { notes, refusal: remarks.tooLarge(size, table.largestText) } : { notes };
+  return size > table.largestText ? { notes, refusal: texts.tooLarge(size, table.largestText) } : { notes };
 }
