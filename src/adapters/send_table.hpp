@@ -19,10 +19,12 @@ template <class View, objc::FixedString Name, class R, class... A> struct HostMe
     R operator()(View receiver, A... arguments) const {
         return objc::Send<Name, R>(receiver, arguments...);
     }
-    static objc::SEL Selector() {
-        return objc::Selector<Name>();
-    }
 };
+
+/// The method's selector.
+template <class View, objc::FixedString Name, class Signature> objc::SEL SelectorOf(HostMethod<View, Name, Signature>) {
+    return objc::Selector<Name>();
+}
 
 /// Something that a way to send needs of a class of the host's.
 struct SendStep {

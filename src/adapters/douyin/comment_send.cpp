@@ -78,7 +78,7 @@ bool SendViaStore(CommentStore store, ns::String text, ns::String roomId) {
     }
     FillContext(context, text, roomId);
 
-    const objc::SEL send = kSendByStore.Selector();
+    const objc::SEL send = SelectorOf(kSendByStore);
     if (!store.respondsToSelector(send)) {
         return false;
     }
@@ -95,7 +95,7 @@ bool SendViaFragment(CommentFragment fragment, ns::String text, ns::String roomI
         SetOrSkip(context, "isUrgent"_ns, ns::Number::numberWithBool(true));
         SetOrSkip(context, "priority"_ns, ns::Number::numberWithInt(0));
     }
-    if (!fragment.respondsToSelector(kSendByFragment.Selector())) {
+    if (!fragment.respondsToSelector(SelectorOf(kSendByFragment))) {
         return false;
     }
     kSendByFragment(fragment, text, context.get(), nullptr);

@@ -33,7 +33,7 @@ bool SendViaBar(CommentBar bar, ns::String text) {
     const objc::SEL clearInput = objc::Selector<"clearInput">();
     PerformIfPresent(bar, clearInput);
     bar.setValue(text, "text"_ns);
-    const objc::SEL press = kPressSend.Selector();
+    const objc::SEL press = SelectorOf(kPressSend);
     if (!bar.respondsToSelector(press)) {
         return false;
     }
@@ -50,7 +50,7 @@ void SendViaEngine(ImEngine engine, ns::String text) {
     auto message = ns::Alloc<ImMessage>();
     // A message class without this initialiser gets its message sent as allocated; the engine decides what to make of
     // it.
-    if (message.respondsToSelector(kInitMessage.Selector())) {
+    if (message.respondsToSelector(SelectorOf(kInitMessage))) {
         const auto content = ns::New<ns::MutableDictionary>();
         content->setObject(text, "content"_ns);
         content->setObject(ns::Number::numberWithInt(0), "type"_ns);
