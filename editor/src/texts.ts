@@ -149,7 +149,7 @@ const english = {
     short: (at: number) => `It is cut short: the packed bytes end after byte ${at}, before the text does.`,
     large: () => "Unpacked it would be larger than 64 MiB.",
   } as Record<ZlibFaultKind, (at: number) => string>,
-  notUtf8: (at: number) => `Byte ${at} of the text is not UTF-8.`,
+  notText: (at: number, seeming: string) => `Byte ${at} of the text is not ${seeming}.`,
   json: {
     value: "A value is missing or misspelt",
     key: "A key in double quotes is missing",
@@ -298,7 +298,7 @@ const chinese: Texts = {
     short: (at) => `文字不完整：压缩数据在第 ${at} 个字节后中断。`,
     large: () => "解压后超过 64 MiB。",
   },
-  notUtf8: (at) => `文字的第 ${at} 个字节不是 UTF-8。`,
+  notText: (at, seeming) => `文字的第 ${at} 个字节不是 ${seeming}。`,
   json: {
     value: "缺少值，或值写错",
     key: "缺少用双引号括起的键",

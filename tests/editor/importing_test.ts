@@ -1,9 +1,12 @@
 // Strings, files, pictures and links are taken in; what the phone would refuse is told, with the place.
 
 import assert from "node:assert/strict";
+import { execFileSync } from "node:child_process";
 import { once } from "node:events";
 import { createServer } from "node:http";
-import { readFile } from "node:fs/promises";
+import { mkdtemp, readFile, rm, writeFile } from "node:fs/promises";
+import { tmpdir } from "node:os";
+import path from "node:path";
 import { test } from "node:test";
 import { deflateSync } from "node:zlib";
 import { packText, unpackText } from "./packing";
@@ -112,15 +115,34 @@ test("comments are taken in as lines, and undo brings back what was there", asyn
 test("files are read, in an old encoding too, and what is none is said", async () => {
   const page = await open();
   const problem = part(page, "From the phone").getByRole("alert");
-  const gb18030 = Buffer.from([0xd6, 0xf7, 0xb2, 0xa5, 0xba, 0xc3, 0x0a, 0x36]);
-  await drop(page, { name: "a.txt", type: "text/plain", bytes: gb18030 });
-  await page.getByRole("button", { name: "Use as 2 comments" }).click();
-  assert.deepEqual(await comments(page), ["主播好", "6"]);
+  const units = Buffer.from("主播好😀\n6", "utf16le");
+  const marked = Buffer.from("\ufeff主播好😀\n6", "utf16le");
+  const points = Buffer.alloc(7 * 4);
+  [..."\ufeff主播好😀\n6"].forEach((each, index) => points.writeUInt32BE(each.codePointAt(0)!, 4 * index));
+  for (const [name, bytes] of Object.entries({
+    GB18030: Buffer.from([0xd6, 0xf7, 0xb2, 0xa5, 0xba, 0xc3, 0x94, 0x39, 0xfc, 0x36, 0x0d, 0x0a, 0x36]),
+    "UTF-8 with a mark": Buffer.from("\ufeff主播好😀\n6\n"),
+    "UTF-16": units,
+    "UTF-16 with a mark": marked,
+    "UTF-16, the large byte first": Buffer.from(units).swap16(),
+    "UTF-16, the large byte first, with a mark": Buffer.from(marked).swap16(),
+    "UTF-32, the large byte first": points,
+    "UTF-32": Buffer.from(points).swap32(),
+  })) {
+    await drop(page, { name: "a.txt", type: "text/plain", bytes });
+    await page.getByRole("button", { name: "Use as 2 comments" }).click();
+    assert.deepEqual(await comments(page), ["主播好😀", "6"], name);
+    await undo(page).click();
+  }
   await drop(page, { name: "b.txt", type: "", bytes: Buffer.from(good) });
   await page.getByRole("button", { name: "Take in" }).click();
   assert.deepEqual(await comments(page), ["弹幕😀↵/", "two"]);
   await drop(page, { name: "c.bin", type: "", bytes: Buffer.from([0x61, 0x62, 0xff, 0x00, 0xff]) });
   await page.getByText("c.bin could not be read. Byte 3 of the text is not UTF-8.").waitFor();
+  await drop(page, { name: "half.txt", type: "", bytes: Buffer.from([0xff, 0xfe, 0x61, 0, 0, 0xd8, 0x61, 0]) });
+  await page.getByText("half.txt could not be read. Byte 5 of the text is not UTF-16.").waitFor();
+  await drop(page, { name: "cut.txt", type: "", bytes: points.subarray(0, 10) });
+  await page.getByText("cut.txt could not be read. Byte 9 of the text is not UTF-32.").waitFor();
   await drop(page, { name: "d.png", type: "image/png", bytes: Buffer.from("no picture") });
   await page.getByText("d.png is no picture").waitFor();
   // A file too long for the field is read all the same.
@@ -173,6 +195,26 @@ test("the picture of a code brings the set back", async () => {
   const without = await open();
   await drop(without, { name: "empty.png", type: "image/png", bytes: await without.screenshot() });
   await without.getByText("In empty.png no QR code was found.").waitFor();
+});
+
+test("a code of any size says the same to another reader", async () => {
+  const page = await open();
+  const code = part(page, "To the phone").getByRole("img");
+  const folder = await mkdtemp(path.join(tmpdir(), "corvel-code-"));
+  try {
+    const file = path.join(folder, "code.png");
+    for (const length of [0, 300, 1500, 2400, 3260]) {
+      // Letters that cannot be packed, so that the last is near the largest code.
+      await lines(page).fill(Array.from({ length }, (_, index) => Math.sin(index + 1).toString(36).slice(-2, -1)).join(""));
+      const wanted = await given(page);
+      const source = (await code.getAttribute("src")) ?? "";
+      await writeFile(file, Buffer.from(source.split(",")[1] ?? "", "base64"));
+      assert.ok(length < 3260 || wanted.length > 2900, `${wanted.length} characters`);
+      assert.equal(execFileSync("zbarimg", ["--nodbus", "--quiet", "--raw", file], { encoding: "utf8" }), wanted + "\n");
+    }
+  } finally {
+    await rm(folder, { recursive: true });
+  }
 });
 
 test("what is too long for a code is said, with both lengths", async () => {

@@ -109,11 +109,14 @@ export async function given(page: Page): Promise<string> {
   return page.evaluate(() => navigator.clipboard.readText());
 }
 
-/** Puts a text into the field for texts from the phone and waits for what the page says to it. */
+/** Pastes a text, whatever has the focus being no field; what the page says to it. */
 export async function consider(page: Page, text: string): Promise<{ toast: string; notes: string }> {
-  await taking(page).fill(text);
+  await page.evaluate((pasted) => {
+    const clipboardData = new DataTransfer();
+    clipboardData.setData("text/plain", pasted);
+    document.body.dispatchEvent(new ClipboardEvent("paste", { clipboardData, bubbles: true, cancelable: true }));
+  }, text);
   const said = part(page, "From the phone").locator(".remarks");
-  await page.waitForTimeout(200);
   return {
     toast: await said.locator(".toast").innerText(),
     notes: (await said.locator("li").allInnerTexts()).join(" "),

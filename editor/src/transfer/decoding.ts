@@ -51,7 +51,7 @@ function explain(fault: unknown, text: string, json: string | undefined, texts: 
     return texts.zlib[fault.kind](fault.at);
   }
   if (fault instanceof TextFault) {
-    return texts.notUtf8(fault.at + 1);
+    return texts.notText(fault.at + 1, fault.seeming);
   }
   if (fault instanceof JsonFault && json !== undefined) {
     const what = texts.json[fault.kind];
