@@ -116,7 +116,7 @@ export async function consider(page: Page, text: string): Promise<{ toast: strin
     clipboardData.setData("text/plain", pasted);
     document.body.dispatchEvent(new ClipboardEvent("paste", { clipboardData, bubbles: true, cancelable: true }));
   }, text);
-  const said = part(page, "From the phone").locator(".remarks");
+  const said = page.locator(".remarks").last();
   return {
     toast: await said.locator(".toast").innerText(),
     notes: (await said.locator("li").allInnerTexts()).join(" "),
