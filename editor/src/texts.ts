@@ -30,7 +30,7 @@ const english = {
   gridKeys: "On a keyboard: arrows choose, Enter types, Alt with arrows moves the comment, Delete empties.",
   gridNote:
     "Drawn like the phone's grid, as near as a browser's text allows: letters differ a little, so a long comment may " +
-    "be cut a word sooner or later there. The red dot marks a cut comment; it is sent whole all the same.",
+    "be cut a character or a word sooner or later there. The red dot marks a cut comment; it is sent whole all the same.",
   cell: (number: number) => `Cell ${number}`,
   cellSays: (number: number, text: string, cut: boolean) => `Cell ${number}: ${text}${cut ? ", cut on the grid" : ""}`,
   cellEmpty: (number: number) => `Cell ${number}, empty: sends ${number}`,
@@ -184,7 +184,7 @@ const chinese: Texts = {
   gridHint: "点格子输入弹幕；按住并拖动可移到别的格子。",
   gridKeys: "用键盘：方向键选择，回车输入，Alt 加方向键移动弹幕，Delete 清空。",
   gridNote:
-    "按手机上的网格绘制，在浏览器文字所能达到的范围内尽量接近：字形略有不同，长弹幕在手机上可能早一词或晚一词截断。" +
+    "按手机上的网格绘制，在浏览器文字所能达到的范围内尽量接近：字形略有不同，长弹幕在手机上可能早一字一词或晚一字一词截断。" +
     "红点表示标题被截断；发送时仍是全文。",
   cell: (number) => `第 ${number} 格`,
   cellSays: (number, text, cut) => `第 ${number} 格：${text}${cut ? "，标题被截断" : ""}`,
