@@ -11,7 +11,7 @@ import { test } from "node:test";
 import { deflateSync } from "node:zlib";
 import { packText, unpackText } from "./packing";
 import { play } from "./simulated";
-import { comments, consider, drop, given, lines, mostBytes, open, packed, part, paths, take, taking, undo } from "./support";
+import { cell, comments, consider, drop, given, lines, mostBytes, open, packed, part, paths, take, taking, undo } from "./support";
 
 /** A configuration whose JSON text has so many bytes. */
 function sized(bytes: number): string {
@@ -168,6 +168,11 @@ test("bytes of any kind are answered, and 64 MiB of text too", async () => {
     assert.equal(said.toast, shown.unreadable);
     assert.match(said.notes, notes);
   }
+  // Nor does the grid measure all of a comment that takes no room, or show all of a key.
+  await take(page, packText(JSON.stringify({ "Corvel.slots.0": "\u200b".repeat(20 << 20) })));
+  assert.ok(await cell(page, 1).locator(".marker").isVisible());
+  await take(page, packText(JSON.stringify({ ["k".repeat(60 << 20)]: 1 })));
+  await part(page, "To the phone").getByText(/skips keys that .* k{80}…\.$/).waitFor();
   // A set that no phone takes can be opened here, and made smaller.
   await take(page, packText(JSON.stringify({ "Corvel.slots.0": "x".repeat(mostBytes), "Corvel.slots.1": "y" })));
   await part(page, "To the phone").getByText("格式无效").waitFor();

@@ -1,5 +1,6 @@
 // What the set carries besides comments and settings: named, and to be taken out.
 
+import { shownKey } from "../model/configuration";
 import { slotOf } from "../model/slots";
 import { Page } from "../page";
 import { preferenceOf, table } from "../table";
@@ -20,7 +21,7 @@ export function othersView(page: Page): HTMLElement {
     const meaning = key.startsWith(table.prefix)
       ? (preferenceOf(key)?.text[texts.language] ?? texts.unknownKey)
       : texts.foreignKey;
-    const shown = key.length > 80 ? key.slice(0, 80) + "…" : key;
+    const shown = shownKey(key);
     const remove = (): void => page.change(page.configuration.with([[key, undefined]]));
     return element(
       "li",
