@@ -65,8 +65,10 @@ const english = {
   copied: "Copied",
   copyByHand: "The browser does not let the page copy. The text is marked: copy it by hand.",
   copyLink: "Copy link",
-  linkCopied: "Link copied",
-  linkNote: "The link opens this page with the set in it; nothing of it goes to a server.",
+  linkCopied: (length: number) => `Link copied, ${length} characters`,
+  linkNote:
+    "The link opens this page with the set in it; nothing of it goes to a server. A long one may be cut short by what " +
+    "sends it.",
   linkLocal: "This page lies in a file: the link opens only where that file is.",
   code: "QR code",
   codeName: (length: number) => `QR code with the text, ${length} characters`,
@@ -123,7 +125,8 @@ const english = {
 
   remarks: {
     empty: "Nothing is set yet: the import would change nothing.",
-    hidden: (count: number) => (count === 1 ? "1 comment has no cell on the phone's grid." : `${count} comments have no cell on the phone's grid.`),
+    hidden: (count: number) =>
+      `${count === 1 ? "1 comment has" : `${count} comments have`} no cell on the phone's grid.`,
     mostCells: (count: number, most: number) => `${count} comments lie beyond ${most} cells, the most that a phone shows.`,
     unstorable: (keys: string) => `The phone leaves out what has a null in it: ${keys}.`,
     foreign: (keys: string) => `The phone skips keys that do not begin with ${table.prefix}: ${keys}.`,
@@ -218,8 +221,8 @@ const chinese: Texts = {
   copied: "已拷贝",
   copyByHand: "浏览器不允许网页拷贝。文字已选中，请手动拷贝。",
   copyLink: "拷贝链接",
-  linkCopied: "已拷贝链接",
-  linkNote: "链接会打开本页并带上这套配置；内容不会发给服务器。",
+  linkCopied: (length) => `已拷贝链接，${length} 个字符`,
+  linkNote: "链接会打开本页并带上这套配置；内容不会发给服务器。太长的链接可能在传送时被截断。",
   linkLocal: "本页是一个文件：链接只能在有这个文件的地方打开。",
   code: "二维码",
   codeName: (length) => `二维码，内容为这段文字，${length} 个字符`,

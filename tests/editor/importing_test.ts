@@ -11,7 +11,8 @@ import { test } from "node:test";
 import { deflateSync } from "node:zlib";
 import { packText, unpackText } from "./packing";
 import { play } from "./simulated";
-import { cell, comments, consider, drop, given, lines, mostBytes, open, packed, part, paths, take, taking, undo } from "./support";
+import { cell, comments, consider, drop, given, lines, mostBytes, open, packed, part, paths } from "./support";
+import { take, taking, undo } from "./support";
 
 /** A configuration whose JSON text has so many bytes. */
 function sized(bytes: number): string {
@@ -26,7 +27,7 @@ const shown = { imported: "导入成功", unreadable: "格式无效", empty: "�
 
 /** A text, and what the page must say of it where the phone refuses it. */
 const refused: Record<string, [string, RegExp]> = {
-  "a blank behind the magic": ["DM1: " + good.slice(4), /blank or a line break.*character 5\b.*can be read all the same/],
+  "a blank behind the magic": ["DM1: " + good.slice(4), /blank or a line break.*character 5\b.*can be read all the/],
   "a line break": [good.slice(0, 20) + "\n" + good.slice(20), /line break.*character 21\b.*2 comments/],
   "words around": ["看这个 " + good + " 很好用", /from DM1: on/],
   "another letter": ["DM1:弹" + good.slice(5), /“弹”, character 5/],
@@ -210,7 +211,8 @@ test("a code of any size says the same to another reader", async () => {
     const file = path.join(folder, "code.png");
     for (const length of [0, 300, 1500, 2400, 3260]) {
       // Letters that cannot be packed, so that the last is near the largest code.
-      await lines(page).fill(Array.from({ length }, (_, index) => Math.sin(index + 1).toString(36).slice(-2, -1)).join(""));
+      const letters = Array.from({ length }, (_, index) => Math.sin(index + 1).toString(36).slice(-2, -1));
+      await lines(page).fill(letters.join(""));
       const wanted = await given(page);
       const source = (await code.getAttribute("src")) ?? "";
       await writeFile(file, Buffer.from(source.split(",")[1] ?? "", "base64"));
@@ -229,6 +231,27 @@ test("what is too long for a code is said, with both lengths", async () => {
   assert.ok(length > 2953);
   await part(page, "To the phone").getByText(`${length} characters; one QR code holds 2953`).waitFor();
   assert.ok(await part(page, "To the phone").getByRole("img").isHidden());
+});
+
+test("where a page may not use the clipboard, it copies all the same, or says how", async () => {
+  const first = (): void => {
+    Object.defineProperty(navigator, "clipboard", { value: undefined });
+  };
+  const page = await open({ first });
+  await lines(page).fill("一条");
+  await part(page, "To the phone").getByRole("button", { name: "Copy", exact: true }).click();
+  await page.getByText("Copied", { exact: true }).waitFor();
+  await page.getByRole("button", { name: "Paste" }).click();
+  await page.getByText("The browser does not let the page paste").waitFor();
+  await page.keyboard.press("Control+v");
+  const pasted = await taking(page).inputValue();
+  assert.deepEqual(JSON.parse(unpackText(pasted)), { "Corvel.slots.0": "一条" });
+  await page.evaluate(() => {
+    document.execCommand = () => false;
+  });
+  await part(page, "To the phone").getByRole("button", { name: "Copy", exact: true }).click();
+  await page.getByText("The text is marked: copy it by hand.").waitFor();
+  assert.equal(await page.evaluate(() => getSelection()?.toString()), pasted);
 });
 
 test("a link carries the set to a page on a web server", async () => {

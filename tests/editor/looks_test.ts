@@ -29,7 +29,8 @@ async function assertUsable(page: Page): Promise<void> {
   assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= window.innerWidth));
   const nameless = await page.evaluate(() =>
     Array.from(document.querySelectorAll<HTMLElement>("button, input:not([type=file]), textarea, select"))
-      .filter((each) => !each.closest("[hidden]") && !each.ariaLabel && !each.textContent && !(each as HTMLInputElement).labels?.length)
+      .filter((each) => !each.closest("[hidden]") && !each.ariaLabel && !each.textContent)
+      .filter((each) => !(each as HTMLInputElement).labels?.length)
       .map((each) => each.outerHTML),
   );
   assert.deepEqual(nameless, []);

@@ -13,7 +13,8 @@ const [pagePath = "", simulatorPath = "", libraryPath = ""] = process.argv.slice
 export const paths = { page: pagePath, simulator: simulatorPath, library: libraryPath };
 export const address = pathToFileURL(pagePath).href;
 /** What the page was told of the library. */
-const table = JSON.parse(readFileSync(path.join(path.dirname(pagePath), "table.json"), "utf8")) as { largestText: number };
+const tablePath = path.join(path.dirname(pagePath), "table.json");
+const table = JSON.parse(readFileSync(tablePath, "utf8")) as { largestText: number };
 
 /** The phone takes texts of at most that many bytes. */
 export const mostBytes = table.largestText;

@@ -10,7 +10,8 @@ import { isScalar, isStorable, readBool, readFloat, readString } from "./stored_
 const shownKeys = 5;
 
 function listed(keys: string[], texts: Texts): string {
-  return keys.slice(0, shownKeys).map(shownKey).join(texts.comma) + (keys.length > shownKeys ? ` … (${keys.length})` : "");
+  const shown = keys.slice(0, shownKeys).map(shownKey).join(texts.comma);
+  return shown + (keys.length > shownKeys ? ` … (${keys.length})` : "");
 }
 
 /** Whether the phone can use what is stored under one of its own keys. */

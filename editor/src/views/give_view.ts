@@ -65,7 +65,10 @@ export function giveView(page: Page): HTMLElement {
         "div",
         { class: "bar row" },
         button(texts.copy, () => void copyOut(packed(), texts.copied), { class: "filled" }),
-        button(texts.copyLink, () => void copyOut(linkOf(location.href, packed()), texts.linkCopied)),
+        button(texts.copyLink, () => {
+          const link = linkOf(location.href, packed());
+          void copyOut(link, texts.linkCopied(link.length));
+        }),
       ),
       remarks.element,
       element("div", { class: "row code-row" }, code),

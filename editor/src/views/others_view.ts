@@ -10,7 +10,8 @@ const mostShown = 100;
 
 function isEditedElsewhere(key: string): boolean {
   const { presetKey, columnsKey, rowsKey } = table.grid;
-  return slotOf(key) !== undefined || preferenceOf(key)?.row !== undefined || [presetKey, columnsKey, rowsKey].includes(key);
+  const isSize = [presetKey, columnsKey, rowsKey].includes(key);
+  return isSize || slotOf(key) !== undefined || preferenceOf(key)?.row !== undefined;
 }
 
 export function othersView(page: Page): HTMLElement {
