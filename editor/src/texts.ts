@@ -71,8 +71,10 @@ const english = {
     "sends it.",
   linkLocal: "This page lies in a file: the link opens only where that file is.",
   code: "QR code",
+  codeLarge: "QR code, as large as the window",
   codeName: (length: number) => `QR code with the text, ${length} characters`,
-  codeNote: (length: number) => `${length} characters, in one code. Read it with the phone's camera and copy what it says.`,
+  codeNote: (length: number) =>
+    `${length} characters, in one code. Tap it to make it large, read it with the phone's camera, and copy what it says.`,
   codeTooLong: (length: number, most: number) =>
     `The text has ${length} characters; one QR code holds ${most}. Use Copy or the link.`,
   phoneShows: "The phone will show",
@@ -225,8 +227,9 @@ const chinese: Texts = {
   linkNote: "链接会打开本页并带上这套配置；内容不会发给服务器。太长的链接可能在传送时被截断。",
   linkLocal: "本页是一个文件：链接只能在有这个文件的地方打开。",
   code: "二维码",
+  codeLarge: "二维码，放大到整个窗口",
   codeName: (length) => `二维码，内容为这段文字，${length} 个字符`,
-  codeNote: (length) => `${length} 个字符，一个二维码即可。用手机相机扫描，再拷贝其内容。`,
+  codeNote: (length) => `${length} 个字符，一个二维码即可。点它放大，用手机相机扫描，再拷贝其内容。`,
   codeTooLong: (length, most) => `文字有 ${length} 个字符，一个二维码最多 ${most} 个。请用“拷贝”或链接。`,
   phoneShows: "手机将提示",
   phoneWouldShow: "手机会提示",

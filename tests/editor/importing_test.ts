@@ -203,6 +203,11 @@ test("the picture of a code brings the set back", async () => {
   await without.getByText("In empty.png no QR code was found.").waitFor();
 });
 
+/** What a program of Debian's reads in a picture. */
+function textIn(file: string): string {
+  return execFileSync("zbarimg", ["--nodbus", "--quiet", "--raw", file], { encoding: "utf8" }).replace(/\n$/, "");
+}
+
 test("a code of any size says the same to another reader", async () => {
   const page = await open();
   const code = part(page, "To the phone").getByRole("img");
@@ -217,7 +222,16 @@ test("a code of any size says the same to another reader", async () => {
       const source = (await code.getAttribute("src")) ?? "";
       await writeFile(file, Buffer.from(source.split(",")[1] ?? "", "base64"));
       assert.ok(length < 3260 || wanted.length > 2900, `${wanted.length} characters`);
-      assert.equal(execFileSync("zbarimg", ["--nodbus", "--quiet", "--raw", file], { encoding: "utf8" }), wanted + "\n");
+      assert.equal(textIn(file), wanted);
+    }
+    // The largest on a screen of one pixel a point, with fingers to enlarge it.
+    for (const size of [{ width: 1280, height: 900 }, { width: 390, height: 844 }]) {
+      await page.setViewportSize(size);
+      await code.click();
+      await page.screenshot({ path: file });
+      assert.equal(textIn(file), await packed(page).inputValue());
+      await page.keyboard.press("Escape");
+      assert.ok((await code.boundingBox())!.width <= 300);
     }
   } finally {
     await rm(folder, { recursive: true });
