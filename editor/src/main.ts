@@ -68,7 +68,11 @@ document.body.append(
       { class: "column" },
       ...settings(),
       othersView(page),
-      element("div", { class: "card" }, element("div", { class: "row bar" }, button(texts.startOver, startOver, { class: "red" }))),
+      element(
+        "div",
+        { class: "card" },
+        element("div", { class: "row bar" }, button(texts.startOver, startOver, { class: "red" })),
+      ),
     ),
   ),
   element("footer", { class: "note" }, texts.about),

@@ -64,6 +64,8 @@ interface LibraryTable {
     backgroundAlpha: number;
     cellAlpha: number;
     textAlpha: number;
+    titleUnitsAtLeast: number;
+    titleUnitsPerSquare: number;
     scaleKey: string;
     alphaKey: string;
     fontSizeKey: string;

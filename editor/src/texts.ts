@@ -11,6 +11,11 @@ function mebibytes(bytes: number): string {
   return (bytes / (1 << 20)).toFixed(bytes < 10 << 20 ? 1 : 0) + " MiB";
 }
 
+/** Exact, for what is a byte too much. Both languages write numbers alike. */
+function counted(number: number): string {
+  return number.toLocaleString("en");
+}
+
 const english = {
   language: "en" as Language,
   comma: ", ",
@@ -25,7 +30,7 @@ const english = {
   gridKeys: "On a keyboard: arrows choose, Enter types, Alt with arrows moves the comment, Delete empties.",
   gridNote:
     "Drawn like the phone's grid, as near as a browser's text allows: letters differ a little, so a long comment may " +
-    "be cut a word sooner or later there. The red dot marks a cut comment; it is sent whole all the same.",
+    "be cut a character or a word sooner or later there. The red dot marks a cut comment; it is sent whole all the same.",
   cell: (number: number) => `Cell ${number}`,
   cellSays: (number: number, text: string, cut: boolean) => `Cell ${number}: ${text}${cut ? ", cut on the grid" : ""}`,
   cellEmpty: (number: number) => `Cell ${number}, empty: sends ${number}`,
@@ -60,12 +65,16 @@ const english = {
   copied: "Copied",
   copyByHand: "The browser does not let the page copy. The text is marked: copy it by hand.",
   copyLink: "Copy link",
-  linkCopied: "Link copied",
-  linkNote: "The link opens this page with the set in it; nothing of it goes to a server.",
+  linkCopied: (length: number) => `Link copied, ${length} characters`,
+  linkNote:
+    "The link opens this page with the set in it; nothing of it goes to a server. A long one may be cut short by what " +
+    "sends it.",
   linkLocal: "This page lies in a file: the link opens only where that file is.",
   code: "QR code",
+  codeLarge: "QR code, as large as the window",
   codeName: (length: number) => `QR code with the text, ${length} characters`,
-  codeNote: (length: number) => `${length} characters, in one code. Read it with the phone's camera and copy what it says.`,
+  codeNote: (length: number) =>
+    `${length} characters, in one code. Tap it to make it large, read it with the phone's camera, and copy what it says.`,
   codeTooLong: (length: number, most: number) =>
     `The text has ${length} characters; one QR code holds ${most}. Use Copy or the link.`,
   phoneShows: "The phone will show",
@@ -118,8 +127,8 @@ const english = {
 
   remarks: {
     empty: "Nothing is set yet: the import would change nothing.",
-    tooLarge: (size: number, most: number) => `Unpacked it has ${mebibytes(size)}; the phone takes ${mebibytes(most)}.`,
-    hidden: (count: number) => (count === 1 ? "1 comment has no cell on the phone's grid." : `${count} comments have no cell on the phone's grid.`),
+    hidden: (count: number) =>
+      `${count === 1 ? "1 comment has" : `${count} comments have`} no cell on the phone's grid.`,
     mostCells: (count: number, most: number) => `${count} comments lie beyond ${most} cells, the most that a phone shows.`,
     unstorable: (keys: string) => `The phone leaves out what has a null in it: ${keys}.`,
     foreign: (keys: string) => `The phone skips keys that do not begin with ${table.prefix}: ${keys}.`,
@@ -145,7 +154,7 @@ const english = {
     short: (at: number) => `It is cut short: the packed bytes end after byte ${at}, before the text does.`,
     large: () => "Unpacked it would be larger than 64 MiB.",
   } as Record<ZlibFaultKind, (at: number) => string>,
-  notUtf8: (at: number) => `Byte ${at} of the text is not UTF-8.`,
+  notText: (at: number, seeming: string) => `Byte ${at} of the text is not ${seeming}.`,
   json: {
     value: "A value is missing or misspelt",
     key: "A key in double quotes is missing",
@@ -163,7 +172,7 @@ const english = {
   } as Record<JsonFaultKind, string>,
   jsonShort: (what: string) => `${what}: the text ends too early.`,
   tooLarge: (size: number, most: number) =>
-    `Unpacked it has ${mebibytes(size)}; the phone takes at most ${mebibytes(most)}.`,
+    `As JSON it has ${counted(size)} bytes; the phone takes at most ${counted(most)}.`,
 };
 
 export type Texts = typeof english;
@@ -180,7 +189,7 @@ const chinese: Texts = {
   gridHint: "点格子输入弹幕；按住并拖动可移到别的格子。",
   gridKeys: "用键盘：方向键选择，回车输入，Alt 加方向键移动弹幕，Delete 清空。",
   gridNote:
-    "按手机上的网格绘制，在浏览器文字所能达到的范围内尽量接近：字形略有不同，长弹幕在手机上可能早一词或晚一词截断。" +
+    "按手机上的网格绘制，在浏览器文字所能达到的范围内尽量接近：字形略有不同，长弹幕在手机上可能早一字一词或晚一字一词截断。" +
     "红点表示标题被截断；发送时仍是全文。",
   cell: (number) => `第 ${number} 格`,
   cellSays: (number, text, cut) => `第 ${number} 格：${text}${cut ? "，标题被截断" : ""}`,
@@ -214,12 +223,13 @@ const chinese: Texts = {
   copied: "已拷贝",
   copyByHand: "浏览器不允许网页拷贝。文字已选中，请手动拷贝。",
   copyLink: "拷贝链接",
-  linkCopied: "已拷贝链接",
-  linkNote: "链接会打开本页并带上这套配置；内容不会发给服务器。",
+  linkCopied: (length) => `已拷贝链接，${length} 个字符`,
+  linkNote: "链接会打开本页并带上这套配置；内容不会发给服务器。太长的链接可能在传送时被截断。",
   linkLocal: "本页是一个文件：链接只能在有这个文件的地方打开。",
   code: "二维码",
+  codeLarge: "二维码，放大到整个窗口",
   codeName: (length) => `二维码，内容为这段文字，${length} 个字符`,
-  codeNote: (length) => `${length} 个字符，一个二维码即可。用手机相机扫描，再拷贝其内容。`,
+  codeNote: (length) => `${length} 个字符，一个二维码即可。点它放大，用手机相机扫描，再拷贝其内容。`,
   codeTooLong: (length, most) => `文字有 ${length} 个字符，一个二维码最多 ${most} 个。请用“拷贝”或链接。`,
   phoneShows: "手机将提示",
   phoneWouldShow: "手机会提示",
@@ -270,7 +280,6 @@ const chinese: Texts = {
 
   remarks: {
     empty: "还没有任何内容：导入后不会有变化。",
-    tooLarge: (size, most) => `解压后有 ${mebibytes(size)}，手机最多接受 ${mebibytes(most)}。`,
     hidden: (count) => `有 ${count} 条弹幕在手机的网格里没有格子。`,
     mostCells: (count, most) => `有 ${count} 条弹幕超出 ${most} 格，手机最多显示这么多。`,
     unstorable: (keys) => `含有 null 的值，手机会略去：${keys}。`,
@@ -295,7 +304,7 @@ const chinese: Texts = {
     short: (at) => `文字不完整：压缩数据在第 ${at} 个字节后中断。`,
     large: () => "解压后超过 64 MiB。",
   },
-  notUtf8: (at) => `文字的第 ${at} 个字节不是 UTF-8。`,
+  notText: (at, seeming) => `文字的第 ${at} 个字节不是 ${seeming}。`,
   json: {
     value: "缺少值，或值写错",
     key: "缺少用双引号括起的键",
@@ -312,7 +321,7 @@ const chinese: Texts = {
     object: "不是花括号 { } 括起的对象",
   },
   jsonShort: (what) => `${what}：文字过早结束。`,
-  tooLarge: (size, most) => `解压后有 ${mebibytes(size)}，手机最多接受 ${mebibytes(most)}。`,
+  tooLarge: (size, most) => `JSON 共 ${counted(size)} 字节，手机最多接受 ${counted(most)}。`,
 };
 
 /** The texts for what the browser prefers. */

@@ -21,6 +21,7 @@ template <class View, objc::FixedString Name, class R, class... A> struct HostMe
     }
 };
 
+/// The method's selector.
 template <class View, objc::FixedString Name, class Signature>
 objc::SEL SelectorOf(HostMethod<View, Name, Signature> /*method*/) {
     return objc::Selector<Name>();

@@ -29,11 +29,8 @@ void AddMarker(ui::View cell) {
 /// How many UTF-16 units of a text are looked at for a title in a box. Units that take no room have no other end: marks
 /// on one letter, joiners. Laying out a hundred thousand of them, which nobody can tell apart, would hold the app up.
 unsigned long MostUnits(cg::Size box, double pointSize) {
-    constexpr unsigned long kAtLeast = 256;
-    // For each square of the font's size, where scripts write up to ten units and emoji of many parts a dozen.
-    constexpr double kUnitsPerSquare = 64;
     const double squares = std::max(box.width, 0.0) * std::max(box.height, 0.0) / (pointSize * pointSize);
-    return kAtLeast + static_cast<unsigned long>(squares * kUnitsPerSquare);
+    return kTitleUnitsAtLeast + static_cast<unsigned long>(squares * kTitleUnitsPerSquare);
 }
 
 /// Fits a text into a box of points: wrapped to its width, no higher than it.

@@ -19,4 +19,9 @@ inline constexpr double kCellBackgroundAlpha = 0.6;
 inline constexpr double kCellTextAlpha = 1.0;
 inline constexpr double kMatrixTitleAlpha = 0.6;
 
+/// How many UTF-16 units of a text are looked at for a cell's title: so many in any case, and so many for each square
+/// of the font's size in the title's box. Scripts write up to ten units in one, emoji of many parts a dozen.
+inline constexpr unsigned long kTitleUnitsAtLeast = 256;
+inline constexpr double kTitleUnitsPerSquare = 64;
+
 } // namespace corvel

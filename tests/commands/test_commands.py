@@ -41,7 +41,7 @@ class CommandsTest(unittest.TestCase):
         self.expect_refusal("./corvel", "test", "--frob", says="test takes no '--frob'")
         self.expect_refusal("./corvel", "test", "unit/color", "unit/label", says="test takes one filter")
         self.expect_refusal("./corvel", "gallery", "a", "b", says="gallery takes one folder")
-        for word in ("package", "pages", "coverage"):
+        for word in ("package", "pages", "coverage", "editor"):
             self.expect_refusal("./corvel", word, "frob", says=f"{word} takes no 'frob'")
 
     def test_corvel_inspect(self):
@@ -92,7 +92,7 @@ class CommandsTest(unittest.TestCase):
             self.expect_refusal(PLAY, "simulator", "--", scenario.name, says=reason)
 
     def test_setup(self):
-        presets = "name a preset: release debug sanitize coverage lint phone device inspect editor"
+        presets = "name a preset: release debug sanitize coverage lint phone device inspect editor bench"
         for words, reason in (([], presets), (["frob"], "no preset named frob")):
             run = subprocess.run(["tools/setup", *words], cwd=ROOT, capture_output=True, text=True)
             self.assertEqual((run.returncode, run.stderr), (2, f"setup: {reason}\n"))

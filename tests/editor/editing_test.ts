@@ -39,7 +39,12 @@ test("lines are cells, and a larger grid is at hand for those beyond", async () 
   await assertCells(page, 36);
   assert.match((await cell(page, 30).getAttribute("aria-label")) ?? "", /^Cell 30: comment 29/);
   assert.match((await cell(page, 31).getAttribute("aria-label")) ?? "", /empty: sends 31/);
-  await page.getByText("Custom").click();
+  await lines(page).fill(wanted.concat(wanted).join("\n"));
+  await page.getByRole("button", { name: "Use 64 cells" }).click();
+  await assertCells(page, 64);
+  await lines(page).fill(Array.from({ length: 145 }, () => "x").join("\n"));
+  assert.ok(await page.getByRole("button", { name: /^Use / }).isHidden());
+  await page.getByText("1 comment lies beyond the 64 cells").waitFor({ state: "hidden" });
   await page.getByLabel("Columns").selectOption("12");
   await page.getByLabel("Rows").selectOption("12");
   await assertCells(page, 144);

@@ -1,22 +1,33 @@
 // Strings, files, pictures and links are taken in; what the phone would refuse is told, with the place.
 
 import assert from "node:assert/strict";
+import { execFileSync } from "node:child_process";
 import { once } from "node:events";
 import { createServer } from "node:http";
-import { readFile } from "node:fs/promises";
+import { mkdtemp, readFile, rm, writeFile } from "node:fs/promises";
+import { tmpdir } from "node:os";
+import path from "node:path";
 import { test } from "node:test";
 import { deflateSync } from "node:zlib";
 import { packText, unpackText } from "./packing";
 import { play } from "./simulated";
-import { comments, consider, drop, given, lines, open, packed, part, paths, take, taking, undo } from "./support";
+import { cell, comments, consider, drop, given, lines, mostBytes, open, packed, part, paths } from "./support";
+import { take, taking, undo } from "./support";
 
+/** A configuration whose JSON text has so many bytes. */
+function sized(bytes: number): string {
+  const frame = '{"Corvel.slots.0":""}';
+  return frame.replace('""', `"${"x".repeat(bytes - frame.length)}"`);
+}
+
+const tooLarge = new RegExp(`it has [0-9,]+ bytes; the phone takes at most ${mostBytes.toLocaleString("en")}\\.`);
 const sample = '{"Corvel.slots.0":"弹幕😀\\n\\/","Corvel.slots.1":"two"}';
 const good = packText(sample);
 const shown = { imported: "导入成功", unreadable: "格式无效", empty: "剪贴板为空" };
 
 /** A text, and what the page must say of it where the phone refuses it. */
 const refused: Record<string, [string, RegExp]> = {
-  "a blank behind the magic": ["DM1: " + good.slice(4), /blank or a line break.*character 5\b.*can be read all the same/],
+  "a blank behind the magic": ["DM1: " + good.slice(4), /blank or a line break.*character 5\b.*can be read all the/],
   "a line break": [good.slice(0, 20) + "\n" + good.slice(20), /line break.*character 21\b.*2 comments/],
   "words around": ["看这个 " + good + " 很好用", /from DM1: on/],
   "another letter": ["DM1:弹" + good.slice(5), /“弹”, character 5/],
@@ -34,8 +45,9 @@ const refused: Record<string, [string, RegExp]> = {
   "a number too large": ['{"a":1e400}', /too large.*character 6/],
   "a list": ['[{"a":1}]', /no object/],
   "too deep": ['{"a":' + "[".repeat(513) + "]".repeat(513) + "}", /512 levels/],
-  "too large": [JSON.stringify({ "Corvel.slots.0": "x".repeat(2 << 20) }), /2\.0 MiB/],
-  "too large when unpacked": [packText(JSON.stringify({ "Corvel.slots.0": "x".repeat(3 << 20) })), /3\.0 MiB; the phone/],
+  "a byte too large": [sized(mostBytes + 1), tooLarge],
+  "a byte too large when unpacked": [packText(sized(mostBytes + 1)), tooLarge],
+  "too large in UTF-16 only": [packText(Buffer.from(sized(mostBytes / 2 + 1), "utf16le")), tooLarge],
   "a bomb": [packText(Buffer.alloc(80 << 20, 0x20)), /larger than 64 MiB/],
 };
 const taken: Record<string, string> = {
@@ -45,6 +57,8 @@ const taken: Record<string, string> = {
   "bytes behind the end": good.replace(/=*$/, "") + "AAAA".slice((good.replace(/=*$/, "").length - 4) % 4),
   "packed with a mark of order": packText(Buffer.from("\ufeff" + sample)),
   "packed in UTF-16": packText(Buffer.from(sample, "utf16le")),
+  "just not too large": sized(mostBytes),
+  "just not too large when unpacked": packText(sized(mostBytes)),
   "two equal keys": '{"Corvel.slots.0":"first","Corvel.slots.0":"last"}',
   "nothing of ours": '{"Other":1}',
 };
@@ -102,15 +116,34 @@ test("comments are taken in as lines, and undo brings back what was there", asyn
 test("files are read, in an old encoding too, and what is none is said", async () => {
   const page = await open();
   const problem = part(page, "From the phone").getByRole("alert");
-  const gb18030 = Buffer.from([0xd6, 0xf7, 0xb2, 0xa5, 0xba, 0xc3, 0x0a, 0x36]);
-  await drop(page, { name: "a.txt", type: "text/plain", bytes: gb18030 });
-  await page.getByRole("button", { name: "Use as 2 comments" }).click();
-  assert.deepEqual(await comments(page), ["主播好", "6"]);
+  const units = Buffer.from("主播好😀\n6", "utf16le");
+  const marked = Buffer.from("\ufeff主播好😀\n6", "utf16le");
+  const points = Buffer.alloc(7 * 4);
+  [..."\ufeff主播好😀\n6"].forEach((each, index) => points.writeUInt32BE(each.codePointAt(0)!, 4 * index));
+  for (const [name, bytes] of Object.entries({
+    GB18030: Buffer.from([0xd6, 0xf7, 0xb2, 0xa5, 0xba, 0xc3, 0x94, 0x39, 0xfc, 0x36, 0x0d, 0x0a, 0x36]),
+    "UTF-8 with a mark": Buffer.from("\ufeff主播好😀\n6\n"),
+    "UTF-16": units,
+    "UTF-16 with a mark": marked,
+    "UTF-16, the large byte first": Buffer.from(units).swap16(),
+    "UTF-16, the large byte first, with a mark": Buffer.from(marked).swap16(),
+    "UTF-32, the large byte first": points,
+    "UTF-32": Buffer.from(points).swap32(),
+  })) {
+    await drop(page, { name: "a.txt", type: "text/plain", bytes });
+    await page.getByRole("button", { name: "Use as 2 comments" }).click();
+    assert.deepEqual(await comments(page), ["主播好😀", "6"], name);
+    await undo(page).click();
+  }
   await drop(page, { name: "b.txt", type: "", bytes: Buffer.from(good) });
   await page.getByRole("button", { name: "Take in" }).click();
   assert.deepEqual(await comments(page), ["弹幕😀↵/", "two"]);
   await drop(page, { name: "c.bin", type: "", bytes: Buffer.from([0x61, 0x62, 0xff, 0x00, 0xff]) });
   await page.getByText("c.bin could not be read. Byte 3 of the text is not UTF-8.").waitFor();
+  await drop(page, { name: "half.txt", type: "", bytes: Buffer.from([0xff, 0xfe, 0x61, 0, 0, 0xd8, 0x61, 0]) });
+  await page.getByText("half.txt could not be read. Byte 5 of the text is not UTF-16.").waitFor();
+  await drop(page, { name: "cut.txt", type: "", bytes: points.subarray(0, 10) });
+  await page.getByText("cut.txt could not be read. Byte 9 of the text is not UTF-32.").waitFor();
   await drop(page, { name: "d.png", type: "image/png", bytes: Buffer.from("no picture") });
   await page.getByText("d.png is no picture").waitFor();
   // A file too long for the field is read all the same.
@@ -129,15 +162,20 @@ test("bytes of any kind are answered, and 64 MiB of text too", async () => {
   for (const [text, notes] of [
     ["CV1:" + noise.toString("base64"), /not packed|damaged/],
     ["[".repeat(4 << 20), /512 levels/],
-    [packText(`{"Corvel.slots.0":"${"x".repeat(63 << 20)}"}`), /63 MiB; the phone takes at most 2\.0 MiB/],
+    [packText(`{"Corvel.slots.0":"${"x".repeat(63 << 20)}"}`), tooLarge],
     [packText(`{"Corvel.slots.0":"${"x".repeat(63 << 20)}`), /not closed.*character 19/],
   ] as const) {
     const said = await consider(page, text);
     assert.equal(said.toast, shown.unreadable);
     assert.match(said.notes, notes);
   }
+  // Nor does the grid measure all of a comment that takes no room, or show all of a key.
+  await take(page, packText(JSON.stringify({ "Corvel.slots.0": "\u200b".repeat(20 << 20) })));
+  assert.ok(await cell(page, 1).locator(".marker").isVisible());
+  await take(page, packText(JSON.stringify({ ["k".repeat(60 << 20)]: 1 })));
+  await part(page, "To the phone").getByText(/skips keys that .* k{80}…\.$/).waitFor();
   // A set that no phone takes can be opened here, and made smaller.
-  await take(page, packText(JSON.stringify({ "Corvel.slots.0": "x".repeat(3 << 20), "Corvel.slots.1": "y" })));
+  await take(page, packText(JSON.stringify({ "Corvel.slots.0": "x".repeat(mostBytes), "Corvel.slots.1": "y" })));
   await part(page, "To the phone").getByText("格式无效").waitFor();
   await page.getByRole("button", { name: "Empty", exact: true }).click();
   await part(page, "To the phone").getByText("导入成功").waitFor();
@@ -165,6 +203,41 @@ test("the picture of a code brings the set back", async () => {
   await without.getByText("In empty.png no QR code was found.").waitFor();
 });
 
+/** What a program of Debian's reads in a picture. */
+function textIn(file: string): string {
+  return execFileSync("zbarimg", ["--nodbus", "--quiet", "--raw", file], { encoding: "utf8" }).replace(/\n$/, "");
+}
+
+test("a code of any size says the same to another reader", async () => {
+  const page = await open();
+  const code = part(page, "To the phone").getByRole("img");
+  const folder = await mkdtemp(path.join(tmpdir(), "corvel-code-"));
+  try {
+    const file = path.join(folder, "code.png");
+    for (const length of [0, 300, 1500, 2400, 3260]) {
+      // Letters that cannot be packed, so that the last is near the largest code.
+      const letters = Array.from({ length }, (_, index) => Math.sin(index + 1).toString(36).slice(-2, -1));
+      await lines(page).fill(letters.join(""));
+      const wanted = await given(page);
+      const source = (await code.getAttribute("src")) ?? "";
+      await writeFile(file, Buffer.from(source.split(",")[1] ?? "", "base64"));
+      assert.ok(length < 3260 || wanted.length > 2900, `${wanted.length} characters`);
+      assert.equal(textIn(file), wanted);
+    }
+    // The largest on a screen of one pixel a point, with fingers to enlarge it.
+    for (const size of [{ width: 1280, height: 900 }, { width: 390, height: 844 }]) {
+      await page.setViewportSize(size);
+      await code.click();
+      await page.screenshot({ path: file });
+      assert.equal(textIn(file), await packed(page).inputValue());
+      await page.keyboard.press("Escape");
+      assert.ok((await code.boundingBox())!.width <= 300);
+    }
+  } finally {
+    await rm(folder, { recursive: true });
+  }
+});
+
 test("what is too long for a code is said, with both lengths", async () => {
   const page = await open();
   await lines(page).fill(Array.from({ length: 400 }, (_, index) => Math.sin(index + 1).toString(36)).join("\n"));
@@ -172,6 +245,27 @@ test("what is too long for a code is said, with both lengths", async () => {
   assert.ok(length > 2953);
   await part(page, "To the phone").getByText(`${length} characters; one QR code holds 2953`).waitFor();
   assert.ok(await part(page, "To the phone").getByRole("img").isHidden());
+});
+
+test("where a page may not use the clipboard, it copies all the same, or says how", async () => {
+  const first = (): void => {
+    Object.defineProperty(navigator, "clipboard", { value: undefined });
+  };
+  const page = await open({ first });
+  await lines(page).fill("一条");
+  await part(page, "To the phone").getByRole("button", { name: "Copy", exact: true }).click();
+  await page.getByText("Copied", { exact: true }).waitFor();
+  await page.getByRole("button", { name: "Paste" }).click();
+  await page.getByText("The browser does not let the page paste").waitFor();
+  await page.keyboard.press("Control+v");
+  const pasted = await taking(page).inputValue();
+  assert.deepEqual(JSON.parse(unpackText(pasted)), { "Corvel.slots.0": "一条" });
+  await page.evaluate(() => {
+    document.execCommand = () => false;
+  });
+  await part(page, "To the phone").getByRole("button", { name: "Copy", exact: true }).click();
+  await page.getByText("The text is marked: copy it by hand.").waitFor();
+  assert.equal(await page.evaluate(() => getSelection()?.toString()), pasted);
 });
 
 test("a link carries the set to a page on a web server", async () => {

@@ -3,8 +3,38 @@
 import assert from "node:assert/strict";
 import path from "node:path";
 import { test } from "node:test";
+import { Page } from "playwright-core";
 import { play } from "./simulated";
-import { cell, open, paths, phone, take } from "./support";
+import { cell, consider, open, paths, phone, take } from "./support";
+
+/** Something of everything that the page can show. */
+const filled = JSON.stringify({
+  ...Object.fromEntries(
+    Array.from({ length: 60 }, (_, index) => [
+      `Corvel.slots.${index}`,
+      ["主播晚上好！", "666", "这首歌太好听了，再来一首吧，我们都爱听", "Hello from the other side", "😀🎉❤️\n👍🏽"][index % 5],
+    ]),
+  ),
+  "Corvel.config.gridPresetIndex": 7,
+  "Corvel.config.fontSize": 9,
+  "Corvel.config.matrixScale": 1.25,
+  "Corvel.config.floatButtonAlpha": 0,
+  "Corvel.config.buttonBgColor": "#B03060",
+  "Corvel.config.showCaptureButton": true,
+  "Corvel.later": { a: null },
+  "somebody.else": "s".repeat(3000),
+});
+
+async function assertUsable(page: Page): Promise<void> {
+  assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= window.innerWidth));
+  const nameless = await page.evaluate(() =>
+    Array.from(document.querySelectorAll<HTMLElement>("button, input:not([type=file]), textarea, select"))
+      .filter((each) => !each.closest("[hidden]") && !each.ariaLabel && !each.textContent)
+      .filter((each) => !(each as HTMLInputElement).labels?.length)
+      .map((each) => each.outerHTML),
+  );
+  assert.deepEqual(nameless, []);
+}
 
 for (const locale of ["en-US", "zh-CN"]) {
   for (const [name, size] of [["phone", phone], ["desk", {}]] as const) {
@@ -12,15 +42,20 @@ for (const locale of ["en-US", "zh-CN"]) {
       test(`${name}, ${colorScheme}, ${locale}`, async () => {
         const page = await open({ ...size, colorScheme, locale });
         assert.equal(await page.title(), locale === "zh-CN" ? "Corvel 弹幕网格" : "Corvel Comment grid");
-        assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= window.innerWidth));
-        const nameless = await page.evaluate(() =>
-          Array.from(document.querySelectorAll<HTMLElement>("button, input:not([type=file]), textarea, select"))
-            .filter((each) => !each.ariaLabel && !each.textContent && !(each as HTMLInputElement).labels?.length)
-            .map((each) => each.outerHTML),
-        );
-        assert.deepEqual(nameless, []);
-        const picture = `pictures/${name}-${colorScheme}-${locale}.png`;
-        await page.screenshot({ path: path.join(path.dirname(paths.page), picture), fullPage: true });
+        const picture = async (state: string): Promise<void> => {
+          await assertUsable(page);
+          const file = `pictures/${name}-${colorScheme}-${locale}${state}.png`;
+          // A screen of the page's height: a picture beyond the screen is one without fingers to this browser.
+          const height = await page.evaluate(() => document.documentElement.scrollHeight);
+          await page.setViewportSize({ ...page.viewportSize()!, height });
+          await page.screenshot({ path: path.join(path.dirname(paths.page), file) });
+        };
+        await picture("");
+        await consider(page, filled);
+        await page.locator("button.filled").last().click();
+        await page.locator("details").evaluate((each: HTMLDetailsElement) => (each.open = true));
+        await consider(page, '{"Corvel.slots.0":"弹幕"');
+        await picture("-filled");
       });
     }
   }

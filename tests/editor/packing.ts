@@ -42,7 +42,9 @@ export function randomText(chance: Chance, length: number): string {
   return Array.from({ length }, () => chance.of(letters)).join("");
 }
 
-/** A configuration as the phone may hold it, with up to 144 comments. */
+const presets: [number, number][] = [[2, 2], [4, 3], [4, 4], [5, 4], [5, 5], [6, 6], [6, 7], [6, 8]];
+
+/** A configuration as the phone may hold it, with up to 144 comments, whose grid begins on the screen. */
 export function randomConfiguration(chance: Chance): Record<string, unknown> {
   const found: Record<string, unknown> = {};
   const slots = chance.of([0, 1, 4, 48, 144, 144]);
@@ -52,11 +54,21 @@ export function randomConfiguration(chance: Chance): Record<string, unknown> {
   for (const name of ["showCaptureButton", "autoCaptureAfterSend", "floatAutoSnap"]) {
     found[`Corvel.config.${name}`] = chance.below(2) === 1;
   }
-  for (const name of ["matrixScale", "matrixAlpha", "fontSize", "floatButtonAlpha"]) {
+  for (const name of ["matrixAlpha", "fontSize", "floatButtonAlpha"]) {
     found[`Corvel.config.${name}`] = (1 + chance.below(39)) / 16;
   }
+  found["Corvel.config.matrixScale"] = chance.of([0.5, 0.75, 1]);
   found["Corvel.config.gridPresetIndex"] = chance.below(12) - 2;
+  found["Corvel.config.gridCustomCols"] = 1 + chance.below(12);
+  found["Corvel.config.gridCustomRows"] = 1 + chance.below(12);
+  found["Corvel.debug.logEnabled"] = false; // the phone stores that anyhow
   found["Corvel.position.floatButton.x"] = 12.25;
   found["Corvel.later.key"] = chance.of<unknown>([[1, { a: "b" }], { "": [] }, "x", 9007199254740993]);
   return found;
+}
+
+/** How many of its cells a finger reaches for certain: those of its first row. */
+export function tappableCells(configuration: Record<string, unknown>): number {
+  const [columns] = presets[Number(configuration["Corvel.config.gridPresetIndex"])] ?? [];
+  return columns ?? Number(configuration["Corvel.config.gridCustomCols"]);
 }

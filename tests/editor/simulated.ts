@@ -34,3 +34,21 @@ export async function play(
     await rm(folder, { recursive: true, force: true });
   }
 }
+
+/** A text as a script writes it. */
+export function quoted(text: string): string {
+  const escaped = text.replace(/[\\"]|[^ -~\u00a1-\u1fff\u2e80-\ud7ff]/g, (unit) =>
+    /[\\"]/.test(unit) ? "\\" + unit : "\\u" + unit.charCodeAt(0).toString(16).padStart(4, "0"),
+  );
+  return `"${escaped}"`;
+}
+
+/** The text that a script or a query has written. */
+export function unquoted(text: string): string {
+  const named: Record<string, string> = { n: "\n", t: "\t", "0": "\0" };
+  return text
+    .slice(1, -1)
+    .replace(/\\(?:u([0-9A-Fa-f]{4})|(.))/g, (_, unit?: string, sign = "") =>
+      unit ? String.fromCharCode(parseInt(unit, 16)) : (named[sign] ?? sign),
+    );
+}

@@ -2,6 +2,7 @@
 //
 // usage of each test: node TEST.cjs PAGE SIMULATOR LIBRARY; CORVEL_SEED asks for other random values.
 
+import { readFileSync } from "node:fs";
 import { after, before } from "node:test";
 import path from "node:path";
 import { pathToFileURL } from "node:url";
@@ -11,6 +12,12 @@ const [pagePath = "", simulatorPath = "", libraryPath = ""] = process.argv.slice
 
 export const paths = { page: pagePath, simulator: simulatorPath, library: libraryPath };
 export const address = pathToFileURL(pagePath).href;
+/** What the page was told of the library. */
+const tablePath = path.join(path.dirname(pagePath), "table.json");
+const table = JSON.parse(readFileSync(tablePath, "utf8")) as { largestText: number };
+
+/** The phone takes texts of at most that many bytes. */
+export const mostBytes = table.largestText;
 export const seed = process.env["CORVEL_SEED"] ?? "1";
 
 /** Takes out what came to Safari after 15.0, so that a use of it fails here as there. */
@@ -103,11 +110,14 @@ export async function given(page: Page): Promise<string> {
   return page.evaluate(() => navigator.clipboard.readText());
 }
 
-/** Puts a text into the field for texts from the phone and waits for what the page says to it. */
+/** Pastes a text, whatever has the focus being no field; what the page says to it. */
 export async function consider(page: Page, text: string): Promise<{ toast: string; notes: string }> {
-  await taking(page).fill(text);
-  const said = part(page, "From the phone").locator(".remarks");
-  await page.waitForTimeout(200);
+  await page.evaluate((pasted) => {
+    const clipboardData = new DataTransfer();
+    clipboardData.setData("text/plain", pasted);
+    document.body.dispatchEvent(new ClipboardEvent("paste", { clipboardData, bubbles: true, cancelable: true }));
+  }, text);
+  const said = page.locator(".remarks").last();
   return {
     toast: await said.locator(".toast").innerText(),
     notes: (await said.locator("li").allInnerTexts()).join(" "),

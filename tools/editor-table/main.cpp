@@ -144,6 +144,8 @@ Json Look() {
         {"backgroundAlpha", kMatrixBackgroundAlpha},
         {"cellAlpha", kCellBackgroundAlpha},
         {"textAlpha", kCellTextAlpha},
+        {"titleUnitsAtLeast", kTitleUnitsAtLeast},
+        {"titleUnitsPerSquare", kTitleUnitsPerSquare},
         {"scaleKey", Text(kMatrixScale.key())},
         {"alphaKey", Text(kMatrixAlpha.key())},
         {"fontSizeKey", Text(kFontSize.key())},

@@ -2,6 +2,13 @@
 
 import { readMembers } from "./json_text";
 
+const mostShown = 80;
+
+/** A key as it is shown: one may be of any length. */
+export function shownKey(key: string): string {
+  return key.length > mostShown ? key.slice(0, mostShown) + "…" : key;
+}
+
 export class Configuration {
   static readonly empty = new Configuration(new Map());
 

@@ -42,10 +42,26 @@ export function usableFloat(configuration: Configuration, key: string): number {
   return Math.min(Math.max(readFloat(configuration, key, Number(preference?.default)), least), most);
 }
 
-/** The smallest preset with at least so many cells. */
-export function presetFor(cells: number): number | undefined {
-  const index = numbers.presets.findIndex(([columns, rows]) => columns * rows >= cells);
-  return index >= 0 ? index : undefined;
+/** A size with at least so many cells, the smallest preset if one is large enough; undefined when none is. */
+export function sizeFor(cells: number): GridSize | undefined {
+  const preset = numbers.presets.find(([columns, rows]) => columns * rows >= cells);
+  if (preset) {
+    return { columns: preset[0], rows: preset[1] };
+  }
+  const columns = Math.ceil(Math.sqrt(cells));
+  const rows = Math.ceil(cells / columns);
+  return columns <= numbers.mostColumns && rows <= numbers.mostRows ? { columns, rows } : undefined;
+}
+
+/** The same with a grid of that size: a preset where it is one. */
+export function withSize(configuration: Configuration, { columns, rows }: GridSize): Configuration {
+  const preset = numbers.presets.findIndex((each) => each[0] === columns && each[1] === rows);
+  const custom: [string, string][] = [
+    [numbers.columnsKey, String(columns)],
+    [numbers.rowsKey, String(rows)],
+  ];
+  const index = preset >= 0 ? preset : numbers.presets.length;
+  return configuration.with([[numbers.presetKey, String(index)], ...(preset >= 0 ? [] : custom)]);
 }
 
 /** The lengths of a grid at a scale. */

@@ -13,9 +13,11 @@ function allTexts(configuration: Configuration): string[] {
   return Array.from({ length: usedSlots(configuration) }, (_, index) => slotText(configuration, index));
 }
 
-/** All comments up to the last, one a line. */
-export function linesOf(configuration: Configuration): string {
-  return allTexts(configuration).map(lineOf).join("\n");
+/** All comments up to the last, one a line; undefined when they have more characters than that. */
+export function linesOf(configuration: Configuration, most: number): string | undefined {
+  const texts = allTexts(configuration);
+  const length = texts.reduce((sum, each) => sum + each.length + 1, 0);
+  return length > most ? undefined : texts.map(lineOf).join("\n");
 }
 
 /** The same with these lines as comments. A line that stands there already, here or elsewhere, keeps its comment. */

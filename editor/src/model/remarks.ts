@@ -2,7 +2,7 @@
 
 import { mostCells, preferenceOf, table } from "../table";
 import { Texts } from "../texts";
-import { Configuration } from "./configuration";
+import { Configuration, shownKey } from "./configuration";
 import { gridSize, usableFloat } from "./grid";
 import { slotOf, usedSlots } from "./slots";
 import { isScalar, isStorable, readBool, readFloat, readString } from "./stored_values";
@@ -10,7 +10,8 @@ import { isScalar, isStorable, readBool, readFloat, readString } from "./stored_
 const shownKeys = 5;
 
 function listed(keys: string[], texts: Texts): string {
-  return keys.slice(0, shownKeys).join(texts.comma) + (keys.length > shownKeys ? ` … (${keys.length})` : "");
+  const shown = keys.slice(0, shownKeys).map(shownKey).join(texts.comma);
+  return shown + (keys.length > shownKeys ? ` … (${keys.length})` : "");
 }
 
 /** Whether the phone can use what is stored under one of its own keys. */
@@ -93,5 +94,5 @@ export function remarksOn(configuration: Configuration, size: number, texts: Tex
     ...(readBool(configuration, table.logEnabledKey) ? [remarks.logOn] : []),
     ...(log !== "" ? [remarks.log(log.length)] : []),
   ];
-  return size > table.largestText ? { notes, refusal: remarks.tooLarge(size, table.largestText) } : { notes };
+  return size > table.largestText ? { notes, refusal: texts.tooLarge(size, table.largestText) } : { notes };
 }

@@ -1,8 +1,18 @@
 // Texts out of bytes, and what is wrong with bytes that are none.
 
+type Encoding = "utf-8" | "utf-16le" | "utf-16be" | "utf-32le" | "utf-32be";
+
 /** Thrown for bytes that are no text; `at` counts from 0. */
 export class TextFault {
-  constructor(readonly at: number) {}
+  constructor(
+    readonly at: number,
+    private readonly encoding: Encoding,
+  ) {}
+
+  /** What the bytes seemed to be. */
+  get seeming(): string {
+    return this.encoding.slice(0, 6).toUpperCase();
+  }
 }
 
 /** How many bytes of a UTF-8 sequence follow its first, with the smallest second byte and the largest. */
@@ -41,28 +51,74 @@ function faultOf(bytes: Uint8Array): number | undefined {
   return undefined;
 }
 
-/** The text that bytes are in UTF-8, or in UTF-16 where that is what they look like. Throws a TextFault. */
-export function textOfBytes(bytes: Uint8Array): string {
-  const [first, second] = bytes;
-  const isLittle = bytes.length > 1 && (second === 0 || (first === 0xff && second === 0xfe));
-  const isBig = bytes.length > 1 && (first === 0 || (first === 0xfe && second === 0xff));
+function textOfUtf32(bytes: Uint8Array, encoding: Encoding): string {
+  const view = new DataView(bytes.buffer, bytes.byteOffset, bytes.length);
+  let text = "";
+  for (let at = 0; at < bytes.length; at += 4) {
+    const point = at + 4 <= bytes.length ? view.getUint32(at, encoding === "utf-32le") : Infinity;
+    if (point > 0x10ffff || (point & ~0x7ff) === 0xd800) {
+      throw new TextFault(at, encoding);
+    }
+    text += String.fromCodePoint(point);
+  }
+  return text.replace(/^\ufeff/, "");
+}
+
+function decoded(bytes: Uint8Array, encoding: Encoding): string {
+  if (encoding.startsWith("utf-32")) {
+    return textOfUtf32(bytes, encoding);
+  }
   try {
-    return new TextDecoder(isLittle ? "utf-16le" : isBig ? "utf-16be" : "utf-8", { fatal: true }).decode(bytes);
+    return new TextDecoder(encoding, { fatal: true }).decode(bytes);
   } catch {
-    throw new TextFault(isLittle || isBig ? 0 : (faultOf(bytes) ?? bytes.length));
+    if (encoding === "utf-8") {
+      throw new TextFault(faultOf(bytes) ?? bytes.length, encoding);
+    }
+    const marked = new TextDecoder(encoding, { ignoreBOM: true }).decode(bytes);
+    throw new TextFault(2 * marked.indexOf("\ufffd"), encoding);
   }
 }
 
-/** The same for a file, which may also come from an old Chinese editor. */
+/** By the mark of byte order or, the first character being ASCII, by its zero bytes: so the phone tells it. */
+function encodingOf([first = 0xff, second = 0xff, third = 0xff, fourth = 0xff]: Uint8Array): Encoding {
+  if (first === 0 && second === 0) {
+    return "utf-32be";
+  }
+  const isLittle = first === 0xff && second === 0xfe;
+  if ((isLittle || second === 0) && third === 0 && fourth === 0) {
+    return "utf-32le";
+  }
+  if (first === 0 || (first === 0xfe && second === 0xff)) {
+    return "utf-16be";
+  }
+  return isLittle || second === 0 ? "utf-16le" : "utf-8";
+}
+
+/** The text that bytes are, in the encoding that the phone takes them for. Throws a TextFault. */
+export function textOfBytes(bytes: Uint8Array): string {
+  return decoded(bytes, encodingOf(bytes));
+}
+
+/** UTF-16 without a mark: most zero bytes are those of ASCII characters, such as line breaks. */
+function unmarkedUtf16(bytes: Uint8Array): Encoding | undefined {
+  const zeros: [number, number] = [0, 0];
+  bytes.forEach((byte, at) => {
+    zeros[at % 2 === 0 ? 0 : 1] += byte === 0 ? 1 : 0;
+  });
+  if (bytes.length % 2 !== 0 || zeros[0] === zeros[1]) {
+    return undefined;
+  }
+  return zeros[0] < zeros[1] ? "utf-16le" : "utf-16be";
+}
+
+/** The same for a file, which need not begin in ASCII and may come from an old Chinese editor. */
 export function textOfFile(bytes: Uint8Array): string {
   try {
     return textOfBytes(bytes);
   } catch (fault) {
-    if (bytes.includes(0)) {
-      throw fault;
-    }
+    const other = bytes.includes(0) ? unmarkedUtf16(bytes) : "gb18030";
     try {
-      return new TextDecoder("gb18030", { fatal: true }).decode(bytes);
+      return new TextDecoder(other, { fatal: true }).decode(bytes);
     } catch {
       throw fault;
     }

@@ -23,13 +23,13 @@ function isPacked(text: string): boolean {
   return magics.some((magic) => text.startsWith(magic));
 }
 
-/** The JSON text that a string carries. Throws what the steps throw. */
-function jsonOf(text: string): string {
+/** The bytes of JSON that a string carries. Throws what the steps throw. */
+function jsonOf(text: string): Uint8Array {
   if (!isPacked(text)) {
-    return text;
+    return new TextEncoder().encode(text);
   }
   const bytes = bytesOfBase64(text.slice(4));
-  return bytes.length > 0 ? textOfBytes(unpack(bytes)) : "";
+  return bytes.length > 0 ? unpack(bytes) : bytes;
 }
 
 /** Lines and columns count from 1. */
@@ -51,17 +51,13 @@ function explain(fault: unknown, text: string, json: string | undefined, texts: 
     return texts.zlib[fault.kind](fault.at);
   }
   if (fault instanceof TextFault) {
-    return texts.notUtf8(fault.at + 1);
+    return texts.notText(fault.at + 1, fault.seeming);
   }
   if (fault instanceof JsonFault && json !== undefined) {
     const what = texts.json[fault.kind];
     return fault.at >= json.length ? texts.jsonShort(what) : what + texts.comma + placeOf(json, fault.at, texts);
   }
   throw fault;
-}
-
-function bytesIn(text: string): number {
-  return new TextEncoder().encode(text).length;
 }
 
 /** What the phone makes of a text. */
@@ -71,9 +67,10 @@ function readStrictly(text: string, texts: Texts): Reading {
   }
   let json: string | undefined;
   try {
-    json = jsonOf(text);
-    const configuration = Configuration.parse(isPacked(text) ? json : json.replace(/^\ufeff/, ""));
-    const size = bytesIn(json);
+    const bytes = jsonOf(text);
+    const size = bytes.length;
+    json = isPacked(text) ? textOfBytes(bytes) : text.replace(/^\ufeff/, "");
+    const configuration = Configuration.parse(json);
     if (size > table.largestText) {
       return { toast: table.toasts.unreadable, configuration, fault: texts.tooLarge(size, table.largestText) };
     }

@@ -19,12 +19,14 @@ export class CellEditor {
     const { texts } = page;
     const id = freshId();
     this.label = element("label", { for: id });
+    // Spoken only. The attribute for words that stand nowhere is too young.
+    const hint = element("span", { id: freshId(), hidden: true }, texts.cellHint);
     this.field = element("textarea", {
       id,
       rows: "2",
       enterkeyhint: "next",
       autocomplete: "off",
-      "aria-description": texts.cellHint,
+      "aria-describedby": hint.id,
       oninput: () => this.typed(),
     });
     this.field.addEventListener("keydown", (event) => this.pressed(event));
@@ -36,6 +38,7 @@ export class CellEditor {
       { class: "cell-editor" },
       element("div", { class: "bar" }, this.earlier, this.label, this.later),
       this.field,
+      hint,
       this.warning,
       element(
         "div",

@@ -4,9 +4,10 @@ import { remarksOn } from "../model/remarks";
 import { Page } from "../page";
 import { table } from "../table";
 import { encode, linkOf } from "../transfer/encoding";
-import { codeOf, mostInCode, pictureOf } from "../transfer/qr";
+import { mostInCode } from "../transfer/qr";
 import { copy } from "./clipboard";
-import { button, element, freshId, group, show } from "./dom";
+import { codeView } from "./code_view";
+import { button, element, freshId, group } from "./dom";
 import { remarkList } from "./remark_list";
 
 /** How long nothing must have changed before a large set is packed, in ms. */
@@ -17,7 +18,7 @@ export function giveView(page: Page): HTMLElement {
   const { texts } = page;
   const fieldId = freshId();
   const field = element("textarea", { id: fieldId, class: "packed", rows: "3", readonly: true, spellcheck: "false" });
-  const code = element("img", { class: "code" });
+  const code = codeView(texts);
   const codeNote = element("p", { class: "row note" });
   const remarks = remarkList();
   let encoded = "";
@@ -27,11 +28,8 @@ export function giveView(page: Page): HTMLElement {
     const text = page.configuration.toText();
     encoded = encode(page.configuration);
     field.value = encoded;
-    const modules = codeOf(encoded);
-    show(modules !== undefined, code);
-    code.src = modules ? pictureOf(modules, 4) : "";
-    code.alt = texts.codeName(encoded.length);
-    codeNote.textContent = modules ? texts.codeNote(encoded.length) : texts.codeTooLong(encoded.length, mostInCode);
+    const { length } = encoded;
+    codeNote.textContent = code.show(encoded) ? texts.codeNote(length) : texts.codeTooLong(length, mostInCode);
     const { notes, refusal } = remarksOn(page.configuration, new TextEncoder().encode(text).length, texts);
     const toast = refusal === undefined ? table.toasts.imported : table.toasts.unreadable;
     remarks.show(texts.phoneShows, toast, refusal === undefined ? notes : [refusal, ...notes]);
@@ -65,10 +63,13 @@ export function giveView(page: Page): HTMLElement {
         "div",
         { class: "bar row" },
         button(texts.copy, () => void copyOut(packed(), texts.copied), { class: "filled" }),
-        button(texts.copyLink, () => void copyOut(linkOf(location.href, packed()), texts.linkCopied)),
+        button(texts.copyLink, () => {
+          const link = linkOf(location.href, packed());
+          void copyOut(link, texts.linkCopied(link.length));
+        }),
       ),
       remarks.element,
-      element("div", { class: "row code-row" }, code),
+      element("div", { class: "row code-row" }, code.element),
       codeNote,
     ],
     [texts.giveSteps, texts.linkNote, ...(isFile ? [texts.linkLocal] : [])].join(texts.gap),

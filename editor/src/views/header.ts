@@ -24,5 +24,6 @@ export function header(page: Page): HTMLElement {
       }
     }
   });
-  return element("header", {}, element("h1", {}, element("b", {}, "Corvel"), " ", texts.title), element("div", {}, undo, redo));
+  const title = element("h1", {}, element("b", {}, "Corvel"), " ", texts.title);
+  return element("header", {}, title, element("div", {}, undo, redo));
 }

@@ -21,15 +21,12 @@ export function linesView(page: Page): HTMLElement {
   const note = element("p", { class: "note", id }, texts.linesHint);
   field.addEventListener("input", () => page.change(withLines(page.configuration, field.value), "lines"));
   page.listen(() => {
-    const lines = linesOf(page.configuration);
-    const tooLong = lines.length > longestShown;
-    field.disabled = tooLong;
-    note.textContent = tooLong ? texts.linesTooLong : texts.linesHint;
+    const lines = linesOf(page.configuration, longestShown);
+    field.disabled = lines === undefined;
+    note.textContent = lines === undefined ? texts.linesTooLong : texts.linesHint;
     // What differs by empty lines at the end is being typed.
-    if (!tooLong && field.value.replace(/\n+$/, "") !== lines.replace(/\n+$/, "")) {
-      field.value = lines;
-    } else if (tooLong) {
-      field.value = "";
+    if (field.value.replace(/\n+$/, "") !== lines?.replace(/\n+$/, "")) {
+      field.value = lines ?? "";
     }
   });
   const section = group(texts.lines, [field]);

@@ -1,5 +1,6 @@
 // What the set carries besides comments and settings: named, and to be taken out.
 
+import { shownKey } from "../model/configuration";
 import { slotOf } from "../model/slots";
 import { Page } from "../page";
 import { preferenceOf, table } from "../table";
@@ -9,7 +10,8 @@ const mostShown = 100;
 
 function isEditedElsewhere(key: string): boolean {
   const { presetKey, columnsKey, rowsKey } = table.grid;
-  return slotOf(key) !== undefined || preferenceOf(key)?.row !== undefined || [presetKey, columnsKey, rowsKey].includes(key);
+  const isSize = [presetKey, columnsKey, rowsKey].includes(key);
+  return isSize || slotOf(key) !== undefined || preferenceOf(key)?.row !== undefined;
 }
 
 export function othersView(page: Page): HTMLElement {
@@ -20,7 +22,7 @@ export function othersView(page: Page): HTMLElement {
     const meaning = key.startsWith(table.prefix)
       ? (preferenceOf(key)?.text[texts.language] ?? texts.unknownKey)
       : texts.foreignKey;
-    const shown = key.length > 80 ? key.slice(0, 80) + "…" : key;
+    const shown = shownKey(key);
     const remove = (): void => page.change(page.configuration.with([[key, undefined]]));
     return element(
       "li",

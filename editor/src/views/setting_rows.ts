@@ -70,7 +70,8 @@ export function settingRow(page: Page, preference: Preference): HTMLElement {
     title: texts.leave,
     "aria-label": texts.leaveRow(title),
   });
-  const note = texts.language === "en" ? `${preference.row?.zh ?? ""}: ${preference.text.en}` : preference.text.zh;
+  const text = preference.text[texts.language].replace(/ %/g, "\u00a0%");
+  const note = texts.language === "en" ? `${preference.row?.zh ?? ""}: ${text}` : text;
   page.listen(() => {
     update();
     const isSet = page.configuration.has(preference.key);

@@ -1,6 +1,6 @@
 // The number of cells: a preset, or columns and rows of one's own.
 
-import { customSize, gridSize, presetFor, presetOf } from "../model/grid";
+import { customSize, gridSize, presetOf, sizeFor, withSize } from "../model/grid";
 import { commentsFrom } from "../model/remarks";
 import { usedSlots } from "../model/slots";
 import { Page } from "../page";
@@ -39,7 +39,10 @@ export function sizeView(page: Page): HTMLElement {
   const [columnsRow, columns] = numberChoice(page, texts.columns, grid.columnsKey, grid.mostColumns);
   const [rowsRow, rows] = numberChoice(page, texts.rows, grid.rowsKey, grid.mostRows);
   const beyondText = element("span");
-  const enlarge = button("", () => choosePreset(presetFor(usedSlots(page.configuration)) ?? 0));
+  const enlarge = button("", () => {
+    const larger = sizeFor(usedSlots(page.configuration));
+    page.change(larger ? withSize(page.configuration, larger) : page.configuration);
+  });
   const beyond = element("div", { class: "row pair", role: "status" }, beyondText, enlarge);
 
   page.listen(() => {
@@ -54,10 +57,10 @@ export function sizeView(page: Page): HTMLElement {
     const cells = size.columns * size.rows;
     const hidden = commentsFrom(configuration, cells);
     beyondText.textContent = texts.beyond(hidden, cells);
-    const larger = grid.presets[presetFor(usedSlots(configuration)) ?? -1];
+    const larger = sizeFor(usedSlots(configuration));
     show(hidden > 0, beyond);
     show(larger !== undefined, enlarge);
-    enlarge.textContent = larger ? texts.enlarge(larger[0] * larger[1]) : "";
+    enlarge.textContent = larger ? texts.enlarge(larger.columns * larger.rows) : "";
   });
   return group(texts.size, [segments, columnsRow, rowsRow, beyond]);
 }

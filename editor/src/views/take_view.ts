@@ -189,7 +189,7 @@ export class TakeView {
       try {
         this.put(textOfFile(new Uint8Array(await file.arrayBuffer())), texts.fromFile(file.name));
       } catch (fault) {
-        const why = fault instanceof TextFault ? texts.gap + texts.notUtf8(fault.at + 1) : "";
+        const why = fault instanceof TextFault ? texts.gap + texts.notText(fault.at + 1, fault.seeming) : "";
         this.complain(texts.fileUnreadable(file.name) + why);
       }
     }

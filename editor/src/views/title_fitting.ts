@@ -1,7 +1,6 @@
 // How much of a comment a cell shows, as the phone finds it: the longest beginning whose wrapped lines fit.
 
-/** Most cells show fewer characters: a text of any length costs little more to fit than this many. */
-const firstProbe = 256;
+import { table } from "../table";
 
 /** What a user takes for one character; a browser without the division takes code points. */
 const characters: (text: string) => string[] =
@@ -21,6 +20,9 @@ export class TitleFitting {
   private readonly box: HTMLElement;
   private readonly known = new Map<string, Title>();
   private look = "";
+  private height = 0;
+  /** No more of a text is looked at: units that take no room have no other end. */
+  private mostUnits = 0;
 
   constructor(box: HTMLElement) {
     this.box = box;
@@ -33,11 +35,12 @@ export class TitleFitting {
       this.look = look;
       this.known.clear();
       this.height = height;
+      const squares = (Math.max(width, 0) * Math.max(height, 0)) / fontSize ** 2;
+      this.mostUnits = table.look.titleUnitsAtLeast + Math.floor(squares * table.look.titleUnitsPerSquare);
       this.box.style.width = `${Math.max(width, 0)}px`;
       this.box.style.fontSize = `${fontSize}px`;
     }
   }
-  private height = 0;
 
   fit(text: string): Title {
     const before = this.known.get(text);
@@ -56,17 +59,11 @@ export class TitleFitting {
   }
 
   private search(text: string): Title {
-    if (text === "" || (text.length <= firstProbe && this.fits(text))) {
-      return { text, cut: false };
+    const front = text.slice(0, this.mostUnits);
+    if (this.fits(front)) {
+      return { text: front, cut: front !== text };
     }
-    let length = firstProbe;
-    while (length < text.length && this.fits(text.slice(0, length))) {
-      length *= 2;
-    }
-    if (length >= text.length && this.fits(text)) {
-      return { text, cut: false };
-    }
-    const parts = characters(text.slice(0, length));
+    const parts = characters(front);
     let fitting = 0;
     let tooMany = parts.length;
     while (tooMany - fitting > 1) {
