@@ -24,15 +24,15 @@ void SendBareDouyin(ns::String text) {
 }
 
 void SendBareXiaohongshu(ns::String text) {
-    corvel::xiaohongshu::state.decorateView->sendFasterChatMsg(text);
+    objc::Send<"sendFasterChatMsg:", void>(corvel::xiaohongshu::state.decorateView.get(), text);
 }
 
 void SendBareKuaishou(ns::String text) {
-    corvel::kuaishou::state.commentBarService->comment(text);
+    objc::Send<"comment:", void>(corvel::kuaishou::state.commentBarService.get(), text);
 }
 
 void SendBareWeChat(ns::String text) {
-    corvel::wechat::state.commentView->didCommitText(text);
+    objc::Send<"didCommitText:", bool>(corvel::wechat::state.commentView.get(), text);
 }
 
 } // namespace
