@@ -18,7 +18,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 KNOWN = ROOT / "tests" / "known-uncovered.txt"
 LEAST = 95  # percent
-PLAYED = "^(unit|scenario|demo|transfer|pages)/"
+PLAYED = "^(unit|scenario|demo|transfer|pages|inspect)/"
 
 
 def play(build, profiles):
@@ -34,7 +34,9 @@ def counted(build, profiles):
     """By file: how often each of its lines that hold code was run."""
     data = profiles / "all.profdata"
     subprocess.run(["llvm-profdata-19", "merge", "-sparse", "-o", data, *profiles.glob("*.profraw")], check=True)
-    objects = [build / "libCorvel.so", "-object", build / "tests" / "unit-tests", "-object", build / "tests" / "preference-pages"]
+    objects = [build / "libCorvel.so"]
+    for program in ("tests/unit-tests", "tests/preference-pages", "corvel-inspect"):
+        objects += ["-object", build / program]
     command = ["llvm-cov-19", "export", "-format=lcov", f"-instr-profile={data}", *objects, "-sources", ROOT / "src"]
     text = subprocess.run(command, check=True, capture_output=True, text=True).stdout
     files = {}
