@@ -21,6 +21,7 @@ int objc_mutex_lock(objc_mutex *mutex);
 int objc_mutex_unlock(objc_mutex *mutex);
 int objc_getClassList(objc::Class *classes, int room);
 void sarray_free(sarray *table);
+objc::IMP class_getMethodImplementation(objc::Class cls, objc::SEL selector);
 void __objc_update_dispatch_table_for_class(objc::Class cls);
 }
 
@@ -104,13 +105,18 @@ bool Owns(const ClassLayout *cls, const MethodLayout *method) {
     return false;
 }
 
-/// The class, or the metaclass, that the method stands in; nil when no class has it.
-objc::Class OwnerOf(objc::Method method) {
-    const auto *const wanted = reinterpret_cast<const MethodLayout *>(method);
+/// All classes that are registered.
+std::vector<objc::Class> AllClasses() {
     std::vector<objc::Class> classes(static_cast<std::size_t>(objc_getClassList(nullptr, 0)));
     const int count = objc_getClassList(classes.data(), static_cast<int>(classes.size()));
     classes.resize(static_cast<std::size_t>(count));
-    for (const objc::Class cls : classes) {
+    return classes;
+}
+
+/// The class, or the metaclass, that the method stands in; nil when no class has it.
+objc::Class OwnerOf(objc::Method method) {
+    const auto *const wanted = reinterpret_cast<const MethodLayout *>(method);
+    for (const objc::Class cls : AllClasses()) {
         for (const objc::Class holder : {cls, objc::MetaclassOf(cls)}) {
             if (Owns(LayoutOf(holder), wanted)) {
                 return holder;
@@ -129,6 +135,17 @@ objc::IMP SetImplementation(objc::Class owner, objc::Method method, objc::IMP im
         DropTables(LayoutOf(owner));
     }
     return before;
+}
+
+void BuildTables() {
+    for (const objc::Class cls : AllClasses()) {
+        for (const objc::Class holder : {cls, objc::MetaclassOf(cls)}) {
+            const ClassLayout *layout = LayoutOf(holder);
+            if (layout->table == __objc_uninstalled_dtable && (layout->flags & kInitialized) != 0) {
+                class_getMethodImplementation(holder, objc::Selector<"class">());
+            }
+        }
+    }
 }
 
 } // namespace sim

@@ -9,4 +9,8 @@ namespace sim {
 /// searched for it. Gives the implementation that was in force.
 objc::IMP SetImplementation(objc::Class owner, objc::Method method, objc::IMP implementation);
 
+/// Builds the tables that changes have thrown away, of all classes that have been messaged before: for whoever counts
+/// what comes next without them.
+void BuildTables();
+
 } // namespace sim
