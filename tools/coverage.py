@@ -19,6 +19,8 @@ ROOT = Path(__file__).resolve().parent.parent
 KNOWN = ROOT / "tests" / "known-uncovered.txt"
 LEAST = 95  # percent
 PLAYED = "^(unit|scenario|demo|transfer|pages|inspect)/"
+# It requires that the library touches no file, and here the counting itself does.
+LEFT_OUT = "^scenario/startup/nothing-else"
 
 
 def play(build, profiles):
@@ -26,7 +28,8 @@ def play(build, profiles):
     shutil.rmtree(profiles, ignore_errors=True)
     profiles.mkdir()
     environment = dict(os.environ, LLVM_PROFILE_FILE=f"{profiles}/%m%c.profraw")
-    command = ["ctest", "--test-dir", build, "-R", PLAYED, "-j", str(os.cpu_count()), "--output-on-failure", "--quiet"]
+    command = ["ctest", "--test-dir", build, "-R", PLAYED, "-E", LEFT_OUT, "-j", str(os.cpu_count()),
+               "--output-on-failure", "--quiet"]
     return subprocess.run(command, env=environment).returncode == 0
 
 
