@@ -238,6 +238,24 @@ test("a code of any size says the same to another reader", async () => {
   }
 });
 
+test("a code that another program wrote is read", async () => {
+  const page = await open();
+  const digits = "0123456789abcdef".repeat(10);
+  const folder = await mkdtemp(path.join(tmpdir(), "corvel-code-"));
+  try {
+    const file = path.join(folder, "code.png");
+    for (const level of ["L", "Q"]) {
+      const wanted = packText(JSON.stringify({ "Corvel.slots.0": `一条 ${level} ${digits}` }));
+      execFileSync("qrencode", ["--8bit", "--level", level, "--output", file, wanted]);
+      await page.locator("input[type=file]").setInputFiles(file);
+      await page.getByRole("button", { name: "Take in" }).click();
+      assert.deepEqual(await comments(page), [`一条 ${level} ${digits}`]);
+    }
+  } finally {
+    await rm(folder, { recursive: true });
+  }
+});
+
 test("what is too long for a code is said, with both lengths", async () => {
   const page = await open();
   await lines(page).fill(Array.from({ length: 400 }, (_, index) => Math.sin(index + 1).toString(36)).join("\n"));
