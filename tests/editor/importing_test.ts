@@ -150,8 +150,10 @@ test("files are read, in an old encoding too, and what is none is said", async (
   // A file too long for the field is read all the same.
   const many = Array.from({ length: 10_000 }, (_, index) => `comment number ${index} of many`);
   await drop(page, { name: "e.txt", type: "text/plain", bytes: Buffer.from(many.join("\n")) });
+  const use = page.getByRole("button", { name: "Use as 10000 comments" });
+  await use.waitFor();
   assert.ok(await problem.isHidden());
-  await page.getByRole("button", { name: "Use as 10000 comments" }).click();
+  await use.click();
   assert.deepEqual(await comments(page), many);
 });
 
