@@ -124,9 +124,9 @@ export async function consider(page: Page, text: string): Promise<{ toast: strin
   };
 }
 
-/** Takes a string in. */
+/** Takes a string in that was pasted. */
 export async function take(page: Page, text: string): Promise<void> {
-  await taking(page).fill(text);
+  await consider(page, text);
   await page.getByRole("button", { name: "Take in" }).click();
 }
 
