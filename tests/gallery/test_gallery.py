@@ -76,7 +76,7 @@ class GalleryTest(unittest.TestCase):
                     stale.append(f"{name}: {change}")
             if stale:
                 self.fail("\n".join(["stale pictures in docs/images:", *sorted(stale), REMEDY]))
-        self.assertLess(sum(path.stat().st_size for path in IMAGES.iterdir()), LARGEST)
+        self.assertLess(sum(path.stat().st_size for path in IMAGES.rglob("*")), LARGEST)
 
     def test_shown(self):
         shown = set()
@@ -86,7 +86,7 @@ class GalleryTest(unittest.TestCase):
                     self.assertTrue(target.exists(), f"it links to {target}, which is not there")
                     self.assertTrue(not heading or heading in headings(target), f"{target.name} has no #{heading}")
                 shown.add(target.name)
-        unseen = {path.name for path in IMAGES.iterdir()} - shown
+        unseen = {path.name for path in IMAGES.rglob("*") if path.is_file()} - shown
         self.assertFalse(unseen, "no page shows these pictures")
 
     def test_refused(self):
