@@ -3,7 +3,7 @@
 
 usage: measure.py
 
-After `./corvel build device` and `cmake --build --preset phone --target smallest-library`. A line for each figure:
+After `./corvel build device`. A line for each figure:
 row, "work", "floor" or "also", number, apart by tabs.
 
 load-all, load-none: instructions of the emulated processor from the call of the library's first initialiser to the
