@@ -52,7 +52,10 @@ def judged(row, counts):
     limit = row.most if row.most is not None else row.goal * (floor + also)
     met = work <= limit and (not row.allocates_nothing or allocated <= unavoidable)
     ratio = f"{work / floor:.2f}" if floor else "–"
-    words = [row.work, f"{work:,}", f"{floor:,}", ratio, f"{row.goal:g}" if row.most is None else f"{row.most:,g}"]
+    goal = [f"{row.goal:g}"] if row.goal is not None else []
+    if row.most is not None:
+        goal.append(f"at most {row.most:,}")
+    words = [row.work, f"{work:,}", f"{floor:,}", ratio, ", ".join(goal)]
     if row.also:
         words[3] += f" ({work / (floor + also):.2f} with {row.also}: {also:,})"
     if row.allocates_nothing:

@@ -3,8 +3,7 @@
 
 usage: measure.py
 
-After `./corvel build device`. A line for each figure:
-row, "work", "floor" or "also", number, apart by tabs.
+After `./corvel build device`. A line for each figure: row, "work" or "floor", number, apart by tabs.
 
 load-all, load-none: instructions of the emulated processor from the call of the library's first initialiser to the
 return of the last, in a process that has the classes of all apps, and in one that has none; the floor is
@@ -40,12 +39,6 @@ def load(host, library):
     return int(found["instructions"]), int(found["changes"])
 
 
-def code():
-    """Bytes of the library's machine code."""
-    sizes = subprocess.run(["llvm-size-19", "-A", LIBRARY], capture_output=True, text=True, check=True).stdout
-    return int(re.search(r"^__text +(\d+)", sizes, re.M)[1])
-
-
 def main():
     for row, host in HOSTS.items():
         (work, changes), (floor, fewest) = load(host, LIBRARY), load(host, "floor")
@@ -54,7 +47,6 @@ def main():
         print(f"{row}\twork\t{work}\n{row}\tfloor\t{floor}")
     print(f"size\twork\t{LIBRARY.stat().st_size}")
     print(f"size\tfloor\t{(ROOT / 'out/phone/bench/size/smallest.dylib').stat().st_size}")
-    print(f"size\talso\t{code()}")
 
 
 if __name__ == "__main__":

@@ -118,23 +118,10 @@ std::vector<ui::Button> AddBareCells(ui::View container, const MatrixModel &mode
     return cells;
 }
 
-double MeasureBare(ns::String text, const MatrixModel &model) {
-    return Measure(text, model.geometry.TitleBox(), Look(model.scale));
-}
-
 void SetBareCells(const std::vector<ui::Button> &cells, const MatrixModel &model) {
     const Look look(model.scale);
     for (int index = 0; index < model.grid.count(); ++index) {
         SetLook(cells[static_cast<std::size_t>(index)], index, model, look);
-    }
-}
-
-void FitBareCells(const std::vector<ui::Button> &cells, const MatrixModel &model) {
-    const Look look(model.scale);
-    for (int index = 0; index < model.grid.count(); ++index) {
-        const ui::Button cell = cells[static_cast<std::size_t>(index)];
-        SetLook(cell, index, model, look);
-        SetText(cell, cell.viewWithTag(kMarkerTag), index, model, look);
     }
 }
 

@@ -27,14 +27,8 @@ void SetBarePanel(ui::View panel, ui::View content, ui::Label title, const Matri
 /// Makes all cells in the container, with one measurement each.
 std::vector<ui::Button> AddBareCells(ui::View container, const MatrixModel &model);
 
-/// Measures a text as a cell's title.
-double MeasureBare(ns::String text, const MatrixModel &model);
-
 /// Sets again what a layout sets on cells whose texts stay.
 void SetBareCells(const std::vector<ui::Button> &cells, const MatrixModel &model);
-
-/// Measures each cell's text anew and sets whatever a layout sets.
-void FitBareCells(const std::vector<ui::Button> &cells, const MatrixModel &model);
 
 /// Makes the panel with all cells in the overlay window and springs it in.
 objc::Ref<ui::VisualEffectView> OpenBareMatrix(const MatrixModel &model);

@@ -81,14 +81,6 @@ void FirstLayout(const std::string &name, const Size &size) {
         SetPanel(model);
         AddBareCells(Content(), model);
     });
-    CountAlso(
-        name, [] {},
-        [&, keys = SlotKeys(model)] {
-            for (const ns::String key : keys) {
-                // Where the whole text does not fit, one measurement more says at least how little does.
-                MeasureBare(StoredText(key).substringToIndex(1), model);
-            }
-        });
 }
 
 void LayoutAgain(const std::string &name, const Size &size) {
