@@ -13,11 +13,11 @@ constexpr std::size_t kMostSlots = kGridCustomColumns.most() * kGridCustomRows.m
 
 /// The text with a number behind it, in decimal digits. A layout asks for many: the platform's formatting would be most
 /// of what it does.
-template <std::size_t N> ns::String Numbered(const char (&text)[N], int number) {
-    constexpr std::size_t kLongestNumber = 11; // with its sign
+template <std::size_t N> ns::String Numbered(const char (&text)[N], long number) {
+    constexpr std::size_t kLongestNumber = 20; // with its sign
     char units[N + kLongestNumber];
     const bool isNegative = number < 0;
-    unsigned rest = isNegative ? 0U - static_cast<unsigned>(number) : static_cast<unsigned>(number);
+    auto rest = static_cast<unsigned long>(isNegative ? -number : number);
     std::size_t first = std::size(units) - 1;
     units[first] = '\0';
     do {
@@ -51,7 +51,7 @@ ns::String SlotKey(int index) {
 objc::Ref<ns::String> SlotDisplayText(int index) {
     const ns::String text = ReadStringPreference(SlotKey(index), nullptr);
     // The number is a real text: a tap sends it and the editor opens with it.
-    return text ? text : Numbered("", index + 1);
+    return text ? text : Numbered("", index + 1L);
 }
 
 } // namespace corvel
