@@ -13,7 +13,6 @@ namespace bench {
 namespace {
 
 constexpr double kFontSize = 11;
-constexpr long kTitleTag = 999;
 constexpr long kMarkerTag = 8888;
 
 /// What all cells share; made once in a layout.

@@ -1,6 +1,7 @@
 #pragma once
 // The matrix made by bare calls: the views that must stand and what must be set on them, and nothing beside. The floor
-// that the library's own way is measured against.
+// that the library's own way is measured against. The calls stand here once more, for a floor that the library made
+// would move with it.
 
 #include "apple/uikit/button.hpp"
 #include "apple/uikit/effects.hpp"
@@ -9,6 +10,9 @@
 #include <vector>
 
 namespace bench {
+
+/// The panel's title has this tag.
+inline constexpr long kTitleTag = 999;
 
 /// What a grid shows, known beforehand.
 struct MatrixModel {

@@ -54,7 +54,7 @@ std::vector<ui::Button> Cells(int count) {
 }
 
 ui::Label Title() {
-    return objc::As<ui::Label>(Content().viewWithTag(999));
+    return objc::As<ui::Label>(Content().viewWithTag(kTitleTag));
 }
 
 void SetPanel(const MatrixModel &model) {
